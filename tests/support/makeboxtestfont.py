@@ -1,4 +1,4 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 # SPDX-License-Identifier: MIT
 """Builds BoxTest.ttf, the font of squares that the layout tests measure with.
 
