@@ -1,0 +1,265 @@
+// SPDX-License-Identifier: MIT
+// CSingleTextObject: horizontal line text.
+#include "layout/singletextobject.h"
+
+#include "layout/blockmeasures.h"
+#include "layout/singletextrun.h"
+
+#include <QFontMetricsF>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QVector>
+
+namespace {
+
+// State across the blocks of one layout.
+struct RowPass
+{
+    QPointF anchor;
+    int dpi = 72;
+    qreal y = 0;  // running offset of the baseline below the anchor
+    qreal previousDescent = 0;
+    qreal afterSpace = 0;  // a block without the property repeats the last value
+    bool isFirst = true;
+    UnderlineThickness thickness;
+    QPainterPath outlines;
+};
+
+// How far the row stands below the one before it, as its runs ask for it.
+struct RowDistance
+{
+    qreal fixed = 0;
+    bool isAutomatic = false;
+};
+
+TextLine emptyRow(const QTextBlock &block, RowPass &pass, LineExtent &extent)
+{
+    const QTextCharFormat format = block.charFormat();
+    TextLine line;
+    line.fragments.append(emptyBlockFragment(block.position(), format));
+    line.isEmptyBlock = true;
+    line.position = block.position();
+    line.length = block.length();
+    line.font = emptyBlockFont(format, pass.dpi);
+
+    const QFontMetricsF metrics(line.font);
+    const qreal fixed = emptyBlockRowDistance(format, pass.dpi);
+    pass.y += fixed != 0 ? fixed : pass.previousDescent + metrics.ascent();
+    pass.previousDescent = metrics.descent();
+    line.origin = pass.isFirst ? pass.anchor
+                               : QPointF(pass.anchor.x(), pass.y + pass.anchor.y());
+
+    const RunStyle style = readRunStyle(format, pass.dpi);
+    extent.ahead = metrics.ascent() * style.scaleY;
+    extent.behind = metrics.descent() * style.scaleY;
+    if (style.offset >= 0)
+        extent.ahead += style.offset;
+    else
+        extent.behind -= style.offset;
+    if (format.fontUnderline())
+        extent.thickness = pass.thickness.of(format.font());
+    return line;
+}
+
+// First pass: the runs, their text and the tallest font. Afterwards styles runs parallel to the
+// line's fragments.
+TextLine readRow(const QTextBlock &block, int dpi, QVector<RunStyle> &styles,
+                 RowDistance &distance)
+{
+    TextLine line;
+    qreal tallest = 0;
+    for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
+        const TextFragment run = TextFragment::fromQtFragment(it.fragment());
+        const RunStyle style = readRunStyle(run.format, dpi);
+        const qreal height = QFontMetricsF(style.font).height();
+        if (line.fragments.isEmpty() || height > tallest) {
+            tallest = height;
+            line.font = style.font;
+        }
+        if (style.rowSpacing > 0)
+            distance.fixed = qMax(distance.fixed, style.rowSpacing);
+        else
+            distance.isAutomatic = true;
+        line.length += run.text.length();
+        line.text += run.text;
+        line.fragments.append(run);
+        styles.append(style);
+    }
+    line.position = line.fragments.first().position;
+    return line;
+}
+
+// The first block's baseline is the anchor itself; every later row adds its distance.
+void placeRow(TextLine &line, const RowDistance &distance, RowPass &pass)
+{
+    const QFontMetricsF metrics(line.font);
+    if (!pass.isFirst) {
+        const qreal automatic = metrics.ascent() + pass.previousDescent;
+        if (!distance.isAutomatic)
+            pass.y += distance.fixed;
+        else if (distance.fixed == 0)
+            pass.y += automatic;
+        else
+            pass.y += qMax(distance.fixed, automatic);
+    }
+    pass.previousDescent = metrics.descent();
+    line.origin = QPointF(pass.anchor.x(), pass.y + pass.anchor.y());
+}
+
+// Halves the outline about the pen point and raises or lowers it. Returns the movement.
+qreal setSuperOrSubscript(QPainterPath &outline, const QPointF &pen, const RunStyle &style)
+{
+    const QRectF full = outline.boundingRect();
+    outline = scaleAbout(pen, 0.5, 0.5).map(outline);
+    if (outline.isEmpty())
+        return 0;
+    const QRectF half = outline.boundingRect();
+    const qreal movement = style.isSuperscript ? full.top() - half.top()
+                                               : (full.bottom() - 0.5 * half.height()) - half.top();
+    outline.translate(0, movement);
+    return movement;
+}
+
+// Second pass, one run: outline and measures, with the line still starting at the anchor.
+void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line,
+                LineExtent &extent)
+{
+    const QPointF pen(line.origin.x() + extent.pen, line.origin.y());
+    run.font = style.spacedFont();
+    const QFontMetricsF metrics(run.font);
+    qreal ascent = metrics.ascent() * style.scaleY;
+    qreal descent = metrics.descent() * style.scaleY;
+    if (style.offset >= 0)
+        ascent += style.offset;
+    else
+        descent -= style.offset;
+
+    run.scaleX = style.scaleX;
+    run.scaleY = style.scaleY;
+    run.path.addText(pen, run.font, run.text);
+    run.path = scaleAbout(pen, run.scaleX, run.scaleY).map(run.path);
+    qreal movement = 0;
+    if (style.isSuperscript || style.isSubscript) {
+        run.scaleX *= 0.5;
+        run.scaleY *= 0.5;
+        movement = setSuperOrSubscript(run.path, pen, style);
+        if (style.isSubscript)
+            descent += qAbs(movement);
+    }
+    run.path.translate(0, -style.offset);
+
+    run.baseline = line.origin.y() - style.offset + movement;
+    run.advance = metrics.horizontalAdvance(run.text) * run.scaleX;
+    run.start = pen.x();
+    extent.pen += run.advance;
+    extent.ahead = qMax(extent.ahead, ascent);
+    extent.behind = qMax(extent.behind, descent);
+}
+
+void outlineRow(TextLine &line, const QVector<RunStyle> &styles, RowPass &pass,
+                LineExtent &extent)
+{
+    for (int i = 0; i < line.fragments.size(); ++i) {
+        const QTextCharFormat &format = line.fragments.at(i).format;
+        if (format.fontUnderline())
+            extent.thickness = qMax(extent.thickness, pass.thickness.of(format.font()));
+        addLeadingGap(line, i, styles.at(i).gap, extent);
+        outlineRun(line.fragments[i], styles.at(i), line, extent);
+    }
+}
+
+// Aligns the row at the anchor and collects its outlines.
+void shiftRow(TextLine &line, const BlockMeasures &measures, RowPass &pass, qreal pen)
+{
+    qreal shift = measures.left;
+    if (line.alignment == Qt::AlignRight)
+        shift = -pen - measures.right;
+    else if (line.alignment == Qt::AlignHCenter)
+        shift = -pen / 2;
+    shift += measures.indent;
+    for (TextFragment &run : line.fragments) {
+        run.path.translate(shift, 0);
+        run.path.setFillRule(Qt::WindingFill);
+        run.start += shift;
+        line.path.addPath(run.path);
+        pass.outlines.addPath(run.path);
+    }
+}
+
+// The thickness of underlines is inside the box of the row.
+void closeRow(TextLine &line, const LineExtent &extent)
+{
+    const qreal top = line.origin.y() - extent.ahead;
+    const qreal height = extent.ahead + extent.behind + extent.thickness;
+    if (line.isEmptyBlock) {
+        line.rect = QRectF(line.origin.x(), top, 0, height);
+        return;
+    }
+    const TextFragment &last = line.fragments.last();
+    qreal left = line.fragments.first().start;
+    for (int i = 1; i < line.fragments.size() - 1; ++i)
+        left = qMin(left, line.fragments.at(i).start);
+    qreal right = last.start + last.advance;
+    for (const TextFragment &run : qAsConst(line.fragments))
+        right = qMax(right, run.start + run.advance);
+    if (!last.path.isEmpty())
+        right = qMax(right, last.path.boundingRect().right());
+    line.rect = QRectF(left, top, right - left, height);
+}
+
+TextLine layoutRow(const QTextBlock &block, RowPass &pass)
+{
+    const BlockMeasures measures
+        = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
+    pass.y += measures.before + pass.afterSpace;
+
+    LineExtent extent;
+    TextLine line;
+    if (block.begin().atEnd()) {
+        line = emptyRow(block, pass, extent);
+        line.alignment = horizontalLineAlignment(block.blockFormat());
+    } else {
+        QVector<RunStyle> styles;
+        RowDistance distance;
+        line = readRow(block, pass.dpi, styles, distance);
+        line.alignment = horizontalLineAlignment(block.blockFormat());
+        placeRow(line, distance, pass);
+        outlineRow(line, styles, pass, extent);
+        shiftRow(line, measures, pass, extent.pen);
+    }
+    closeRow(line, extent);
+    pass.afterSpace = measures.after.value_or(pass.afterSpace);
+    pass.isFirst = false;
+    return line;
+}
+
+// Ink below the last box counts, ink beside or above the boxes does not.
+QRectF textRect(const TextLayout &layout, const QPainterPath &outlines)
+{
+    if (layout.lines.isEmpty())
+        return outlines.boundingRect();
+    QRectF rect = unitedLineRects(layout.lines);
+    const qreal inkBottom = outlines.boundingRect().bottom();
+    if (!outlines.isEmpty() && inkBottom > rect.bottom())
+        rect.setBottom(inkBottom);
+    return rect;
+}
+
+} // namespace
+
+CSingleTextObject::CSingleTextObject(CWordProcess *object)
+    : CTextObjectBase(object)
+{
+}
+
+void CSingleTextObject::horizontalLayout()
+{
+    RowPass pass;
+    pass.anchor = textOffset();
+    pass.dpi = dpi();
+    TextLayout layout = startLayout();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        layout.lines.append(layoutRow(block, pass));
+    const QRectF rect = textRect(layout, pass.outlines);
+    updateData(layout, rect, rect, pass.outlines);
+}

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+// Layout records: their values, their movement and what is painted of them.
+#include "layout/textlayout.h"
+
+#include "layout/textproperties.h"
+#include "layout/texttools.h"
+
+#include <QFontMetricsF>
+#include <QTextFragment>
+
+namespace {
+
+QRectF horizontalStrikeBar(const TextFragment &run, qreal thickness)
+{
+    const QRectF ink = run.path.boundingRect();
+    // Blanks have no ink to go by.
+    const qreal top = ink.height() == 0
+                          ? run.baseline - QFontMetricsF(run.font).descent()
+                          : ink.top() + (ink.height() + ink.height()) / 3.0;
+    return QRectF(run.start, top, run.advance, thickness);
+}
+
+QRectF verticalStrikeBar(const TextFragment &run, qreal thickness)
+{
+    return QRectF(run.baseline - 0.5 * thickness, run.start, thickness, run.advance);
+}
+
+} // namespace
+
+TextFragment TextFragment::fromQtFragment(const QTextFragment &fragment)
+{
+    TextFragment run;
+    run.position = fragment.position();
+    run.length = fragment.length();
+    run.format = fragment.charFormat();
+    run.text = fragment.text();
+    if (run.format.property(TextProperty::UpperCase).toBool())
+        run.text = run.text.toUpper();
+    return run;
+}
+
+QLineF TextFragment::getBaseline(Qt::Orientation orientation) const
+{
+    if (orientation == Qt::Horizontal)
+        return QLineF(start, baseline, start + advance, baseline);
+    return QLineF(baseline, start, baseline, start + advance);
+}
+
+bool TextFragment::contains(int pos) const
+{
+    return position <= pos && pos <= position + length;
+}
+
+void TextFragment::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
+                             Qt::Orientation orientation) const
+{
+    if (isEmptyBlock)
+        return;
+    const QBrush brush = format.brushProperty(QTextFormat::ForegroundBrush);
+    paths.append(path);
+    brushes.append(brush);
+
+    // Asks the format: the measuring font has its bars cleared.
+    if (!format.font().strikeOut())
+        return;
+    const qreal thickness = CTextTools::getFontLineHeight(font);
+    QPainterPath bar;
+    bar.addRect(orientation == Qt::Horizontal ? horizontalStrikeBar(*this, thickness)
+                                              : verticalStrikeBar(*this, thickness));
+    paths.append(bar);
+    brushes.append(brush);
+}
+
+bool TextLine::contains(int pos) const
+{
+    if (isEmptyBlock)
+        return position <= pos && pos < position + length;
+    return position <= pos && pos <= position + length;
+}
+
+void TextLine::translate(qreal dx, qreal dy, Qt::Orientation orientation)
+{
+    path.translate(dx, dy);
+    origin += QPointF(dx, dy);
+    rect.translate(dx, dy);
+    for (TextFragment &run : fragments) {
+        run.path.translate(dx, dy);
+        run.baseline += orientation == Qt::Horizontal ? dy : dx;
+        run.start += orientation == Qt::Horizontal ? dx : dy;
+    }
+}
+
+QList<QLineF> TextLine::baselines(Qt::Orientation orientation) const
+{
+    QList<QLineF> result;
+    for (const TextFragment &run : fragments)
+        result.append(run.getBaseline(orientation));
+    return result;
+}
+
+void TextLine::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
+                         Qt::Orientation orientation) const
+{
+    QList<int> underlined;
+    for (int i = 0; i < fragments.size(); ++i) {
+        const TextFragment &run = fragments.at(i);
+        run.textPaths(paths, brushes, orientation);
+        if (run.format.fontUnderline())
+            underlined.append(i);
+    }
+    if (path.isEmpty())
+        return;
+    if (orientation == Qt::Vertical)
+        verticalUnderlinePath(paths, brushes, underlined);
+    else
+        horizontalUnderlinePath(paths, brushes, underlined);
+}
+
+void TextLine::horizontalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
+                                       const QList<int> &) const
+{
+    // Bars for underlined stretches are not drawn yet.
+}
+
+void TextLine::verticalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
+                                     const QList<int> &) const
+{
+    // Bars for underlined stretches are not drawn yet.
+}
+
+void TextLayout::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes) const
+{
+    for (const TextLine &line : lines)
+        line.textPaths(paths, brushes, orientation);
+}
+
+void TextLayout::translate(qreal dx, qreal dy)
+{
+    for (TextLine &line : lines)
+        line.translate(dx, dy, orientation);
+}
+
+QList<QLineF> TextLayout::baselines() const
+{
+    QList<QLineF> result;
+    for (const TextLine &line : lines) {
+        if (!line.isEmptyBlock)
+            result.append(line.baselines(orientation));
+    }
+    return result;
+}
