@@ -1,25 +1,11 @@
 # SPDX-License-Identifier: MIT
-# What `cmake --install` and CPack deliver: libraries, headers, CMake package, pkg-config file,
-# the applications and their man pages.
+# What `cmake --install` and CPack deliver besides the targets and headers that each folder
+# installs itself: CMake package, pkg-config file, documents, the .deb.
 
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/vxarttext)
-set(header_dir ${CMAKE_INSTALL_INCLUDEDIR}/vxarttext)
-set(installed_libraries ${VX_HOST_LIBRARIES} vxarttext)
-
-foreach(library ${installed_libraries})
-    set_property(TARGET ${library} PROPERTY INTERFACE_INCLUDE_DIRECTORIES
-        $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${header_dir}>)
-endforeach()
-
-install(TARGETS ${installed_libraries}
-    EXPORT vxarttextTargets
-    LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(EXPORT vxarttextTargets NAMESPACE vxarttext:: DESTINATION ${package_dir})
-
-install(DIRECTORY host DESTINATION ${header_dir} FILES_MATCHING PATTERN "*.h" PATTERN "*_p.h" EXCLUDE)
-install(FILES plugin/vxtext.h plugin/vxarttext_shared_global.h DESTINATION ${header_dir}/plugin)
 
 configure_package_config_file(cmake/vxarttextConfig.cmake.in
     ${CMAKE_BINARY_DIR}/vxarttextConfig.cmake INSTALL_DESTINATION ${package_dir})
@@ -34,14 +20,6 @@ configure_file(cmake/vxarttext.pc.in ${CMAKE_BINARY_DIR}/vxarttext.pc @ONLY)
 install(FILES ${CMAKE_BINARY_DIR}/vxarttext.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-foreach(program pagerender pagehost)
-    if(TARGET ${program})
-        install(TARGETS ${program} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-        if(EXISTS ${PROJECT_SOURCE_DIR}/app/${program}/${program}.1)
-            install(FILES app/${program}/${program}.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
-        endif()
-    endif()
-endforeach()
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME vxarttext)
