@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+#include "app/page/page.h"
+
+#include "app/page/document.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QGraphicsItem>
+
+#include <cmath>
+
+Page::Page(Document *document)
+    : m_document(document)
+{
+    m_scene.setItemIndexMethod(QGraphicsScene::NoIndex);
+}
+
+Page::~Page()
+{
+    while (!m_objects.isEmpty())
+        removeObject(m_objects.last());
+}
+
+void Page::addObject(CVXRootObject *object)
+{
+    if (!object || m_objects.contains(object))
+        return;
+    object->setBelongPage(this);
+    object->setZorder(m_objects.size());
+    m_scene.addItem(object->GetGraphicsItemPtr());
+    m_objects.append(object);
+}
+
+void Page::removeObject(CVXRootObject *object)
+{
+    if (!m_objects.removeOne(object))
+        return;
+    if (m_editing == object)
+        m_editing = nullptr;
+    m_scene.removeItem(object->GetGraphicsItemPtr());
+    object->Release();
+}
+
+void Page::setZoomRate(float zoom)
+{
+    if (std::isfinite(zoom) && zoom > 0.0f)
+        m_zoom = zoom;
+}
+
+QList<CVXRootObject *> Page::getSelectedObjects()
+{
+    QList<CVXRootObject *> selected;
+    for (CVXRootObject *object : qAsConst(m_objects)) {
+        if (object->GetGraphicsItemPtr()->isSelected())
+            selected.append(object);
+    }
+    return selected;
+}
+
+void Page::setEditingObject(CVXRootObject *object, bool editing)
+{
+    if (editing)
+        m_editing = object;
+    else if (m_editing == object)
+        m_editing = nullptr;
+}
+
+// Signals of the scene are held back while a batch is open: its observers then see the whole.
+void Page::beginObjectBatch()
+{
+    if (m_batchDepth++ == 0)
+        m_scene.blockSignals(true);
+}
+
+void Page::endObjectBatch()
+{
+    if (m_batchDepth == 0 || --m_batchDepth > 0)
+        return;
+    m_scene.blockSignals(false);
+    m_scene.update();
+    Q_EMIT m_scene.selectionChanged();
+}
+
+IDocumentHost *Page::getDocument()
+{
+    return m_document;
+}
+
+CUndoRedo *Page::undoStack()
+{
+    return m_document ? m_document->undoStack() : nullptr;
+}
+
+void Page::objectPreviewChanged(CVXRootObject *object)
+{
+    if (m_objects.contains(object))
+        object->GetGraphicsItemPtr()->update();
+}

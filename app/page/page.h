@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// page.h -- a page of objects over a graphics scene.
+#ifndef APP_PAGE_H
+#define APP_PAGE_H
+
+#include "host/framework/ivxpage.h"
+
+#include <QGraphicsScene>
+
+class Document;
+
+/// Holds objects in a scene and answers what they ask their page. The page owns its objects: its end
+/// releases them, in the reverse order of their coming. GUI thread only.
+class Page : public IVxPage
+{
+public:
+    /// \param document outlives the page; null is allowed
+    explicit Page(Document *document);
+    ~Page() override;
+    Page(const Page &) = delete;
+    Page &operator=(const Page &) = delete;
+
+    /// Puts \a object on the page, on top of those there. Null, or an object that is there already,
+    /// does nothing.
+    void addObject(CVXRootObject *object);
+    /// Takes \a object from the page and releases it. An object that is not on the page: nothing.
+    void removeObject(CVXRootObject *object);
+    /// Bottom object first.
+    const QList<CVXRootObject *> &objects() const { return m_objects; }
+
+    QGraphicsScene *scene() { return &m_scene; }
+    CVXRootObject *editingObject() const { return m_editing; }
+    /// \a zoom must be positive and finite, or nothing changes.
+    void setZoomRate(float zoom);
+    void setToolController(IToolController *controller) { m_tools = controller; }
+
+    // IVxPage
+    QList<CVXRootObject *> getSelectedObjects() override;
+    void setEditingObject(CVXRootObject *object, bool editing) override;
+    IToolController *getToolController() override { return m_tools; }
+    void beginObjectBatch() override;
+    void endObjectBatch() override;
+    IDocumentHost *getDocument() override;
+    CUndoRedo *undoStack() override;
+    float getCurZoomRate() override { return m_zoom; }
+    void objectPreviewChanged(CVXRootObject *object) override;
+
+private:
+    Document *m_document;
+    QGraphicsScene m_scene;
+    QList<CVXRootObject *> m_objects;
+    CVXRootObject *m_editing = nullptr;
+    IToolController *m_tools = nullptr;
+    float m_zoom = 1.0f;
+    int m_batchDepth = 0;
+};
+
+#endif

@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+// pagerenderer.h -- turns a page into PNG, SVG or PDF.
+#ifndef APP_PAGERENDERER_H
+#define APP_PAGERENDERER_H
+
+#include <QByteArray>
+#include <QColor>
+#include <QRect>
+#include <QString>
+
+class Page;
+class QPainter;
+
+/// Renders what the objects of a page paint: their content alone, without handles and frames. The
+/// picture is the ink of the page with a margin around it; a page pixel is 1/dpi inch.
+class PageRenderer
+{
+public:
+    enum class Format { Png, Svg, Pdf };
+
+    struct Options {
+        int dpi = 96;                   ///< resolution of the page
+        double scale = 1.0;             ///< PNG only: pixels of the picture for one of the page
+        double margin = 20.0;           ///< page pixels on each side
+        QColor background = Qt::white;  ///< fully transparent for none
+    };
+
+    /// Sides in pixels above which no picture is made.
+    static constexpr int maximumSide = 32767;
+    /// A PNG with more pixels than this is not made: it would take over a gigabyte.
+    static constexpr qint64 maximumPixels = qint64(1) << 28;
+
+    /// \param page outlives the renderer
+    PageRenderer(Page *page, const Options &options);
+
+    /// The format that the suffix of \a fileName names; letter case does not count.
+    static bool formatOf(const QString &fileName, Format &format);
+
+    /// Renders the page. An empty array, with errorString(), when the page is empty or too large.
+    QByteArray render(Format format);
+    /// Renders the page into the file \a fileName. On any failure false, with errorString(), and a
+    /// file that was there before is as it was.
+    bool renderToFile(Format format, const QString &fileName);
+    QString errorString() const { return m_error; }
+
+private:
+    bool measure();
+    bool checkSize(Format format);
+    bool fail(const QString &error);
+    void paintObjects(QPainter &painter) const;
+    void paintPage(QPainter &painter) const;
+    QSize pictureSize() const;
+    QByteArray renderPng();
+    QByteArray renderSvg();
+    QByteArray renderPdf();
+
+    Page *m_page;
+    Options m_options;
+    QRect m_area; ///< the part of the page that is shown, in page pixels
+    QString m_error;
+};
+
+#endif

@@ -1,0 +1,153 @@
+// SPDX-License-Identifier: MIT
+#include "app/page/textrecord.h"
+
+#include "host/framework/cvxrootobject.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <algorithm>
+
+namespace {
+
+namespace Direction {
+constexpr int Horizontal = 1;
+constexpr int Vertical = 2;
+} // namespace Direction
+
+const QLatin1String blockKey("block");
+const QLatin1String fragmentKey("fragment");
+const QLatin1String contentKey("content");
+const QLatin1String familyKey("font_family");
+const QLatin1String directionKey("text_direction");
+const QLatin1String wordWrapKey("text_wordwrap");
+const QLatin1String documentDataKey("document_data");
+
+/// The parameters of a record that say how the object looks: they are left out of the record that
+/// carries a document string, so that the string alone decides.
+bool isParameterOfLook(const QString &key)
+{
+    return key.startsWith(QLatin1String("transform_")) || key.startsWith(QLatin1String("boxBounds_"))
+           || key.startsWith(QLatin1String("boundingBox_")) || key.startsWith(QLatin1String("warp_"))
+           || key.startsWith(QLatin1String("img_")) || key == QLatin1String("font_imgage")
+           || key == QLatin1String("document_dpi");
+}
+
+QStringList paragraphs(const QString &text)
+{
+    QString normal = text;
+    normal.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    normal.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    normal.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+    if (normal.endsWith(QLatin1Char('\n')))
+        normal.chop(1);
+    return normal.split(QLatin1Char('\n'));
+}
+
+QJsonObject runObject(const QString &content, const TextStyle &style)
+{
+    return {{familyKey, style.family},
+            {QStringLiteral("font_pointsize"), style.pointSize},
+            {QStringLiteral("pen_color"), style.color},
+            {contentKey, content}};
+}
+
+DocumentStringInfo invalid(const QString &error)
+{
+    DocumentStringInfo info;
+    info.error = error;
+    return info;
+}
+
+void inspectRuns(const QJsonArray &runs, DocumentStringInfo &info)
+{
+    for (const QJsonValue &value : runs) {
+        const QJsonObject run = value.toObject();
+        const QString content = run.value(contentKey).toString();
+        info.characters += content.size();
+        const QString family = run.value(familyKey).toString();
+        if (!content.isEmpty() && !family.isEmpty() && !info.families.contains(family))
+            info.families.append(family);
+    }
+}
+
+/// Key of the member of \a record that holds the object's parameters; empty for none.
+QString parametersKey(const QJsonObject &record)
+{
+    for (auto it = record.constBegin(); it != record.constEnd(); ++it) {
+        if (it->isObject() && it->toObject().contains(documentDataKey))
+            return it.key();
+    }
+    return {};
+}
+
+} // namespace
+
+QString documentString(const QString &text, const TextStyle &style)
+{
+    QJsonArray blocks;
+    QJsonArray fragments;
+    const QJsonObject block{{QStringLiteral("textalignment"), 1}};
+    const QStringList lines = paragraphs(text);
+    for (const QString &line : lines) {
+        blocks.append(block);
+        fragments.append(QJsonArray{runObject(line, style)});
+    }
+    const QJsonObject document{
+        {blockKey, blocks},
+        {fragmentKey, fragments},
+        {directionKey, style.vertical ? Direction::Vertical : Direction::Horizontal},
+        {wordWrapKey, false},
+        {QStringLiteral("text_auto_wordwrap"), false}};
+    return QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact));
+}
+
+DocumentStringInfo inspectDocumentString(const QString &string)
+{
+    QJsonParseError parse;
+    const QJsonDocument document = QJsonDocument::fromJson(string.toUtf8(), &parse);
+    if (parse.error != QJsonParseError::NoError) {
+        return invalid(QStringLiteral("no JSON, at byte %1: %2")
+                           .arg(parse.offset).arg(parse.errorString()));
+    }
+    const QJsonObject root = document.object();
+    if (!root.value(blockKey).isArray() || !root.value(fragmentKey).isArray())
+        return invalid(QStringLiteral("no document: it lacks the lists \"block\" and \"fragment\""));
+    const QJsonArray blocks = root.value(blockKey).toArray();
+    const QJsonArray fragments = root.value(fragmentKey).toArray();
+    if (blocks.size() != fragments.size()) {
+        return invalid(QStringLiteral("no document: %1 in \"block\", %2 in \"fragment\"")
+                           .arg(blocks.size()).arg(fragments.size()));
+    }
+    DocumentStringInfo info;
+    info.valid = true;
+    info.vertical = root.value(directionKey).toInt() == Direction::Vertical;
+    info.wrapped = root.value(wordWrapKey).toBool();
+    for (const QJsonValue &runs : fragments)
+        inspectRuns(runs.toArray(), info);
+    return info;
+}
+
+bool loadDocumentString(CVXRootObject *object, const QString &string,
+                        const DocumentStringInfo &info)
+{
+    QJsonObject record;
+    if (!object || !object->saveJson(record))
+        return false;
+    const QString key = parametersKey(record);
+    if (key.isEmpty())
+        return false;
+    QJsonObject parameters = record.value(key).toObject();
+    const QStringList names = parameters.keys();
+    for (const QString &name : names) {
+        if (isParameterOfLook(name))
+            parameters.remove(name);
+    }
+    parameters.insert(documentDataKey, string);
+    parameters.insert(QStringLiteral("new_version"), true);
+    parameters.insert(wordWrapKey, info.wrapped);
+    parameters.insert(QStringLiteral("TextOrientation"),
+                      info.vertical ? Direction::Vertical : Direction::Horizontal);
+    record.insert(key, parameters);
+    return object->loadJson(record);
+}

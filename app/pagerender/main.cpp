@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+// pagerender: sets a text or a document on a page and writes its picture.
+
+#include "app/page/document.h"
+#include "app/page/framework.h"
+#include "app/page/page.h"
+#include "app/page/pagerenderer.h"
+#include "app/page/pluginloader.h"
+#include "app/page/textrecord.h"
+#include "app/pagerender/arguments.h"
+#include "app/pagerender/inputfile.h"
+#include "host/fontdatabase/cfontdatabase.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QApplication>
+
+#include <cstdio>
+
+namespace {
+
+enum ExitCode { Done = 0, Cannot = 1, WrongUsage = 2 };
+
+/// Texts of more UTF-16 units than this are refused before they are set: their outlines alone would
+/// take gigabytes, and no page of readable text holds as many.
+constexpr int maximumCharacters = 2000000;
+
+/// How many times over a side a text must be by a mere estimate to be refused ahead of its layout.
+constexpr double estimateReserve = 4;
+
+ExitCode report(ExitCode code, const QString &message)
+{
+    std::fprintf(stderr, "pagerender: %s\n", qPrintable(message));
+    return code;
+}
+
+/// The program shows no window, so it takes no part in a desktop unless it is told to; the picture
+/// is then the same everywhere.
+void chooseHeadlessPlatform()
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+bool checkFonts(const QStringList &families, QString &error)
+{
+    for (const QString &family : families) {
+        if (!CFontDatabase::instance()->fontExists(family)) {
+            error = QStringLiteral("unknown font '%1'").arg(family);
+            return false;
+        }
+    }
+    return true;
+}
+
+/// False for a plain text that cannot fit on a page, told from its number of lines and its size.
+bool mayFit(int lines, double pointSize, int dpi)
+{
+    const double across = lines * (dpi * (pointSize / 72.0));
+    return across < estimateReserve * PageRenderer::maximumSide;
+}
+
+/// The document string of the input, plain text or not.
+bool readInput(const Arguments &arguments, Framework &framework, QString &string, QString &error)
+{
+    QString content;
+    if (!readTextFile(arguments.input, content, error))
+        return false;
+    if (arguments.isDocument) {
+        string = content;
+        return true;
+    }
+    TextStyle style;
+    int defaultSize = 0;
+    framework.getDefaultFont(style.family, defaultSize);
+    style.pointSize = arguments.pointSize > 0 ? arguments.pointSize : defaultSize;
+    if (!arguments.family.isEmpty())
+        style.family = arguments.family;
+    style.color = arguments.color;
+    style.vertical = arguments.vertical;
+    if (content.size() > maximumCharacters
+        || !mayFit(1 + content.count(QLatin1Char('\n')), style.pointSize, arguments.options.dpi)) {
+        error = QStringLiteral("'%1' is too large for a page").arg(arguments.input);
+        return false;
+    }
+    string = documentString(content, style);
+    return true;
+}
+
+ExitCode render(const Arguments &arguments)
+{
+    Framework framework;
+    QString string;
+    QString error;
+    if (!readInput(arguments, framework, string, error))
+        return report(Cannot, error);
+    const DocumentStringInfo info = inspectDocumentString(string);
+    if (!info.valid)
+        return report(Cannot, QStringLiteral("'%1' is %2").arg(arguments.input, info.error));
+    if (info.characters > maximumCharacters)
+        return report(Cannot, QStringLiteral("'%1' is too large for a page").arg(arguments.input));
+    if (!checkFonts(info.families, error))
+        return report(Cannot, error);
+
+    PluginLoader loader;
+    if (!loader.load(arguments.plugin))
+        return report(Cannot, QStringLiteral("no text objects: %1").arg(loader.errorString()));
+    Document document(arguments.options.dpi);
+    Page page(&document);
+    CVXRootObject *text = loader.createText(1, &page);
+    page.addObject(text);
+    if (!loadDocumentString(text, string, info))
+        return report(Cannot, QStringLiteral("the text object refuses '%1'").arg(arguments.input));
+
+    PageRenderer renderer(&page, arguments.options);
+    if (!renderer.renderToFile(arguments.format, arguments.output))
+        return report(Cannot, renderer.errorString());
+    return Done;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    chooseHeadlessPlatform();
+    QApplication application(argc, argv);
+    Arguments arguments;
+    switch (parseArguments(QApplication::arguments(), arguments)) {
+    case ParseResult::Show:
+        std::fputs(qPrintable(arguments.message), stdout);
+        return Done;
+    case ParseResult::Usage:
+        return report(WrongUsage, arguments.message
+                                      + QStringLiteral("\nTry 'pagerender --help'."));
+    case ParseResult::Run:
+        break;
+    }
+    return render(arguments);
+}
