@@ -1,0 +1,325 @@
+// SPDX-License-Identifier: MIT
+// cwordprocess.h -- CWordProcess, the rich text object that is edited in place on a page.
+// Each subject below has a file of members of its own, wordprocess_<subject>.cpp.
+#ifndef CWORDPROCESS_H
+#define CWORDPROCESS_H
+
+#include "host/framework/cbaseobject.h"
+#include "plugin/vxarttext_shared_global.h"
+#include "wordprocess/legacyrecords.h"
+
+#include <QBrush>
+#include <QColor>
+#include <QImage>
+#include <QLineF>
+#include <QMutex>
+#include <QStringList>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextCursor>
+#include <QTextDocument>
+
+#include <atomic>
+#include <functional>
+
+class CArtText;
+class CTextObjectBase;
+class CWordManager;
+class QJsonArray;
+struct TextLayout;
+
+/// Kinds of the notification "text_operation".
+enum EnumTextOperation : int {
+    TextOperationAttributes = 0,       ///< caret, selection or content changed
+    TextOperationMissingFonts = 1,     ///< an edit was tried while fonts are missing
+    TextOperationAboutToEdit = 2,      ///< about to be edited while another tool is in use
+    TextOperationEditState = 3,        ///< the edit state changed
+    TextOperationPointerEntered = 4,   ///< the pointer entered the object
+    TextOperationPointerLeft = 5,      ///< the pointer left the object
+    TextOperationAttributeCommand = 6, ///< a keyboard command changed attributes
+    TextOperationPointerShape = 7,     ///< the pointer moved over the object in edit state
+};
+
+class VXARTTEXT_EXPORT CWordProcess : public CBaseObject
+{
+    Q_OBJECT
+
+public:
+    CWordProcess(int id, bool finished, QGraphicsItem *parent, IVxPage *page);
+    ~CWordProcess() override;
+
+    // frame: state, lifecycle
+    int type() const override { return 65543; }
+    QString getObjName() const override { return QStringLiteral("wb text"); }
+    void Release() override;
+    bool canDo(OperationType operation) override;
+    QRectF boundingRect() const override;
+    QPainterPath shape() const override;
+    /// Enters edit state. Called again in edit state it only resets the text that endEdit() compares with.
+    void beginEdit();
+    /// Leaves edit state and records the edit when the plain text has changed. A quiet no-op from a thread
+    /// other than the application's and on an object that is still being drawn.
+    void endEdit();
+    void setTextInteractionFlags(Qt::TextInteractionFlags flags);
+    Qt::TextInteractionFlags textInteractionFlags() const { return m_textInteractionFlags; }
+    void setControlPointDisable(bool disable);
+    void updateControlHandles();
+    void setFlip(bool flip, bool notify) override;
+    bool isFlip() override { return m_flip; }
+    void setMirror(bool mirror, bool notify) override;
+    bool isMirror() override { return m_mirror; }
+    /// Middle of the caret in item coordinates; (0, 0) outside edit state.
+    QPoint getCursorPos() override;
+    /// Plain text of the document, blocks parted by line feeds.
+    QString toPlainText() const;
+
+    // geometry
+    /// Carries every change of text, format or box through layout, paths, bounds and warp.
+    /// \param legacyArgument reaches the older engine only
+    void updateBoundingRectImpl(bool legacyArgument);
+    void updateBoundingRect(bool adjustToLayout);
+    void updateTextPaths();
+    /// Measures and keeps the overhang of the painted paths over the box; empty for line text, for the
+    /// older engine and for an empty document.
+    QRectF recordOriginalBounds();
+    void useOriBounds(const QRectF &bounds);
+    QRectF getClientRectForOribounds() const;
+    /// Places the object: \a sceneRect has its top left in the scene and the new client size.
+    void updatePosition(QGraphicsItem *item, const QRectF &sceneRect);
+    /// Stretches a finished object; rewraps a box in edit state.
+    void setSize(const QSizeF &size, bool undo, bool notify) override;
+    /// Turns soft wraps into line ends. False for line text and for the older engine.
+    /// \param textOffset receives the anchor of the line text, item coordinates
+    bool wordwrap2single(QPointF &textOffset);
+    QPainterPath getClientPath() override;
+    QPainterPath getClientPathImpl() const;
+    QRectF getDrawClientRect() override;
+
+    // painting
+    void OnQPainterDraw(QPainter *painter) override;
+    void drawTextPaths(QPainter *painter);
+    void drawEditStatusPath(QPainter *painter);
+    void paintHandlersInScene(QGraphicsItem *item, QPainter *painter) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
+    void setTextCursorColor(QPainter *painter) const;
+    /// Chooses the caret colour that stands out against \a background.
+    void updateCursorColor(const QColor &background) override;
+    /// Leaves the picture that stands for the text and goes back to real text.
+    void img2paths();
+    void updateBoundsRectForImage2Path(const QPointF &pos, const QSizeF &size);
+
+    // keyboard: selection
+    void selectAll();
+    void clearSelection();
+
+    // formats
+    /// Transform from paths of stretch 1 to scene coordinates, for the record of the object.
+    QTransform getTextTransform();
+    QTextCharFormat compareCharFormat(const QTextCharFormat &a, const QTextCharFormat &b) const;
+    QTextBlockFormat compareBlockFormat(const QTextBlockFormat &a, const QTextBlockFormat &b) const;
+    /// Orders the selection. \return true when something is selected
+    bool selection(int &start, int &end) const;
+
+    // undo
+    /// Records a step between two document strings. The step rebuilds the object from \a after at once.
+    void pushUndoRedo(const QString &before, const QString &after);
+
+    // warping
+    /// Makes the warped paths anew when a warp is set.
+    void updateMorphTextPaths();
+
+    // attributes
+    QTextCharFormat attr2CharFormat(const AttributeMap &attributes) const;
+    QTextBlockFormat attr2BlockFormat(const AttributeMap &attributes) const;
+    /// Adds every character key to \a attributes. \param blankMissing shows what was never set as ""
+    void charFormat2Attr(const QTextCharFormat &format, AttributeMap &attributes,
+                         bool blankMissing) const;
+    /// Adds every paragraph key to \a attributes, under the same terms.
+    void blockFormat2Attr(const QTextBlockFormat &format, AttributeMap &attributes,
+                          bool blankMissing) const;
+
+    // document string
+    /// The document as compact JSON: whole with its header, or the selection without one.
+    QString serialize(bool selectionOnly) const;
+    /// Replaces the document and the header, or inserts at the cursor and ignores the header. Text that is
+    /// no document string changes nothing.
+    void deserialization(const QString &text, bool insertAtCursor);
+
+    // records
+    bool save(QDataStream &stream) override;
+    bool load(QDataStream &stream) override;
+    bool saveJson(QJsonObject &json) override;
+    bool loadJson(QJsonObject &json) override;
+
+    // fonts and units
+    /// Lists the families of a document string that are not installed in m_missingFonts and empties
+    /// m_replacedFonts. \return true when all are installed; text that does not parse has no fonts
+    bool fontExists(const QString &documentString);
+    /// Rewrites the sizes of the document from \a dpi to the document's own.
+    void px2pt(double dpi);
+
+    // attribute commands
+    bool getAllAttributes(AttributeMap &attributes) override;
+
+    // properties
+    bool SetSpecialProperty(int number, QDataStream &stream, bool flag) override;
+    void notifyTextOperation(EnumTextOperation operation, const AttributeMap &map);
+
+    // legacy layout
+    void updateBoundingRectForOldVersion(bool argument);
+    void horizontalPaint(QPainter *painter);
+    void verticalPaint(QPainter *painter);
+
+    // QObject and item events
+    void timerEvent(QTimerEvent *event) override;
+    void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
+
+protected:
+    friend class CTextObjectBase; // the one reader of the fields outside
+
+    /// Overhang of the painted paths over the box: left and top not above 0, right and bottom not below.
+    struct BoundsMargins {
+        double left = 0, top = 0, right = 0, bottom = 0;
+    };
+    using WarpHandler = bool (CWordProcess::*)(const QRectF &, const QRectF &, QRectF &,
+                                               QList<QPainterPath> &, QRectF &);
+
+    Qt::TextInteractionFlags m_textInteractionFlags = Qt::NoTextInteraction;
+    int m_textOrientation = Qt::Horizontal;
+    QTextDocument *m_document = nullptr; ///< owned
+    QTextCursor *m_cursor = nullptr;     ///< owned; the one cursor, deleted before the document
+    bool m_cursorVisible = false;        ///< blink phase of the caret
+    bool m_wordWrap = false;             ///< box text as against line text
+    bool m_autoWordWrap = false;         ///< the box follows its text
+    bool m_editing = false;
+    bool m_defaultFollow = false;
+    QString m_defaultWord; ///< shown while the document is empty
+    int m_selStart = 0;    ///< the selection, kept apart from that of m_cursor
+    int m_selEnd = 0;
+    int m_selAnchor = -1; ///< fixed end of a selection, negative for none
+    QList<STextLine> m_legacyLines;
+    QPointF m_legacyTextSize;
+    bool m_mouseSelecting = false;
+    bool m_dragMovesObject = false;
+    int m_cursorTimerId = 0;
+    QString m_preeditString; ///< preedit text now standing in the document
+    int m_documentDpi = 96;
+    bool m_hasFocus = false;
+    bool m_newVersion = true;              ///< current engine, not the older one
+    CWordManager *m_wordManager = nullptr; ///< owned
+    QPointF m_textOffset;                  ///< anchor of line text, item coordinates
+    QImage m_fontImage;                    ///< picture of the text while fonts are missing
+    QPointF m_fontImagePos;
+    QSizeF m_fontImageSize = QSizeF(0, 0);
+    QStringList m_missingFonts;
+    QStringList m_replacedFonts;
+    QRectF m_fontImageClient;
+    double m_fontImageRotation = 0; ///< degrees
+    bool m_showFontImage = false;
+    QString m_missingFontHint;
+    QString m_fontReplaceData; ///< document string held back across a font replacement
+    QString m_editStartText;
+    QString m_editStartData;
+    bool m_cursorAtLineEnd = false; ///< at a wrap: the caret stands at the start of the next line
+    BoundsMargins m_boundsMargins;
+    double m_scaleX = 1.0; ///< stretch of the text
+    double m_scaleY = 1.0;
+    double m_transformScaleX = 1.0; ///< second stretch, of box text from old records
+    double m_transformScaleY = 1.0;
+    double m_fontImageScaleX = 1.0;
+    double m_fontImageScaleY = 1.0;
+    QSizeF m_baseSize = QSizeF(-1, -1); ///< size at stretch 1
+    int m_warpStyle = 0;
+    double m_warpValue = 0;
+    double m_warpHorizontalValue = 0;
+    double m_warpVerticalValue = 0;
+    int m_warpOrientation = Qt::Horizontal;
+    CArtText *m_artText = nullptr;    ///< owned
+    QList<QPainterPath> m_textPaths;  ///< outlines at stretch 1, item coordinates
+    QRectF m_textPathsRect;           ///< m_clientRect when m_textPaths were taken
+    QList<QPainterPath> m_morphPaths; ///< warped copies, empty without a warp
+    QRectF m_morphRect;
+    QList<QBrush> m_pathBrushes;
+    QMutex m_pathsMutex; ///< guards both path lists, their rectangles and brushes
+    QMap<int, WarpHandler> m_warpHandlers;
+    std::atomic<bool> m_flip{false};
+    std::atomic<bool> m_mirror{false};
+    QColor m_cursorColor = Qt::black;
+    QPointF m_cursorEndScenePos; ///< lower end of the caret as last painted
+    QLineF m_cursorLine;         ///< caret in scene coordinates as last painted
+    bool m_fontImageDropped = false;
+    QPointF m_warpMin = QPointF(99999, 99999); ///< running extremes of the warped positions
+    QPointF m_warpMax = QPointF(-99999, -99999);
+    QRectF m_warpBounds;
+
+    void initMorphHandles();
+    /// Flip about the horizontal centre line, mirror about the vertical one; without the stretch.
+    QTransform flipTransform() const;
+    /// The paint transform: flip, mirror, stretch.
+    QTransform paintTransform() const;
+
+private:
+    // frame
+    void leaveEditAppearance();
+    void turnFontImage(Qt::Axis axis);
+    bool fontsAreComplete() const { return m_replacedFonts.size() == m_missingFonts.size(); }
+
+    // geometry
+    void setClientSize(const QSizeF &size);
+    void moveToWarpOrigin();
+    void returnToTextBox();
+    void followTextBox();
+    QPointF topLeftAroundCentre(const QRectF &box) const;
+    void stretchTo(const QSizeF &size, bool undo, bool notify);
+    void reflowTo(const QSizeF &size, bool notify);
+    QPointF anchorOfFirstLine(const TextLayout &layout) const;
+    void turnSoftWrapsIntoLineEnds(const TextLayout &layout);
+
+    // painting
+    void drawDragFrame(QPainter *painter);
+    void paintAnchorAndBaselines(QPainter *painter, const QTransform &toScene);
+    void paintCaret(QPainter *painter, const QTransform &toScene);
+    QFont hintFont() const;
+
+    // warping
+    void takeUnwarpedBox();
+    void dropMorphPaths();
+    void applyStretchToBox();
+
+    // document string
+    void writeHeader(QJsonObject &json) const;
+    void insertContent(const QJsonArray &blocks, const QJsonArray &runs);
+    void restoreHeader(const QJsonObject &header);
+    void restoreCursorSelection();
+
+    // records
+    void fillSaveParams();
+    void fillPlacementParams();
+    void fillBoundsParams();
+    void storeImageInParams();
+    void readSaveParams(const QString &olderText);
+    void readHtml(const QString &html);
+    void readDocumentData();
+    QSizeF readBounds();
+    void readPlacement(const QSizeF &size);
+    void readPlacementMatrix();
+    void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
+    void finishLoading();
+    void showFontImage();
+
+    // attribute commands
+    void foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat, int start,
+                     int end) const;
+    QTextCharFormat charFormatAtCaret() const;
+    void addObjectAttributes(AttributeMap &attributes) const;
+
+    // properties
+    void setFirstText(QDataStream &stream);
+    AttributeMap textOperationMap(EnumTextOperation operation, const AttributeMap &map);
+};
+
+#endif

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// numbers.h -- conversions of numbers that come from outside.
+#ifndef NUMBERS_H
+#define NUMBERS_H
+
+#include <QtGlobal>
+
+#include <cmath>
+#include <limits>
+
+/// Toward zero, saturating at the 32-bit range, 0 for not-a-number.
+inline int truncated(double value)
+{
+    if (std::isnan(value))
+        return 0;
+    if (value >= static_cast<double>(std::numeric_limits<int>::max()))
+        return std::numeric_limits<int>::max();
+    if (value <= static_cast<double>(std::numeric_limits<int>::min()))
+        return std::numeric_limits<int>::min();
+    return static_cast<int>(value);
+}
+
+/// Halves away from zero, saturating like truncated().
+inline int roundedAway(double value)
+{
+    return truncated(std::round(value));
+}
+
+/// A real from a file, stream or map: 0 when it is not finite.
+inline double finiteOrZero(double value)
+{
+    return std::isfinite(value) ? value : 0.0;
+}
+
+/// A stretch as divisor: 0 and what is not finite divide as 1.
+inline double divisor(double stretch)
+{
+    return std::isfinite(stretch) && stretch != 0.0 ? stretch : 1.0;
+}
+
+/// \a dpi when it is one that a document can have (1 to 9 600), \a old otherwise.
+inline int acceptedDpi(int dpi, int old)
+{
+    return dpi >= 1 && dpi <= 9600 ? dpi : old;
+}
+
+#endif

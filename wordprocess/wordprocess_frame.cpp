@@ -1,0 +1,309 @@
+// SPDX-License-Identifier: MIT
+// wordprocess_frame.cpp -- CWordProcess: construction, edit state, flags, item plumbing, caret timer.
+// Changes: m_editing, m_editStartText, m_editStartData, m_cursorVisible, m_hasFocus, m_flip, m_mirror.
+#include "wordprocess/cwordprocess.h"
+
+#include "arttext/arttexthelper.h"
+#include "host/framework/iappframework.h"
+#include "host/framework/idocumenthost.h"
+#include "host/framework/ivxpage.h"
+#include "layout/wordmanager.h"
+#include "wordprocess/numbers.h"
+
+#include <QCoreApplication>
+#include <QGraphicsSceneContextMenuEvent>
+#include <QThread>
+#include <QTimerEvent>
+
+namespace {
+constexpr int caretBlinkMs = 800;
+constexpr double editMargin = 70;      // around an object in edit state, item coordinates
+constexpr int lastActionEditEnded = 5; // ActionState::lastAction
+
+const CObjAction::ACT_Def sizeHandles[] = {
+    CObjAction::ACT_TopLeft,  CObjAction::ACT_BottomRight, CObjAction::ACT_TopCentre,
+    CObjAction::ACT_TopRight, CObjAction::ACT_Right,       CObjAction::ACT_Left,
+    CObjAction::ACT_BottomLeft, CObjAction::ACT_BottomCentre,
+};
+const QLatin1String dashedFrame("dashlineRectangleHandle");
+
+bool isOnApplicationThread()
+{
+    const QCoreApplication *application = QCoreApplication::instance();
+    return !application || QThread::currentThread() == application->thread();
+}
+
+/// Turns \a transform over, about the line through \a centre along \a axis.
+void turnOver(QTransform &transform, Qt::Axis axis, const QPointF &centre)
+{
+    transform.translate(centre.x(), centre.y());
+    transform.rotate(180, axis);
+    transform.translate(-centre.x(), -centre.y());
+}
+} // namespace
+
+CWordProcess::CWordProcess(int id, bool finished, QGraphicsItem *parent, IVxPage *page)
+    : CBaseObject(id, finished, parent, page)
+{
+    setTextInteractionFlags(Qt::NoTextInteraction);
+    setAcceptDrops(true);
+    setAcceptHoverEvents(true);
+    setAcceptedMouseButtons(Qt::LeftButton);
+    m_cursorTimerId = startTimer(caretBlinkMs, Qt::CoarseTimer);
+    m_document = new QTextDocument;
+    m_cursor = new QTextCursor(m_document);
+    setControlPointDisable(true);
+    if (IDocumentHost *document = getDocument())
+        m_documentDpi = acceptedDpi(document->getDpi(), m_documentDpi);
+    m_wordManager = new CWordManager(this, m_wordWrap);
+    m_clientRect = QRectF(0, 0, 0, 0);
+    m_artText = new CArtText;
+    initMorphHandles();
+}
+
+CWordProcess::~CWordProcess()
+{
+    // The cursor goes first, since it refers to the document.
+    delete m_cursor;
+    m_cursor = nullptr;
+    delete m_wordManager;
+    m_wordManager = nullptr;
+    delete m_artText;
+    m_artText = nullptr;
+    delete m_document;
+    m_document = nullptr;
+}
+
+void CWordProcess::Release()
+{
+    CVXRootObject::Release();
+}
+
+bool CWordProcess::canDo(OperationType operation)
+{
+    switch (operation) {
+    case OP_HasText:
+        return !toPlainText().isEmpty();
+    case OP_TextCut:
+    case OP_TextCopy:
+    case OP_TextPaste:
+        return true;
+    default:
+        return CBaseObject::canDo(operation);
+    }
+}
+
+QRectF CWordProcess::boundingRect() const
+{
+    if (!m_newVersion || !m_editing || !m_wordWrap)
+        return CBaseObject::boundingRect();
+    const QRectF united = m_wordManager->textPathRect().united(m_clientRect);
+    return united.adjusted(-editMargin, -editMargin, editMargin, editMargin);
+}
+
+QPainterPath CWordProcess::shape() const
+{
+    const double margin = m_editing ? editMargin : 0;
+    QPainterPath path;
+    path.addRect(m_clientRect.adjusted(-margin, -margin, margin, margin));
+    if (isSelected())
+        addHandlePath(const_cast<CWordProcess *>(this), &path, 1.0);
+    return path;
+}
+
+QString CWordProcess::toPlainText() const
+{
+    return m_document->toPlainText();
+}
+
+void CWordProcess::setTextInteractionFlags(Qt::TextInteractionFlags flags)
+{
+    const bool interactive = flags != Qt::NoTextInteraction;
+    setFlag(ItemIsFocusable, interactive);
+    setFlag(ItemAcceptsInputMethod, interactive);
+    m_textInteractionFlags = flags;
+}
+
+void CWordProcess::setControlPointDisable(bool disable)
+{
+    for (CObjAction::ACT_Def handle : sizeHandles)
+        setHandlesDisable(handle, disable);
+}
+
+void CWordProcess::updateControlHandles()
+{
+    if (m_editing) {
+        setControlPointDisable(!m_wordWrap);
+        setHandlesDisable(CObjAction::ACT_Rotate, true);
+        return;
+    }
+    setControlPointDisable(false);
+    setHandlesDisable(CObjAction::ACT_Rotate, false);
+    setShowHandles(this, isSelected(), true);
+}
+
+void CWordProcess::beginEdit()
+{
+    m_actionState->editing = 1;
+    if (IVxPage *page = GetPage())
+        page->setEditingObject(this, true);
+    setTextInteractionFlags(Qt::TextEditorInteraction);
+    setFocus(Qt::OtherFocusReason);
+    if (!m_newVersion && !m_wordWrap) {
+        setShowHandles(this, false, true);
+    } else {
+        // A box keeps its size handles, line text loses them; the rotate handle goes in either case.
+        setControlPointDisable(!m_wordWrap);
+        setHandlesDisable(CObjAction::ACT_Rotate, true);
+    }
+    m_otherParams[dashedFrame] = m_wordWrap;
+    m_editStartText = toPlainText();
+    m_editStartData = serialize(false);
+    if (m_editing)
+        return;
+
+    m_editing = true;
+    if (m_newVersion) {
+        if (m_wordWrap)
+            returnToTextBox();
+        else
+            updatePosition(this, QRectF(mapToScene(m_textOffset), QSizeF(0, 0)));
+    }
+    updateBoundingRectImpl(true);
+    notifyTextOperation(TextOperationEditState, {});
+}
+
+void CWordProcess::endEdit()
+{
+    if (!isOnApplicationThread() || !m_created)
+        return;
+    leaveEditAppearance();
+    if (!m_editing)
+        return;
+
+    const QString text = toPlainText();
+    if (m_wordWrap && !text.isEmpty())
+        useOriBounds(recordOriginalBounds());
+    m_editing = false;
+    if (text != m_editStartText && !m_editStartData.isEmpty()) {
+        m_editStartText = text;
+        pushUndoRedo(m_editStartData, serialize(false));
+        m_editStartData.clear();
+    } else {
+        updateMorphTextPaths();
+        notifyTextOperation(TextOperationAttributes, {});
+    }
+    notifyTextOperation(TextOperationEditState, {});
+}
+
+void CWordProcess::leaveEditAppearance()
+{
+    m_actionState->editing = 0;
+    m_actionState->lastAction = lastActionEditEnded;
+    setTextInteractionFlags(Qt::NoTextInteraction);
+    if (m_editing)
+        clearSelection();
+    else
+        m_selStart = m_selEnd; // outside edit state nobody is told
+    setControlPointDisable(false);
+    setHandlesDisable(CObjAction::ACT_Rotate, false);
+    setShowHandles(this, isSelected(), true);
+    clearLayerEffectCache(EffectCacheReason::ContentChanged);
+    enableLayerEffect(true);
+    m_cursorVisible = false;
+    m_otherParams[dashedFrame] = false;
+}
+
+void CWordProcess::setFlip(bool flip, bool /*notify*/)
+{
+    if (m_flip.exchange(flip) == flip)
+        return;
+    turnFontImage(Qt::XAxis);
+    notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
+}
+
+void CWordProcess::setMirror(bool mirror, bool /*notify*/)
+{
+    if (m_mirror.exchange(mirror) == mirror)
+        return;
+    turnFontImage(Qt::YAxis);
+    notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
+}
+
+void CWordProcess::turnFontImage(Qt::Axis axis)
+{
+    if (!m_showFontImage || m_fontImage.isNull())
+        return;
+    const QPointF centre = axis == Qt::XAxis ? QPointF(0, m_clientRect.height() / 2)
+                                             : QPointF(m_clientRect.width() / 2, 0);
+    QTransform turned;
+    turnOver(turned, axis, centre);
+    m_fontImage = m_fontImage.transformed(turned, Qt::FastTransformation);
+}
+
+QTransform CWordProcess::flipTransform() const
+{
+    QTransform transform;
+    if (m_flip)
+        turnOver(transform, Qt::XAxis, QPointF(0, m_clientRect.height() / 2));
+    if (m_mirror)
+        turnOver(transform, Qt::YAxis, QPointF(m_clientRect.width() / 2, 0));
+    return transform;
+}
+
+QTransform CWordProcess::paintTransform() const
+{
+    return flipTransform().scale(m_scaleX, m_scaleY);
+}
+
+QPoint CWordProcess::getCursorPos()
+{
+    if (!m_editing)
+        return QPoint(0, 0);
+    const QLineF caret = m_wordManager->cursorLine(m_cursor->position(), m_cursorAtLineEnd);
+    return QPoint(roundedAway(caret.center().x()), roundedAway(caret.center().y()));
+}
+
+QVariant CWordProcess::itemChange(GraphicsItemChange change, const QVariant &value)
+{
+    if (change == ItemSelectedHasChanged) {
+        IAppFramework *framework = GetFramework();
+        const bool batch = framework && framework->isBatchMode();
+        if (!batch && !isSelected() && m_editing && isVisible()) {
+            endEdit();
+        } else {
+            setShowHandles(this, isSelected(), true);
+            notifyTextOperation(TextOperationAttributes, {});
+        }
+    } else if (change == ItemTransformOriginPointChange) {
+        clearLayerEffectCache(EffectCacheReason::ContentChanged);
+    }
+    return CBaseObject::itemChange(change, value);
+}
+
+void CWordProcess::focusInEvent(QFocusEvent * /*event*/)
+{
+    m_hasFocus = true;
+    m_cursorVisible = true;
+}
+
+void CWordProcess::focusOutEvent(QFocusEvent * /*event*/)
+{
+    m_hasFocus = false;
+    m_cursorVisible = false;
+}
+
+void CWordProcess::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() != m_cursorTimerId)
+        return;
+    if (!m_editing) {
+        m_cursorVisible = false;
+        return;
+    }
+    if (!m_mouseSelecting && m_hasFocus)
+        m_cursorVisible = !m_cursorVisible;
+    notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
+}
+
+void CWordProcess::contextMenuEvent(QGraphicsSceneContextMenuEvent * /*event*/) {}

@@ -1,0 +1,353 @@
+// SPDX-License-Identifier: MIT
+// wordprocess_records.cpp -- CWordProcess: stream and JSON records.
+// The state travels in m_saveParams, which the host writes and reads; both forms share one road and differ
+// only in their tail. Reading changes the document, the box, the stretch and the picture.
+#include "wordprocess/cwordprocess.h"
+
+#include "host/framework/iappframework.h"
+#include "host/framework/idocumenthost.h"
+#include "host/qimageex/qimageex.h"
+#include "layout/wordmanager.h"
+#include "wordprocess/htmldocument.h"
+#include "wordprocess/numbers.h"
+
+#include <QDataStream>
+#include <QJsonObject>
+#include <QTextDocumentFragment>
+#include <QtMath>
+
+namespace {
+namespace Key {
+const QLatin1String TextOrientation("TextOrientation");
+const QLatin1String DefaultWord("text_defaultword");
+const QLatin1String DefaultFollow("text_defaultfollow");
+const QLatin1String WordWrap("text_wordwrap");
+const QLatin1String DocumentData("document_data");
+const QLatin1String DocumentDpi("document_dpi");
+const QLatin1String NewVersion("new_version");
+const QLatin1String TransformXx("transform_xx");
+const QLatin1String TransformYy("transform_yy");
+const QLatin1String TransformXy("transform_xy");
+const QLatin1String TransformYx("transform_yx");
+const QLatin1String TransformTx("transform_tx");
+const QLatin1String TransformTy("transform_ty");
+const QLatin1String BoxLeft("boxBounds_left");
+const QLatin1String BoxTop("boxBounds_top");
+const QLatin1String BoxRight("boxBounds_right");
+const QLatin1String BoxBottom("boxBounds_bottom");
+const QLatin1String BoundingLeft("boundingBox_left");
+const QLatin1String BoundingTop("boundingBox_top");
+const QLatin1String BoundingRight("boundingBox_right");
+const QLatin1String BoundingBottom("boundingBox_bottom");
+const QLatin1String WarpStyle("warp_style");
+const QLatin1String WarpValue("warp_value");
+const QLatin1String WarpHorizontalValue("warp_horizontal_value");
+const QLatin1String WarpVerticalValue("warp_vertical_value");
+const QLatin1String WarpOrientation("warp_oriention");
+const QLatin1String ImageX("img_x");
+const QLatin1String ImageY("img_y");
+const QLatin1String FontImage("font_imgage"); // spelled so in every record
+const QLatin1String HasImage("has_img");      // older records only
+const QLatin1String JsonImage("JSON_TEXT_IMG_DATA");
+const QLatin1String JsonDpi("TextDPI");
+const QLatin1String JsonContent("TextContent");
+} // namespace Key
+
+int percent(double value)
+{
+    return truncated(std::round(finiteOrZero(value) * 100));
+}
+
+double real(const AttributeMap &params, QLatin1String key)
+{
+    return finiteOrZero(params.value(key).toDouble());
+}
+
+double screenDpiX()
+{
+    double x = 96;
+    double y = 96;
+    if (IAppFramework *framework = GetFramework())
+        framework->getScreenDpi(x, y);
+    return x;
+}
+} // namespace
+
+bool CWordProcess::save(QDataStream &stream)
+{
+    fillSaveParams();
+    CBaseObject::save(stream);
+    stream << QString();
+    return true;
+}
+
+bool CWordProcess::saveJson(QJsonObject &json)
+{
+    fillSaveParams();
+    CBaseObject::saveJson(json);
+    json.insert(Key::JsonDpi, truncated(screenDpiX()));
+    json.insert(Key::JsonContent, QString());
+    return true;
+}
+
+void CWordProcess::fillSaveParams()
+{
+    if (m_editing)
+        endEdit(); // a record never holds an open edit
+    m_saveParams[Key::TextOrientation] = m_textOrientation;
+    m_saveParams[Key::DefaultWord] = m_defaultWord;
+    m_saveParams[Key::DefaultFollow] = m_defaultFollow;
+    m_saveParams[Key::WordWrap] = m_wordWrap;
+    m_saveParams[Key::DocumentData] = serialize(false);
+    m_saveParams[Key::DocumentDpi] = m_documentDpi;
+    m_saveParams[Key::NewVersion] = m_newVersion;
+    if (m_newVersion) {
+        fillPlacementParams();
+        fillBoundsParams();
+        m_saveParams[Key::WarpStyle] = m_warpStyle;
+        m_saveParams[Key::WarpValue] = percent(m_warpValue);
+        m_saveParams[Key::WarpHorizontalValue] = percent(m_warpHorizontalValue);
+        m_saveParams[Key::WarpVerticalValue] = percent(m_warpVerticalValue);
+        m_saveParams[Key::WarpOrientation] = m_warpOrientation;
+    }
+    storeImageInParams();
+    m_saveParams.remove(Key::HasImage);
+}
+
+void CWordProcess::fillPlacementParams()
+{
+    const QTransform placement = getTextTransform();
+    m_saveParams[Key::TransformXx] = placement.m11();
+    m_saveParams[Key::TransformYy] = placement.m22();
+    m_saveParams[Key::TransformXy] = placement.m12();
+    m_saveParams[Key::TransformYx] = placement.m21();
+    m_saveParams[Key::TransformTx] = placement.dx();
+    m_saveParams[Key::TransformTy] = placement.dy();
+}
+
+void CWordProcess::fillBoundsParams()
+{
+    const QRectF &client = m_clientRect;
+    if (!m_wordWrap) {
+        const double right = (client.x() + client.width()) / divisor(m_scaleX);
+        const double bottom = (client.y() + client.height()) / divisor(m_scaleY);
+        m_saveParams[Key::BoxLeft] = m_saveParams[Key::BoundingLeft] = client.x();
+        m_saveParams[Key::BoxTop] = m_saveParams[Key::BoundingTop] = client.y();
+        m_saveParams[Key::BoxRight] = m_saveParams[Key::BoundingRight] = right;
+        m_saveParams[Key::BoxBottom] = m_saveParams[Key::BoundingBottom] = bottom;
+        return;
+    }
+    const BoundsMargins &m = m_boundsMargins;
+    const double kx = divisor(m_transformScaleX);
+    const double ky = divisor(m_transformScaleY);
+    const double right = m_textPathsRect.x() + m_textPathsRect.width();
+    const double bottom = m_textPathsRect.y() + m_textPathsRect.height();
+    m_saveParams[Key::BoxLeft] = 0;
+    m_saveParams[Key::BoxTop] = 0;
+    m_saveParams[Key::BoxRight] = (right + m.left - m.right) / kx;
+    m_saveParams[Key::BoxBottom] = (bottom + m.top - m.bottom) / ky;
+    m_saveParams[Key::BoundingLeft] = m.left / kx;
+    m_saveParams[Key::BoundingTop] = m.top / ky;
+    m_saveParams[Key::BoundingRight] = (right + m.left) / kx;
+    m_saveParams[Key::BoundingBottom] = (bottom + m.top) / ky;
+}
+
+/// Keeps the object's look as pixels, for machines without its fonts.
+void CWordProcess::storeImageInParams()
+{
+    QRectF area;
+    const QImage image = getImageFromObject(area, false);
+    IDocumentHost *document = getDocument();
+    if (!document || image.isNull())
+        return;
+    m_saveParams[Key::ImageX] = area.x();
+    m_saveParams[Key::ImageY] = area.y();
+    QString name;
+    QString second;
+    document->storeImage(image, name, second, 0, 0, true);
+    m_saveParams[Key::FontImage] = name;
+}
+
+bool CWordProcess::load(QDataStream &stream)
+{
+    CBaseObject::load(stream);
+    QString olderText;
+    stream >> olderText; // "" in every record but the oldest
+    readSaveParams(olderText);
+    readFontImage([&](IDocumentHost &document, QString &name) {
+        document.readImageFromStream(stream, &m_fontImage, 0, name);
+    });
+    finishLoading();
+    return true;
+}
+
+bool CWordProcess::loadJson(QJsonObject &json)
+{
+    CBaseObject::loadJson(json);
+    readSaveParams(json.value(Key::JsonContent).toString());
+    readFontImage([&](IDocumentHost &document, QString &name) {
+        document.readImageFromJson(json, &m_fontImage, Key::JsonImage, 0, name);
+    });
+    finishLoading();
+    return true;
+}
+
+void CWordProcess::readSaveParams(const QString &olderText)
+{
+    if (IDocumentHost *document = getDocument())
+        m_documentDpi = acceptedDpi(document->getDpi(), m_documentDpi);
+    if (m_saveParams.contains(Key::DefaultWord))
+        m_defaultWord = m_saveParams.value(Key::DefaultWord).toString();
+    if (m_saveParams.contains(Key::DefaultFollow))
+        m_defaultFollow = m_saveParams.value(Key::DefaultFollow).toBool();
+    if (m_saveParams.contains(Key::TextOrientation))
+        m_textOrientation = m_saveParams.value(Key::TextOrientation).toInt();
+    if (m_saveParams.contains(Key::WordWrap)) {
+        m_wordWrap = m_saveParams.value(Key::WordWrap).toBool();
+        m_wordManager->setWordWrap(m_wordWrap);
+    }
+    if (m_saveParams.contains(Key::DocumentData))
+        readDocumentData();
+    else
+        readHtml(olderText);
+    m_wordManager->setWordWrap(m_wordWrap); // the document string may have set the flag
+
+    m_newVersion = m_saveParams.value(Key::NewVersion).toBool();
+    if (!m_newVersion)
+        return;
+    const QSizeF size = readBounds();
+    readPlacement(size);
+}
+
+void CWordProcess::readHtml(const QString &html)
+{
+    HtmlDocument reader;
+    reader.setHtml(html);
+    QTextCursor(m_document).insertFragment(QTextDocumentFragment(&reader));
+    deserialization(serialize(false), false); // the formats take on our own vocabulary
+    m_autoWordWrap = false;
+    px2pt(screenDpiX());
+}
+
+void CWordProcess::readDocumentData()
+{
+    deserialization(m_saveParams.value(Key::DocumentData).toString(), false);
+    m_autoWordWrap = false; // deliberate: a growing box is never restored from a record
+    if (!m_saveParams.contains(Key::DocumentDpi))
+        return;
+    const int storedDpi = m_saveParams.value(Key::DocumentDpi).toInt();
+    if (storedDpi != m_documentDpi && acceptedDpi(storedDpi, 0) == storedDpi)
+        px2pt(storedDpi);
+}
+
+/// Restores the overhang of box text. \return the size around the paths, (-1, -1) when none is stored
+QSizeF CWordProcess::readBounds()
+{
+    if (!m_saveParams.contains(Key::BoxLeft))
+        return QSizeF(-1.0, -1.0);
+    const double left = real(m_saveParams, Key::BoundingLeft);
+    const double top = real(m_saveParams, Key::BoundingTop);
+    const double right = real(m_saveParams, Key::BoundingRight);
+    const double bottom = real(m_saveParams, Key::BoundingBottom);
+    if (m_wordWrap) {
+        m_boundsMargins.left = left;
+        m_boundsMargins.top = top;
+        m_boundsMargins.right = right - real(m_saveParams, Key::BoxRight);
+        m_boundsMargins.bottom = bottom - real(m_saveParams, Key::BoxBottom);
+    }
+    return QSizeF(right - left, bottom - top);
+}
+
+void CWordProcess::readPlacement(const QSizeF &size)
+{
+    const double dx = real(m_saveParams, Key::TransformTx);
+    const double dy = real(m_saveParams, Key::TransformTy);
+    if (!m_saveParams.contains(Key::TransformXx)) {
+        m_fontImageClient.setLeft(dx);
+        m_fontImageClient.setTop(dy);
+        m_textOffset = mapFromScene(m_fontImageClient.topLeft());
+    } else {
+        readPlacementMatrix();
+        m_fontImageClient =
+            QRectF(dx, dy, size.width() * m_scaleX, size.height() * m_scaleY);
+    }
+    m_textPathsRect.setSize(m_fontImageClient.size());
+}
+
+/// Takes rotation and stretch out of the stored matrix; flip and mirror are known already.
+void CWordProcess::readPlacementMatrix()
+{
+    const double m11 = real(m_saveParams, Key::TransformXx);
+    const double m12 = real(m_saveParams, Key::TransformXy);
+    const double m21 = real(m_saveParams, Key::TransformYx);
+    const double m22 = real(m_saveParams, Key::TransformYy);
+    m_fontImageRotation = std::atan2(m12, m11) * 180.0 / M_PI;
+    if (m_mirror)
+        m_fontImageRotation = 180.0 - m_fontImageRotation;
+    if (m_flip)
+        m_fontImageRotation = -m_fontImageRotation;
+    if (m_fontImageRotation == 0.0 && rotation() != 0.0)
+        m_fontImageRotation = rotation();
+    const double cosine =
+        QString::number(std::cos(qDegreesToRadians(m_fontImageRotation)), 'f', 6).toDouble();
+    m_scaleX = cosine == 0.0 ? std::abs(m12) : std::abs(m11 / cosine);
+    m_scaleY = cosine == 0.0 ? std::abs(m21) : std::abs(m22 / cosine);
+}
+
+void CWordProcess::readFontImage(
+    const std::function<void(IDocumentHost &, QString &)> &readOlderImage)
+{
+    const bool stored = m_saveParams.contains(Key::FontImage);
+    if (!stored && !m_saveParams.contains(Key::HasImage))
+        return;
+    if (IDocumentHost *document = getDocument()) {
+        QString name = m_saveParams.value(Key::FontImage).toString();
+        if (!stored) {
+            readOlderImage(*document, name);
+        } else if (const QImageEx *image = document->imageByName(name)) {
+            m_fontImage = image->toImage();
+        }
+        if (!m_fontImage.isNull()) {
+            m_fontImagePos =
+                QPointF(real(m_saveParams, Key::ImageX), real(m_saveParams, Key::ImageY));
+            m_fontImageSize = m_fontImage.size();
+        }
+    }
+    fontExists(m_saveParams.value(Key::DocumentData).toString()); // for the lists that it fills
+}
+
+void CWordProcess::finishLoading()
+{
+    m_created = true;
+    updateAfterObjRectChanged(this, true);
+    if (m_fontImage.isNull())
+        updateBoundingRectImpl(true);
+    else
+        showFontImage();
+    setControlPointDisable(false);
+    setHandlesDisable(CObjAction::ACT_Rotate, false);
+    setShowHandles(this, isSelected(), true);
+}
+
+/// Stands as the picture, and leaves it at once when all fonts are there.
+void CWordProcess::showFontImage()
+{
+    rotateObj(-rotation(), false);
+    updatePosition(this, QRectF(m_fontImagePos, m_fontImageSize));
+    m_showFontImage = true;
+    m_fontImageScaleX = 1.0;
+    m_fontImageScaleY = 1.0;
+    m_baseSize = m_fontImageSize;
+    if (!m_newVersion || m_fontImageClient.width() < 0.0 || m_fontImageClient.height() < 0.0) {
+        m_fontImageClient = QRectF(m_fontImagePos, m_fontImageSize);
+        m_textPathsRect.setSize(m_fontImageSize);
+    }
+    if (!fontExists(m_saveParams.value(Key::DocumentData).toString()))
+        return;
+    const bool locked = isLocked();
+    if (locked)
+        setLocked(false, false, false);
+    img2paths();
+    if (locked)
+        setLocked(true, false, false);
+}
