@@ -5,7 +5,10 @@
 
 #include "host/framework/documenthost.h"
 
-/// A document with one resolution, one undo stack and the images that its objects store.
+#include <memory>
+
+/// A document with one resolution, an undo stack of its own and the images that its objects store.
+/// It outlives its pages.
 class Document : public DocumentHost
 {
 public:
@@ -17,8 +20,12 @@ public:
     explicit Document(int dpi = defaultDpi);
     ~Document() override;
 
-    /// \a dpi as in the constructor, but a value out of range changes nothing.
     static bool isValidDpi(int dpi) { return dpi >= minimumDpi && dpi <= maximumDpi; }
+
+private:
+    Document(int dpi, std::unique_ptr<CUndoRedo> stack);
+
+    std::unique_ptr<CUndoRedo> m_undoStack;
 };
 
 #endif

@@ -1,0 +1,522 @@
+// SPDX-License-Identifier: MIT
+// Runs the built program, with the font of squares as the only font that is installed.
+#include <QImage>
+#include <QPainter>
+#include <QProcess>
+#include <QSvgRenderer>
+#include <QtTest>
+
+namespace {
+
+constexpr int runTimeout = 100000; ///< milliseconds; far above what the slowest run takes
+
+struct Run {
+    int exitCode = -1;
+    bool ended = false; ///< by itself: neither killed nor crashed
+    QString out;
+    QString err;
+};
+
+struct Ink {
+    int pixels = 0;
+    QRect bounds;
+};
+
+Ink inkOf(const QImage &image)
+{
+    Ink ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) < 128) {
+                ++ink.pixels;
+                ink.bounds |= QRect(x, y, 1, 1);
+            }
+        }
+    }
+    return ink;
+}
+
+/// All streams of a PDF, uncompressed.
+QByteArray pdfStreams(const QByteArray &pdf)
+{
+    QByteArray all;
+    for (int at = pdf.indexOf("stream\n"); at >= 0; at = pdf.indexOf("stream\n", at)) {
+        at += int(qstrlen("stream\n"));
+        const int end = pdf.indexOf("endstream", at);
+        QByteArray packed(4, '\0'); // the length that qUncompress wants, as a hint only
+        packed[2] = '\x10';
+        all += qUncompress(packed + pdf.mid(at, end - at));
+        at = end + int(qstrlen("endstream"));
+    }
+    return all;
+}
+
+QByteArray document(const QByteArray &runs, const QByteArray &header = QByteArray())
+{
+    return "{\"block\":[{}],\"fragment\":[[" + runs + "]]" + header + "}";
+}
+
+} // namespace
+
+class TestPageRender : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void helpAndVersionAreShown_data();
+    void helpAndVersionAreShown();
+    void wrongUsage_data();
+    void wrongUsage();
+    void whatCannotBeDone_data();
+    void whatCannotBeDone();
+    void badDocuments_data();
+    void badDocuments();
+    void oddDocumentsAreRendered_data();
+    void oddDocumentsAreRendered();
+    void oldFileIsKeptOnFailure();
+    void unwritableOutput();
+    void pngShowsTheText();
+    void verticalTextIsHigh();
+    void sizeColorAndBackgroundCount();
+    void dpiMultipliesThePage();
+    void scaleDoublesThePicture();
+    void marginIsAroundTheInk();
+    void svgHasOutlinesAndLooksLikeThePng();
+    void pdfHasOutlinesAndNoFont();
+    void lineEndsAreEqual();
+    void documentOfATextLooksLikeTheText();
+    void longTextIsRendered();
+    void endsWithoutALibrary();
+
+private:
+    Run run(const QStringList &arguments) const;
+    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
+    QString write(const char *name, const QByteArray &bytes) const;
+    QByteArray read(const char *name) const;
+    QImage picture(const QByteArray &text, const QStringList &more = QStringList()) const;
+
+    QTemporaryDir m_fonts;
+    std::unique_ptr<QTemporaryDir> m_dir;
+};
+
+void TestPageRender::initTestCase()
+{
+    QFile config(m_fonts.filePath(QStringLiteral("fonts.conf")));
+    QVERIFY(config.open(QIODevice::WriteOnly));
+    config.write("<?xml version=\"1.0\"?><fontconfig><dir>" VX_SOURCE_DIR "/tests/support</dir>"
+                 "<cachedir>" + QFile::encodeName(m_fonts.path()) + "</cachedir></fontconfig>\n");
+}
+
+void TestPageRender::init()
+{
+    m_dir = std::make_unique<QTemporaryDir>();
+    QVERIFY(m_dir->isValid());
+}
+
+Run TestPageRender::run(const QStringList &arguments) const
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("FONTCONFIG_FILE"),
+                       m_fonts.filePath(QStringLiteral("fonts.conf")));
+    for (const char *display : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
+        environment.remove(QLatin1String(display));
+    process.setProcessEnvironment(environment);
+    process.setWorkingDirectory(m_dir->path());
+    process.start(QStringLiteral(PAGERENDER_PROGRAM), arguments);
+    Run result;
+    result.ended = process.waitForFinished(runTimeout)
+                   && process.exitStatus() == QProcess::NormalExit;
+    result.exitCode = process.exitCode();
+    result.out = QString::fromUtf8(process.readAllStandardOutput());
+    result.err = QString::fromUtf8(process.readAllStandardError());
+    return result;
+}
+
+QString TestPageRender::write(const char *name, const QByteArray &bytes) const
+{
+    QFile file(path(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", name);
+    return file.fileName();
+}
+
+QByteArray TestPageRender::read(const char *name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// The PNG of \a text in squares of 16 px, or a null image, with the program's message in the log.
+QImage TestPageRender::picture(const QByteArray &text, const QStringList &more) const
+{
+    write("picture.txt", text);
+    QFile::remove(path("picture.png"));
+    const Run result = run(QStringList{QStringLiteral("--text"), QStringLiteral("picture.txt"),
+                                       QStringLiteral("--font"), QStringLiteral("BoxTest"),
+                                       QStringLiteral("-o"), QStringLiteral("picture.png")}
+                           + (more.contains(QLatin1String("--size"))
+                                  ? QStringList()
+                                  : QStringList{QStringLiteral("--size"), QStringLiteral("12")})
+                           + more);
+    if (!result.ended || result.exitCode != 0)
+        qWarning("%s", qPrintable(result.err));
+    return QImage(path("picture.png"));
+}
+
+void TestPageRender::helpAndVersionAreShown_data()
+{
+    QTest::addColumn<QString>("option");
+    QTest::addColumn<QString>("part");
+    QTest::newRow("--help") << "--help" << "--document <file>";
+    QTest::newRow("-h") << "-h" << "--vertical";
+    QTest::newRow("--version") << "--version" << "pagerender " PAGERENDER_VERSION "\n";
+}
+
+void TestPageRender::helpAndVersionAreShown()
+{
+    QFETCH(QString, option);
+    QFETCH(QString, part);
+    const Run result = run({option});
+    QVERIFY(result.ended);
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.out.contains(part), qPrintable(result.out));
+    QCOMPARE(result.err, QString());
+}
+
+void TestPageRender::wrongUsage_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("part");
+    const auto row = [](const char *arguments, const char *part) {
+        QTest::newRow(*arguments ? arguments : "nothing")
+            << QString::fromLatin1(arguments) << QString::fromLatin1(part);
+    };
+    row("", "one of --text and --document");
+    row("--text a.txt --document a.json -o o.png", "one of --text and --document");
+    row("--text a.txt", "no output");
+    row("--text a.txt -o o.bmp", "unknown kind of output");
+    row("--text a.txt -o png", "unknown kind of output");
+    row("--text a.txt -o o.png b.txt", "unexpected argument 'b.txt'");
+    row("--text a.txt -o o.png --colour red", "colour");
+    row("--text a.txt -o o.png --color nocolour", "--color: 'nocolour'");
+    row("--text a.txt -o o.png --background #12", "--background: '#12'");
+    row("--text a.txt -o o.png --size 0", "--size: '0'");
+    row("--text a.txt -o o.png --size -3", "--size: '-3'");
+    row("--text a.txt -o o.png --size nan", "--size: 'nan'");
+    row("--text a.txt -o o.png --size large", "--size: 'large'");
+    row("--text a.txt -o o.png --dpi 0", "--dpi: '0'");
+    row("--text a.txt -o o.png --dpi 9601", "--dpi: '9601'");
+    row("--text a.txt -o o.png --dpi 1.5", "whole");
+    row("--text a.txt -o o.png --margin -1", "--margin: '-1'");
+    row("--text a.txt -o o.png --scale 0", "--scale: '0'");
+    row("--text a.txt -o o.png --scale 1e9", "--scale: '1e9'");
+    row("--text a.txt -o o.svg --scale 2", "--scale is for PNG only");
+    row("--document a.json -o o.png --vertical", "--vertical is for --text only");
+    row("--document a.json -o o.png --font BoxTest", "--font is for --text only");
+}
+
+void TestPageRender::wrongUsage()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, part);
+    const Run result = run(arguments.split(QLatin1Char(' '), Qt::SkipEmptyParts));
+    QVERIFY(result.ended);
+    QCOMPARE(result.exitCode, 2);
+    QVERIFY2(result.err.contains(part), qPrintable(result.err));
+    QCOMPARE(result.out, QString());
+}
+
+void TestPageRender::whatCannotBeDone_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<QString>("part");
+    const auto row = [](const char *name, const QByteArray &text, const char *options,
+                        const char *part) {
+        QTest::newRow(name) << text << QString::fromLatin1(options) << QString::fromLatin1(part);
+    };
+    row("missing file", QByteArray(), "--text missing.txt -o o.png", "cannot read 'missing.txt'");
+    row("directory", QByteArray(), "--text . -o o.png", "directory");
+    row("Latin-1", "caf\xE9", "--text a.txt -o o.png", "not UTF-8: bad byte 3");
+    row("surrogate", "ab\xED\xA0\x80", "--text a.txt -o o.png", "not UTF-8: bad byte 2");
+    row("NUL", QByteArray("abc\0d", 5), "--text a.txt -o o.png", "NUL at byte 3");
+    row("unknown font", "a", "--text a.txt --font NoSuchFamily -o o.png",
+        "unknown font 'NoSuchFamily'");
+    row("empty text", "", "--text a.txt --font BoxTest -o o.png", "the page is empty");
+    row("spaces", " \t\n  \n", "--text a.txt --font BoxTest -o o.svg", "the page is empty");
+    row("wide", QByteArray(5000, 'a'), "--text a.txt --font BoxTest -o o.png", "above 32767");
+    row("wide SVG", QByteArray(5000, 'a'), "--text a.txt --font BoxTest -o o.svg", "above 32767");
+    row("many lines", QByteArray(30000, '\n') + "a", "--text a.txt --font BoxTest -o o.pdf",
+        "too large for a page");
+    row("huge size", "a", "--text a.txt --font BoxTest --size 1e9 -o o.png", "too large");
+    row("huger size", "a", "--text a.txt --font BoxTest --size 1e300 -o o.png", "too large");
+    row("scaled", "aaaa", "--text a.txt --font BoxTest --size 1000 --scale 50 -o o.png",
+        "above 32767");
+    row("three million", QByteArray(3000000, 'a'), "--text a.txt --font BoxTest -o o.png",
+        "too large for a page");
+    row("no such folder", "a", "--text a.txt --font BoxTest -o none/o.png",
+        "cannot write 'none/o.png'");
+}
+
+void TestPageRender::whatCannotBeDone()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, options);
+    QFETCH(QString, part);
+    write("a.txt", text);
+    const Run result = run(options.split(QLatin1Char(' ')));
+    QVERIFY2(result.ended, qPrintable(result.err));
+    QVERIFY2(result.exitCode == 1, qPrintable(result.err));
+    QVERIFY2(result.err.contains(part), qPrintable(result.err));
+    const QStringList left = QDir(m_dir->path()).entryList(QDir::Files);
+    QCOMPARE(left, QStringList({QStringLiteral("a.txt")}));
+}
+
+void TestPageRender::badDocuments_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("part");
+    const auto row = [](const char *name, const QByteArray &json, const char *part) {
+        QTest::newRow(name) << json << QString::fromLatin1(part);
+    };
+    const QByteArray nested = QByteArray(200000, '[') + QByteArray(200000, ']');
+    row("empty", "", "no JSON");
+    row("no JSON", "\"block", "no JSON");
+    row("a number", "12", "no JSON");
+    row("a list", "[]", "lacks");
+    row("deeply nested", nested, "no JSON");
+    row("nested inside", "{\"block\":" + nested + ",\"fragment\":[]}", "no JSON");
+    row("no fragment", "{\"block\":[]}", "lacks");
+    row("sizes differ", "{\"block\":[{}],\"fragment\":[]}", "1 in \"block\", 0 in \"fragment\"");
+    row("no blocks", "{\"block\":[],\"fragment\":[]}", "the page is empty");
+    row("wrong types", "{\"block\":[1,\"x\",null],\"fragment\":[2,{},[3,[],\"y\"]]}", "empty");
+    row("10 MB of one text",
+        document("{\"font_family\":\"BoxTest\",\"content\":\"" + QByteArray(10000000, 'a') + "\"}"),
+        "too large for a page");
+    row("unknown font", document("{\"font_family\":\"NoSuchFamily\",\"content\":\"a\"}"),
+        "unknown font 'NoSuchFamily'");
+    row("size 1e9",
+        document("{\"font_family\":\"BoxTest\",\"font_pointsize\":1e9,\"content\":\"a\"}"), "");
+}
+
+void TestPageRender::badDocuments()
+{
+    QFETCH(QByteArray, json);
+    QFETCH(QString, part);
+    write("a.json", json);
+    const Run result = run({QStringLiteral("--document"), QStringLiteral("a.json"),
+                            QStringLiteral("-o"), QStringLiteral("o.png")});
+    QVERIFY2(result.ended, qPrintable(result.err));
+    QVERIFY2(result.exitCode == 1, qPrintable(result.err));
+    QVERIFY2(result.err.contains(part), qPrintable(result.err));
+    QVERIFY(!QFile::exists(path("o.png")));
+}
+
+void TestPageRender::oddDocumentsAreRendered_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    const auto row = [](const char *name, const QByteArray &json) {
+        QTest::newRow(name) << json;
+    };
+    const QByteArray sized = "{\"font_family\":\"BoxTest\",\"font_pointsize\":12,\"content\":";
+    const QByteArray good = sized + "\"ab\"}";
+    row("unpaired surrogates", document(sized + "\"a\\ud800b\\udc00\"}"));
+    row("size 0", document("{\"font_family\":\"BoxTest\",\"font_pointsize\":0,\"content\":\"x\"},"
+                           + good));
+    row("size is no number",
+        document("{\"font_family\":\"BoxTest\",\"font_pointsize\":\"nan\",\"content\":\"x\"},"
+                 + good));
+    row("no format", document("{\"content\":\"ab\"}"));
+    row("wrong types in the header",
+        document(good, ",\"text_direction\":\"x\",\"cursor_position\":{},\"selection_end\":1e300,"
+                       "\"warp_style\":[],\"transform_xx\":\"y\",\"font_replaced\":7"));
+    row("stretch 0", document(good, ",\"transform_xx\":0,\"transform_yy\":0"));
+    row("direction 99", document(good, ",\"text_direction\":99"));
+    row("10 MB of an unknown key",
+        document(good, ",\"unknown\":\"" + QByteArray(10000000, 'u') + "\""));
+}
+
+// None of these asks for more than that the program ends by itself with a picture, or says why not.
+void TestPageRender::oddDocumentsAreRendered()
+{
+    QFETCH(QByteArray, json);
+    write("a.json", json);
+    const Run result = run({QStringLiteral("--document"), QStringLiteral("a.json"),
+                            QStringLiteral("-o"), QStringLiteral("o.png")});
+    QVERIFY2(result.ended, qPrintable(result.err));
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    QVERIFY(inkOf(QImage(path("o.png"))).pixels > 0);
+}
+
+void TestPageRender::oldFileIsKeptOnFailure()
+{
+    write("a.txt", " ");
+    for (const char *name : {"o.png", "o.svg", "o.pdf"}) {
+        write(name, "old");
+        const Run result = run({QStringLiteral("--text"), QStringLiteral("a.txt"),
+                                QStringLiteral("-o"), QLatin1String(name)});
+        QCOMPARE(result.exitCode, 1);
+        QCOMPARE(read(name), QByteArrayLiteral("old"));
+    }
+}
+
+void TestPageRender::unwritableOutput()
+{
+    write("a.txt", "a");
+    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.png")));
+    const Run result = run({QStringLiteral("--text"), QStringLiteral("a.txt"),
+                            QStringLiteral("--font"), QStringLiteral("BoxTest"),
+                            QStringLiteral("-o"), QStringLiteral("folder.png")});
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.err.contains(QLatin1String("cannot write 'folder.png'")),
+             qPrintable(result.err));
+}
+
+// In squares of 16 px "ag" covers 6 x 6 at (1, -6) and 6 x 8 at (9, -6).
+void TestPageRender::pngShowsTheText()
+{
+    const QImage image = picture("ag", {QStringLiteral("--margin"), QStringLiteral("3")});
+    QCOMPARE(image.size(), QSize(14 + 6, 8 + 6));
+    const Ink ink = inkOf(image);
+    QCOMPARE(ink.bounds, QRect(3, 3, 14, 8));
+    QCOMPARE(ink.pixels, 6 * 6 + 6 * 8);
+    QCOMPARE(image.pixelColor(4, 4), QColor(Qt::black));
+    QCOMPARE(image.pixelColor(0, 0), QColor(Qt::white));
+}
+
+void TestPageRender::verticalTextIsHigh()
+{
+    const QByteArray text = QByteArrayLiteral("中文国人");
+    const QSize lines = picture(text, {QStringLiteral("--margin"), QStringLiteral("0")}).size();
+    const QSize columns = picture(text, {QStringLiteral("--margin"), QStringLiteral("0"),
+                                         QStringLiteral("--vertical")}).size();
+    QCOMPARE(lines, QSize(16 * 4 - 2, 14));
+    QCOMPARE(columns, QSize(14, 16 * 4 - 2));
+}
+
+void TestPageRender::sizeColorAndBackgroundCount()
+{
+    const QImage image = picture("a", {QStringLiteral("--size"), QStringLiteral("24"),
+                                       QStringLiteral("--margin"), QStringLiteral("1"),
+                                       QStringLiteral("--color"), QStringLiteral("#123456"),
+                                       QStringLiteral("--background"),
+                                       QStringLiteral("transparent")});
+    QCOMPARE(image.size(), QSize(14, 14));
+    QCOMPARE(image.pixelColor(5, 5), QColor(0x12, 0x34, 0x56));
+    QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
+}
+
+void TestPageRender::dpiMultipliesThePage()
+{
+    const QStringList noMargin{QStringLiteral("--margin"), QStringLiteral("0")};
+    const QSize once = picture("ag", noMargin).size();
+    const QImage twice = picture("ag", noMargin + QStringList{QStringLiteral("--dpi"),
+                                                              QStringLiteral("192")});
+    QCOMPARE(twice.size(), once * 2);
+    QCOMPARE(twice.dotsPerMeterX(), 7559);
+}
+
+void TestPageRender::scaleDoublesThePicture()
+{
+    const QImage once = picture("ag");
+    const QImage twice = picture("ag", {QStringLiteral("--scale"), QStringLiteral("2")});
+    QCOMPARE(twice.size(), once.size() * 2);
+    QCOMPARE(inkOf(twice).pixels, inkOf(once).pixels * 4);
+}
+
+void TestPageRender::marginIsAroundTheInk()
+{
+    const QSize bare = picture("ag", {QStringLiteral("--margin"), QStringLiteral("0")}).size();
+    const QSize wide = picture("ag", {QStringLiteral("--margin"), QStringLiteral("50")}).size();
+    QCOMPARE(wide, bare + QSize(100, 100));
+    QCOMPARE(picture("ag").size(), bare + QSize(40, 40));
+}
+
+void TestPageRender::svgHasOutlinesAndLooksLikeThePng()
+{
+    const QImage png = picture("ag\n中x");
+    const Run result = run({QStringLiteral("--text"), QStringLiteral("picture.txt"),
+                            QStringLiteral("--font"), QStringLiteral("BoxTest"),
+                            QStringLiteral("--size"), QStringLiteral("12"),
+                            QStringLiteral("-o"), QStringLiteral("o.svg")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    const QByteArray svg = read("o.svg");
+    QVERIFY(svg.contains("<path "));
+    QVERIFY(!svg.contains("<text"));
+    QVERIFY(!svg.contains("<image"));
+    QSvgRenderer renderer(svg);
+    QVERIFY(renderer.isValid());
+    QCOMPARE(renderer.viewBox().size(), png.size());
+    QImage drawn(png.size(), QImage::Format_ARGB32_Premultiplied);
+    drawn.fill(Qt::transparent);
+    QPainter painter(&drawn);
+    renderer.render(&painter);
+    painter.end();
+    QCOMPARE(drawn.convertToFormat(QImage::Format_RGB32), png.convertToFormat(QImage::Format_RGB32));
+}
+
+void TestPageRender::pdfHasOutlinesAndNoFont()
+{
+    write("a.txt", "ag");
+    const Run result = run({QStringLiteral("--text"), QStringLiteral("a.txt"),
+                            QStringLiteral("--font"), QStringLiteral("BoxTest"),
+                            QStringLiteral("-o"), QStringLiteral("o.pdf")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    const QByteArray pdf = read("o.pdf");
+    QVERIFY(pdf.startsWith("%PDF-"));
+    QVERIFY(!pdf.contains("/FontFile"));
+    const QByteArray drawing = pdfStreams(pdf);
+    QVERIFY2(drawing.contains(" l\n"), drawing.constData());
+    QVERIFY2(!drawing.contains(" Tj"), drawing.constData());
+}
+
+void TestPageRender::lineEndsAreEqual()
+{
+    const QImage lines = picture("ag\nx\n\nb");
+    QVERIFY(!lines.isNull());
+    QCOMPARE(picture("ag\r\nx\r\n\r\nb\r\n"), lines);
+    QCOMPARE(picture("\xEF\xBB\xBF" "ag\rx\r\rb"), lines);
+}
+
+void TestPageRender::documentOfATextLooksLikeTheText()
+{
+    write("a.json", document("{\"font_family\":\"BoxTest\",\"font_pointsize\":12,"
+                             "\"pen_color\":\"#000000\",\"content\":\"ag中\"}",
+                             ",\"text_direction\":2"));
+    const Run result = run({QStringLiteral("--document"), QStringLiteral("a.json"),
+                            QStringLiteral("-o"), QStringLiteral("o.png")});
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    const QImage text = picture("ag中", {QStringLiteral("--vertical")});
+    QVERIFY(!text.isNull());
+    QCOMPARE(QImage(path("o.png")), text);
+}
+
+void TestPageRender::longTextIsRendered()
+{
+    QByteArray text;
+    for (int line = 0; line < 1000; ++line)
+        text += "the quick brown fox jumps over the lazy dog\n";
+    const QImage image = picture(text);
+    QVERIFY(!image.isNull());
+    QVERIFY(image.height() > 1000 * 8);
+    QVERIFY(inkOf(image).pixels > 35 * 1000);
+}
+
+void TestPageRender::endsWithoutALibrary()
+{
+    write("a.txt", "a");
+    const Run result = run({QStringLiteral("--text"), QStringLiteral("a.txt"),
+                            QStringLiteral("--font"), QStringLiteral("BoxTest"),
+                            QStringLiteral("--plugin"), QStringLiteral("none.so"),
+                            QStringLiteral("-o"), QStringLiteral("o.png")});
+    QVERIFY(result.ended);
+    QCOMPARE(result.exitCode, 1);
+    QVERIFY2(result.err.contains(QLatin1String("no text objects")), qPrintable(result.err));
+}
+
+QTEST_GUILESS_MAIN(TestPageRender)
+#include "tst_pagerender.moc"
