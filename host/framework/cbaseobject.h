@@ -7,6 +7,8 @@
 
 #include <QGraphicsTextItem>
 
+#include <memory>
+
 class FRAMEWORK_EXPORT CBaseObject : public QGraphicsTextItem, public CVXRootObject
 {
     Q_OBJECT
@@ -32,7 +34,8 @@ public:
     void OnQPainterDraw(QPainter *painter) override;
     bool canDo(OperationType operation) override;
     void update() override;
-    using QGraphicsItem::update;
+    /// Repaints the part \a rect, item coordinates.
+    void update(const QRectF &rect);
     bool save(QDataStream &stream) override;
     bool load(QDataStream &stream) override;
     bool saveJson(QJsonObject &json) override;
@@ -42,6 +45,7 @@ public:
     /// Moves the item.
     void setPos(const QPointF &pos, bool undo) override;
     bool isVisible() const override { return QGraphicsItem::isVisible(); }
+    void updateAfterObjRectChanged(QGraphicsItem *item, bool notify) override;
 
     /// Told that the property \a code has changed; ObjectProperty::Appearance repaints the object.
     virtual void notifyObjPropertyChanged(int code, const QString &detail);
@@ -60,8 +64,17 @@ protected:
 
 private:
     struct Drag; ///< where a move, resize or rotation began
+    void selectOnPress(const QGraphicsSceneMouseEvent &event);
+    void moveTo(const QPointF &scenePos);
+    void resizeTo(const QPointF &scenePos);
+    void rotateTo(const QPointF &scenePos, bool inSteps);
+    void finishDrag();
+    void syncBounds();
+
     std::unique_ptr<Drag> m_drag;
     bool m_layerEffect = true;
+    QRectF m_bounds;      ///< what boundingRect() answers: the client rectangle with its handles
+    QRectF m_knownBounds; ///< the boundingRect() that the scene was told last
 };
 
 #endif

@@ -5,7 +5,6 @@
 
 #include "host/framework/framework_global.h"
 
-#include <QHash>
 #include <QUndoCommand>
 #include <QUndoStack>
 
@@ -26,9 +25,17 @@ public:
     CVXRootObject *object() const { return m_object; }
 
 protected:
-    CVXRootObject *m_object = nullptr; ///< the object of the step; kept alive by the stack
+    /// The object of the step. From push() on it is kept alive for the step; when something else than its
+    /// Release() deletes it, the pointer becomes null: undo() and redo() have to test it.
+    CVXRootObject *m_object = nullptr;
 
 private:
+    friend class CUndoRedo;
+    friend class CVXRootObject;
+    void countWithObject();
+    void forgetObject();
+
+    CVXRootObject *m_counted = nullptr; ///< the object that knows of this step
     int m_idxCmd = -1;
 };
 
@@ -47,6 +54,17 @@ public:
 
     /// Takes ownership of \a step and runs its redo() once at once. Null does nothing.
     void push(CWbUndoCmd *step);
+
+    /// Opens a group: the steps until the matching endGroup() are undone together under \a actionKey. A group
+    /// in which nothing is pushed leaves no step. Groups nest: only the outermost becomes a step.
+    void beginGroup(const QString &actionKey);
+    void endGroup();
+
+private:
+    int m_groupDepth = 0;
+    bool m_groupOpened = false; ///< the macro of the outermost group has begun
+    QString m_groupKey;
+    static void countSteps(const QUndoCommand *step);
 };
 
 #endif

@@ -13,10 +13,10 @@
 #include <QRectF>
 #include <QSet>
 #include <QSizeF>
-
-#include <memory>
+#include <QVector>
 
 class CUndoRedo;
+class CWbUndoCmd;
 class IDocumentHost;
 class IVxPage;
 class QDataStream;
@@ -71,8 +71,10 @@ public:
     virtual QRectF getDrawClientRect() { return m_clientRect; }
     /// Outline of what the object shows, in item coordinates.
     virtual QPainterPath getClientPath();
-    /// Renders the object into an image. \a rect receives its area in scene coordinates without the
-    /// rotation; \a withHandles paints the handles too. Null image for an object without area.
+    /// Renders the object as it lies in the scene, its rotation included, one pixel a scene unit.
+    /// \param rect        receives the upright rectangle of whole scene units that the image covers
+    /// \param withHandles paints the handles too
+    /// \return a premultiplied image; null for an object without area and for one too large for an image
     virtual QImage getImageFromObject(QRectF &rect, bool withHandles);
 
     // Place and size
@@ -84,7 +86,8 @@ public:
     virtual QRectF getClientRect() const { return m_clientRect; }
     /// Moves the object so that the centre of a client area of \a size lies on \a centre (scene).
     void setCenterPos(const QPointF &centre, const QSizeF &size);
-    /// Turns the object about its centre by \a angle degrees.
+    /// Turns the object about the centre of its client rectangle by \a angle degrees, on top of the rotation
+    /// that it has. Not finite: refused.
     virtual void rotateObj(double angle, bool undo);
     virtual double getRotate() const;
     virtual void setZorder(int order);
@@ -136,9 +139,9 @@ public:
     virtual bool load(QDataStream &stream) = 0;
     virtual bool saveJson(QJsonObject &json) = 0;
     virtual bool loadJson(QJsonObject &json) = 0;
-    /// The common fields of an item: a version number, position, rotation, z order, client size, locked
-    /// and created flags, and the whole of m_saveParams. False when the stream or object is no such record;
-    /// what was read of a broken record stays, numbers that are not finite read as 0.
+    /// The common fields of an item: a version number, position, rotation, z order, client size, the flags
+    /// locked, created, flip and mirror, and the whole of m_saveParams. False when the stream or object is no such record:
+    /// nothing changes then. Fields of a wrong type and numbers that are not finite read as 0 or false.
     bool SaveBaseData(QGraphicsItem *item, QDataStream &stream);
     bool LoadBaseData(QGraphicsItem *item, QDataStream &stream);
     bool SaveJsonBaseData(QGraphicsItem *item, QJsonObject &json);
@@ -157,8 +160,14 @@ protected:
     CObjDrawDelegate *m_drawDelegate;   ///< owned
 
 private:
-    friend class CUndoRedo;
     friend class CWbUndoCmd;
+    void addUndoStep(CWbUndoCmd *step);
+    void removeUndoStep(CWbUndoCmd *step);
+    QRectF handleRect(int handle, double scale) const;
+    bool isHandleShown(int handle) const;
+    void setClientRect(const QRectF &rect);
+    QVariantMap baseFields(const QGraphicsItem *item);
+    void setBaseFields(QGraphicsItem *item, const QVariantMap &fields);
 
     IVxPage *m_page;
     int m_objId = 0;
@@ -168,7 +177,7 @@ private:
     bool m_mirrored = false;
     QSet<int> m_disabledHandles;
     AttributeMap m_tempValues;
-    int m_undoReferences = 0;
+    QVector<CWbUndoCmd *> m_undoSteps; ///< pushed steps that refer to this object
     bool m_released = false;
 };
 
