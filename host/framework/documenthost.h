@@ -29,6 +29,8 @@ public:
     /// Not above 0: refused.
     void setDpi(int dpi);
     CUndoRedo *undoStack() const;
+    /// Takes another stack, for a document that owns its own. Not between the two ends of a group.
+    void setUndoStack(CUndoRedo *stack) { m_stack = stack; }
 
     /// Undo groups are macros of the stack: all steps until the matching end are undone together. A group in
     /// which nothing was pushed leaves no step. Groups nest.
