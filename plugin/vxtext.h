@@ -16,7 +16,8 @@ extern "C" {
 /// \param page     the page that holds the object; null for an object that is being loaded
 VXARTTEXT_EXPORT CVXRootObject *createObject_text(int kind, int id, bool finished, IVxPage *page);
 /// Makes an art text object, under the same terms.
-VXARTTEXT_EXPORT CVXRootObject *createObject_arttext(int kind, int id, bool finished, IVxPage *page);
+VXARTTEXT_EXPORT CVXRootObject *createObject_arttext(int kind, int id, bool finished,
+                                                     IVxPage *page);
 }
 
 #endif

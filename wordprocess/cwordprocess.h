@@ -21,12 +21,19 @@
 
 #include <atomic>
 #include <functional>
+#include <mutex>
 
 class CArtText;
 class CTextObjectBase;
 class CWordManager;
 class QJsonArray;
 struct TextLayout;
+
+#ifdef VX_THREAD_SANITIZER
+using PathsMutex = std::mutex; // the sanitizer does not see through QMutex
+#else
+using PathsMutex = QMutex;
+#endif
 
 /// Kinds of the notification "text_operation".
 enum EnumTextOperation : int {
@@ -244,7 +251,7 @@ protected:
     QList<QPainterPath> m_morphPaths; ///< warped copies, empty without a warp
     QRectF m_morphRect;
     QList<QBrush> m_pathBrushes;
-    QMutex m_pathsMutex; ///< guards both path lists, their rectangles and brushes
+    PathsMutex m_pathsMutex; ///< guards both path lists, their rectangles and brushes
     QMap<int, WarpHandler> m_warpHandlers;
     std::atomic<bool> m_flip{false};
     std::atomic<bool> m_mirror{false};
@@ -255,6 +262,7 @@ protected:
     QPointF m_warpMin = QPointF(99999, 99999); ///< running extremes of the warped positions
     QPointF m_warpMax = QPointF(-99999, -99999);
     QRectF m_warpBounds;
+    bool m_pathsArePlaceholder = false; ///< m_textPaths shows m_defaultWord; guarded with them
 
     void initMorphHandles();
     /// Flip about the horizontal centre line, mirror about the vertical one; without the stretch.

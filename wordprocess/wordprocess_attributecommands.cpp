@@ -55,8 +55,8 @@ bool CWordProcess::getAllAttributes(AttributeMap &attributes)
 }
 
 /// Folds the runs and blocks that overlap the document positions from \a start to \a end.
-void CWordProcess::foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat, int start,
-                               int end) const
+void CWordProcess::foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat,
+                               int start, int end) const
 {
     CommonFormats common{*this, charFormat, blockFormat};
     for (QTextBlock block = m_document->findBlock(qMax(0, start));

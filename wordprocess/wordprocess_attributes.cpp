@@ -13,8 +13,8 @@ constexpr int boldWeight = 75;
 constexpr int normalWeight = 50;
 
 using Format = QTextFormat;
-using Store = void (*)(Format &, const QVariant &);            // a value of the map into the format
-using Show = QVariant (*)(const Format &, bool blankMissing);  // a format's value for the map
+using Store = void (*)(Format &, const QVariant &);           // a value of the map into the format
+using Show = QVariant (*)(const Format &, bool blankMissing); // a format's value for the map
 
 struct AttributeRow {
     QLatin1String key;
@@ -33,7 +33,8 @@ int toWhole(const QVariant &value)
     if (value.userType() != QMetaType::Double && value.userType() != QMetaType::Float)
         return value.toInt();
     const double real = value.toDouble();
-    return std::abs(real) < std::numeric_limits<int>::max() ? value.toInt() : truncated(finiteOrZero(real));
+    return std::abs(real) < std::numeric_limits<int>::max() ? value.toInt()
+                                                            : truncated(finiteOrZero(real));
 }
 
 QString internalFamily(const QString &name)
@@ -149,8 +150,8 @@ QVariant showBold(const Format &format, bool)
 QVariant showLetterSpacing(const Format &format, bool)
 {
     return format.hasProperty(TextProperty::LetterSpacing)
-        ? QVariant(format.property(TextProperty::LetterSpacing).toReal())
-        : QVariant(0);
+               ? QVariant(format.property(TextProperty::LetterSpacing).toReal())
+               : QVariant(0);
 }
 
 QVariant showPointSize(const Format &format, bool)

@@ -62,7 +62,8 @@ struct Range {
         if (start < position)
             return endsInside ? text.left(end - position) : text;
         if (start < stop)
-            return endsInside ? text.mid(start - position, end - start) : text.mid(start - position);
+            return endsInside ? text.mid(start - position, end - start)
+                              : text.mid(start - position);
         // Deliberate: a run ahead of the selection is cut like one that begins inside it.
         return endsInside ? text.left(end - position) : QString();
     }
@@ -72,7 +73,11 @@ struct Range {
 class BodyWriter
 {
 public:
-    BodyWriter(const CWordProcess &object, const Range &range) : m_object(object), m_range(range) {}
+    BodyWriter(const CWordProcess &object, const Range &range)
+        : m_object(object)
+        , m_range(range)
+    {
+    }
 
     void write(const QTextDocument &document)
     {

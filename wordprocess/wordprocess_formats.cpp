@@ -75,10 +75,10 @@ QTextBlockFormat CWordProcess::compareBlockFormat(const QTextBlockFormat &a,
         return a;
     QTextBlockFormat result;
     keepCommon(result, a, b, QTextFormat::BlockAlignment);
-    for (int id : {TextProperty::Alignment, TextProperty::SpaceAheadOfBlock,
-                   TextProperty::SpaceBehindBlock, TextProperty::FirstLineIndent,
-                   TextProperty::LeftIndent, TextProperty::RightIndent, TextProperty::Hyphenate,
-                   TextProperty::HeadTailRule, TextProperty::PunctuationExtra})
+    for (int id :
+         {TextProperty::Alignment, TextProperty::SpaceAheadOfBlock, TextProperty::SpaceBehindBlock,
+          TextProperty::FirstLineIndent, TextProperty::LeftIndent, TextProperty::RightIndent,
+          TextProperty::Hyphenate, TextProperty::HeadTailRule, TextProperty::PunctuationExtra})
         keepCommonOrBlank(result, a, b, id);
     return result;
 }

@@ -21,8 +21,8 @@ constexpr double editMargin = 70;      // around an object in edit state, item c
 constexpr int lastActionEditEnded = 5; // ActionState::lastAction
 
 const CObjAction::ACT_Def sizeHandles[] = {
-    CObjAction::ACT_TopLeft,  CObjAction::ACT_BottomRight, CObjAction::ACT_TopCentre,
-    CObjAction::ACT_TopRight, CObjAction::ACT_Right,       CObjAction::ACT_Left,
+    CObjAction::ACT_TopLeft,    CObjAction::ACT_BottomRight,  CObjAction::ACT_TopCentre,
+    CObjAction::ACT_TopRight,   CObjAction::ACT_Right,        CObjAction::ACT_Left,
     CObjAction::ACT_BottomLeft, CObjAction::ACT_BottomCentre,
 };
 const QLatin1String dashedFrame("dashlineRectangleHandle");

@@ -115,8 +115,11 @@ void CWordProcess::updateTextPaths()
     QList<QPainterPath> paths;
     QList<QBrush> brushes;
     m_wordManager->textPaths(paths, brushes);
+    const bool placeholder = toPlainText().isEmpty();
     {
-        const QMutexLocker guard(&m_pathsMutex); // never held across a call to the word manager
+        const std::lock_guard<PathsMutex> guard(
+            m_pathsMutex); // not across calls to the word manager
+        m_pathsArePlaceholder = placeholder;
         m_textPaths.swap(paths);
         m_pathBrushes.swap(brushes);
         m_morphPaths.clear();
@@ -128,7 +131,10 @@ void CWordProcess::updateTextPaths()
 
 void CWordProcess::setClientSize(const QSizeF &size)
 {
-    m_clientRect = QRectF(QPointF(0, 0), size);
+    {
+        const std::lock_guard<PathsMutex> guard(m_pathsMutex); // painting may run on another thread
+        m_clientRect = QRectF(QPointF(0, 0), size);
+    }
     delete m_clientShape;
     m_clientShape = new QPainterPath;
     m_clientShape->addRect(m_clientRect);
@@ -244,8 +250,8 @@ bool CWordProcess::wordwrap2single(QPointF &textOffset)
 /// The point of the box to which its first line is aligned, as anchor of line text.
 QPointF CWordProcess::anchorOfFirstLine(const TextLayout &layout) const
 {
-    const int alignment =
-        m_document->firstBlock().blockFormat().intProperty(TextProperty::Alignment);
+    const int alignment = m_document->firstBlock().blockFormat().intProperty(
+        TextProperty::Alignment);
     const bool hasLines = !layout.lines.isEmpty();
     const QFontMetricsF metrics(hasLines ? layout.lines.first().font
                                          : m_cursor->blockCharFormat().font());

@@ -23,7 +23,7 @@ constexpr double placeholderFrameOpacity = 0.1;
 bool isQuarterTurned(double degrees)
 {
     return (degrees >= 90 && degrees < 180) || (degrees >= 270 && degrees < 360)
-        || (degrees >= -90 && degrees < 0) || (degrees >= -270 && degrees < -180);
+           || (degrees >= -90 && degrees < 0) || (degrees >= -270 && degrees < -180);
 }
 
 QSizeF multiplied(const QSizeF &size, double x, double y)
@@ -72,9 +72,10 @@ void CWordProcess::drawDragFrame(QPainter *painter)
 
 void CWordProcess::drawTextPaths(QPainter *painter)
 {
-    const bool placeholder = toPlainText().isEmpty();
+    // May run beside the GUI thread: the document is not looked at here.
+    const std::lock_guard<PathsMutex> guard(m_pathsMutex);
+    const bool placeholder = m_pathsArePlaceholder;
     const QTransform transform = paintTransform();
-    const QMutexLocker guard(&m_pathsMutex);
     const bool warped = !m_editing && !m_morphPaths.isEmpty() && !placeholder;
     const QList<QPainterPath> &paths = warped ? m_morphPaths : m_textPaths;
     const int count = qMin(paths.size(), m_pathBrushes.size());
@@ -168,7 +169,7 @@ void CWordProcess::updateCursorColor(const QColor &background)
     }
     // Relative luminance with the weights of ITU-R BT.709.
     const double luminance = 0.2126 * background.redF() + 0.7152 * background.greenF()
-        + 0.0722 * background.blueF();
+                             + 0.0722 * background.blueF();
     m_cursorColor = luminance < 0.5 ? Qt::white : Qt::black;
 }
 
@@ -185,8 +186,7 @@ void CWordProcess::drawForeground(QPainter *painter, const QRectF & /*rect*/)
     const QSizeF labelSize(ink.width() + 2 * hintPadding, ink.height() + 2 * hintPadding);
     const QRectF label(QPointF(object.x(), object.y() - labelSize.height()), labelSize);
     painter->fillRect(label, hintColor);
-    painter->setPen(
-        QPen(QBrush(hintColor), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
+    painter->setPen(QPen(QBrush(hintColor), 1.0, Qt::SolidLine, Qt::SquareCap, Qt::BevelJoin));
     painter->drawRect(object);
     painter->setRenderHint(QPainter::Antialiasing, true);
     hint.translate(label.topLeft() + QPointF(hintPadding, hintPadding) - ink.topLeft());

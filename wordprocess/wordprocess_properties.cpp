@@ -45,8 +45,8 @@ QString defaultInputWord()
     const QString fallback = QStringLiteral("Please input text");
     IAppFramework *framework = GetFramework();
     return framework
-        ? framework->getLocalString(QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), fallback)
-        : fallback;
+               ? framework->getLocalString(QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), fallback)
+               : fallback;
 }
 
 QString plainTextOfHtml(const QString &html)

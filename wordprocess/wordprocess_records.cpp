@@ -268,8 +268,7 @@ void CWordProcess::readPlacement(const QSizeF &size)
         m_textOffset = mapFromScene(m_fontImageClient.topLeft());
     } else {
         readPlacementMatrix();
-        m_fontImageClient =
-            QRectF(dx, dy, size.width() * m_scaleX, size.height() * m_scaleY);
+        m_fontImageClient = QRectF(dx, dy, size.width() * m_scaleX, size.height() * m_scaleY);
     }
     m_textPathsRect.setSize(m_fontImageClient.size());
 }
@@ -308,8 +307,8 @@ void CWordProcess::readFontImage(
             m_fontImage = image->toImage();
         }
         if (!m_fontImage.isNull()) {
-            m_fontImagePos =
-                QPointF(real(m_saveParams, Key::ImageX), real(m_saveParams, Key::ImageY));
+            m_fontImagePos = QPointF(real(m_saveParams, Key::ImageX),
+                                     real(m_saveParams, Key::ImageY));
             m_fontImageSize = m_fontImage.size();
         }
     }

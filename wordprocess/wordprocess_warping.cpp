@@ -31,7 +31,7 @@ void CWordProcess::takeUnwarpedBox()
 
 void CWordProcess::dropMorphPaths()
 {
-    const QMutexLocker guard(&m_pathsMutex);
+    const std::lock_guard<PathsMutex> guard(m_pathsMutex);
     m_morphPaths.clear();
     m_morphRect = QRectF(0, 0, 0, 0);
 }
