@@ -25,30 +25,30 @@ without_licence()
         xargs -r grep -L 'SPDX-License-Identifier: MIT'
 }
 
-# Names that libvxarttext exports and that are none of the factories and exported classes.
+# Names that libvxarttext exports and that are none of the factories and exported classes. Inline
+# functions and templates of Qt and the standard library, and the linker's own marks, do not count.
 foreign_exports()
 {
     local library="$build/lib/libvxarttext.so.1"
     [ -e "$library" ] || { echo "$library is not built"; return; }
-    local classes='CWordProcess|CVxArtText|CVxTextEdit'
+    local about='((vtable|typeinfo|typeinfo name|VTT|guard variable) for |(non-)?virtual thunk to )?'
+    local classes='(CWordProcess|CVxArtText|CVxTextEdit)'
     nm -D --defined-only -C "$library" | cut -d' ' -f3- |
-        grep -vE "^(createObject_text|createObject_arttext)$" |
-        grep -vE "^((vtable|typeinfo|typeinfo name|VTT) for |(non-)?virtual thunk to )?($classes)(::|$)" |
-        grep -vE '^(std::|(void|bool|int|unsigned long|[a-zA-Z_:<>*& ]+ )std::|(vtable|typeinfo|typeinfo name) for (std|__gnu_cxx)::)' |
-        grep -vE '^(vtable|typeinfo|typeinfo name) for Q|^Q[A-Z][A-Za-z]+(<|::)|^(non-)?virtual thunk to Q|^void Q[A-Z]' |
-        grep -vE '^(typeinfo|typeinfo name) for (C[A-Z]|I[A-Z])[A-Za-z]+$'
+        grep -vE '^(createObject_text|createObject_arttext|__bss_start|_edata|_end|_init|_fini)$' |
+        grep -vE "^$about$classes(::|\$)" |
+        grep -vE "^(([a-z]+ )?[A-Za-z_:<>*& ]+ )?$about(std::|__gnu_cxx::|qt?_|Q[A-Z])"
     for factory in createObject_text createObject_arttext; do
         nm -D --defined-only "$library" | grep -q " T $factory$" || echo "$factory is missing"
     done
 }
 
-# Host libraries that the plug-in does not name among its needs.
+# Host libraries that the plug-in does not load, itself or through another of them.
 missing_needs()
 {
     local library="$build/lib/libvxarttext.so.1"
     [ -e "$library" ] || return
     for needed in libframework.so.1 libqimageex.so.1 libfontdatabase.so.1; do
-        objdump -p "$library" | grep -q "NEEDED *$needed$" || echo "does not need $needed"
+        ldd "$library" | grep -q "$needed => /" || echo "$needed is not found by the plug-in"
     done
 }
 

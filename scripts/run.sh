@@ -11,5 +11,6 @@ if [ "$#" -gt 0 ]; then
     exec ./build/release/bin/pagerender "$@"
 fi
 mkdir -p out
-./build/release/bin/pagerender --text samples/poem.txt -o out/sample.png
+./build/release/bin/pagerender --text samples/poem.txt \
+    --font "Noto Serif CJK SC" --size 28 -o out/sample.png
 echo "rendered to $PWD/out/sample.png"

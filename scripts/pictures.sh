@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# Renders the samples into docs/pictures/, the pictures of the README. Look at them afterwards.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+./scripts/setup.sh
+./scripts/build.sh release
+export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen
+
+# picture NAME PAGERENDER-ARGUMENT...
+picture()
+{
+    ./build/release/bin/pagerender "${@:2}" -o "docs/pictures/$1.png"
+    echo "docs/pictures/$1.png"
+}
+
+mkdir -p docs/pictures
+picture poem --text samples/poem.txt --font "Noto Serif CJK SC" --size 28
+picture poem-vertical --text samples/poem.txt --font "Noto Serif CJK SC" --size 28 --vertical
+picture paragraph --text samples/paragraph.txt --font "Noto Serif" --size 16
+picture kana --text samples/kana.txt --font "Noto Serif CJK JP" --size 24
+picture kana-vertical --text samples/kana.txt --font "Noto Serif CJK JP" --size 24 --vertical
+picture title --document samples/title.json
