@@ -225,7 +225,7 @@ bool read(QDataStream &in, QVariant &value, int depth)
 {
     quint8 tag = TagInvalid;
     in >> tag;
-    if (in.status() != QDataStream::Ok || depth > DeepestValue)
+    if (in.status() != QDataStream::Ok || (depth > DeepestValue && tag != TagInvalid))
         return false;
     switch (tag) {
     case TagInvalid:

@@ -103,6 +103,11 @@ QPainterPath CBaseObject::shape() const
     return path;
 }
 
+bool CBaseObject::contains(const QPointF &point) const
+{
+    return shape().contains(point);
+}
+
 void CBaseObject::paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget)
 {
     Q_UNUSED(option)
@@ -196,8 +201,9 @@ void CBaseObject::clearLayerEffectCache(int reason)
 {
     if (reason != EffectCacheReason::ContentChanged)
         return;
-    if (QGraphicsEffect *const effect = graphicsEffect())
-        effect->update(); // throws away the effect's picture of its source
+    // An update of the item throws away its effect's picture of it; an update of the effect would keep it.
+    if (graphicsEffect())
+        QGraphicsItem::update();
 }
 
 void CBaseObject::enableLayerEffect(bool enable)

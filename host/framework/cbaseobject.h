@@ -24,6 +24,8 @@ public:
     // QGraphicsItem
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
+    /// True for a point of shape(), whatever the text of the item's own document.
+    bool contains(const QPointF &point) const override;
     /// Paints the content, then the inverted area. Handles are painted by the page's foreground.
     void paint(QPainter *painter, const QStyleOptionGraphicsItem *option, QWidget *widget) override;
 
