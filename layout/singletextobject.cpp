@@ -4,6 +4,7 @@
 
 #include "layout/blockmeasures.h"
 #include "layout/singletextrun.h"
+#include "layout/texttools.h"
 
 #include <QFontMetricsF>
 #include <QTextBlock>

@@ -5,6 +5,7 @@
 #include "layout/runstyle.h"
 #include "layout/singletextrun.h"
 #include "layout/textproperties.h"
+#include "layout/texttools.h"
 #include "layout/units.h"
 
 #include <QTextCursor>

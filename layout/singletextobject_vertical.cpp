@@ -5,6 +5,7 @@
 #include "layout/blockmeasures.h"
 #include "layout/singletextrun.h"
 #include "layout/textproperties.h"
+#include "layout/texttools.h"
 
 #include <QFontMetricsF>
 #include <QTextBlock>

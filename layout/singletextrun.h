@@ -4,11 +4,8 @@
 
 #include "layout/runstyle.h"
 #include "layout/textlayout.h"
-#include "layout/texttools.h"
 
 #include <QTransform>
-
-#include <optional>
 
 // What the horizontal and the vertical layout of line text truly share.
 
@@ -31,24 +28,6 @@ struct LineExtent
     qreal behind = 0;     ///< descent, left half
     qreal thickness = 0;  ///< greatest underline thickness
     bool isUnderlined = false;
-};
-
-/// Thickness of underlines; neighbouring runs of one font are measured once.
-class UnderlineThickness
-{
-public:
-    qreal of(const QFont &font)
-    {
-        if (!m_font || *m_font != font) {
-            m_font = font;
-            m_thickness = CTextTools::getFontLineHeight(font);
-        }
-        return m_thickness;
-    }
-
-private:
-    std::optional<QFont> m_font;
-    qreal m_thickness = 0;
 };
 
 /// Adds the gap ahead of run \a index: it widens the run before it, if any, and moves the pen.

@@ -25,6 +25,45 @@ QRectF verticalStrikeBar(const TextFragment &run, qreal thickness)
     return QRectF(run.baseline - 0.5 * thickness, run.start, thickness, run.advance);
 }
 
+// The pieces of a run: outline and, when it is struck out, the bar.
+void appendRun(const TextFragment &run, QList<QPainterPath> &paths, QList<QBrush> &brushes,
+               Qt::Orientation orientation, UnderlineThickness &thickness)
+{
+    if (run.isEmptyBlock)
+        return;
+    const QBrush brush = run.format.brushProperty(QTextFormat::ForegroundBrush);
+    paths.append(run.path);
+    brushes.append(brush);
+
+    // Asks the format: the measuring font has its bars cleared.
+    if (!run.format.font().strikeOut())
+        return;
+    const qreal height = thickness.of(run.font);
+    QPainterPath bar;
+    bar.addRect(orientation == Qt::Horizontal ? horizontalStrikeBar(run, height)
+                                              : verticalStrikeBar(run, height));
+    paths.append(bar);
+    brushes.append(brush);
+}
+
+void appendLine(const TextLine &line, QList<QPainterPath> &paths, QList<QBrush> &brushes,
+                Qt::Orientation orientation, UnderlineThickness &thickness)
+{
+    QList<int> underlined;
+    for (int i = 0; i < line.fragments.size(); ++i) {
+        const TextFragment &run = line.fragments.at(i);
+        appendRun(run, paths, brushes, orientation, thickness);
+        if (run.format.fontUnderline())
+            underlined.append(i);
+    }
+    if (line.path.isEmpty())
+        return;
+    if (orientation == Qt::Vertical)
+        line.verticalUnderlinePath(paths, brushes, underlined);
+    else
+        line.horizontalUnderlinePath(paths, brushes, underlined);
+}
+
 } // namespace
 
 TextFragment TextFragment::fromQtFragment(const QTextFragment &fragment)
@@ -54,21 +93,8 @@ bool TextFragment::contains(int pos) const
 void TextFragment::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                              Qt::Orientation orientation) const
 {
-    if (isEmptyBlock)
-        return;
-    const QBrush brush = format.brushProperty(QTextFormat::ForegroundBrush);
-    paths.append(path);
-    brushes.append(brush);
-
-    // Asks the format: the measuring font has its bars cleared.
-    if (!format.font().strikeOut())
-        return;
-    const qreal thickness = CTextTools::getFontLineHeight(font);
-    QPainterPath bar;
-    bar.addRect(orientation == Qt::Horizontal ? horizontalStrikeBar(*this, thickness)
-                                              : verticalStrikeBar(*this, thickness));
-    paths.append(bar);
-    brushes.append(brush);
+    UnderlineThickness thickness;
+    appendRun(*this, paths, brushes, orientation, thickness);
 }
 
 bool TextLine::contains(int pos) const
@@ -101,19 +127,8 @@ QList<QLineF> TextLine::baselines(Qt::Orientation orientation) const
 void TextLine::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                          Qt::Orientation orientation) const
 {
-    QList<int> underlined;
-    for (int i = 0; i < fragments.size(); ++i) {
-        const TextFragment &run = fragments.at(i);
-        run.textPaths(paths, brushes, orientation);
-        if (run.format.fontUnderline())
-            underlined.append(i);
-    }
-    if (path.isEmpty())
-        return;
-    if (orientation == Qt::Vertical)
-        verticalUnderlinePath(paths, brushes, underlined);
-    else
-        horizontalUnderlinePath(paths, brushes, underlined);
+    UnderlineThickness thickness;
+    appendLine(*this, paths, brushes, orientation, thickness);
 }
 
 void TextLine::horizontalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
@@ -130,8 +145,9 @@ void TextLine::verticalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
 
 void TextLayout::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes) const
 {
+    UnderlineThickness thickness;
     for (const TextLine &line : lines)
-        line.textPaths(paths, brushes, orientation);
+        appendLine(line, paths, brushes, orientation, thickness);
 }
 
 void TextLayout::translate(qreal dx, qreal dy)

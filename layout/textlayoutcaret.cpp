@@ -197,11 +197,21 @@ QList<QRectF> selectionAreas(const QList<TextLine> &lines, int start, int end, b
     return areas;
 }
 
+// Unites the areas from begin on, end excluded. Halving instead of adding one after the other keeps
+// the operands small: a long selection would otherwise cost the square of its lines.
+QPainterPath unitedRange(const QList<QRectF> &areas, int begin, int end)
+{
+    if (begin >= end)
+        return QPainterPath();
+    if (end - begin == 1)
+        return rectPath(areas.at(begin));
+    const int middle = begin + (end - begin) / 2;
+    return unitedRange(areas, begin, middle).united(unitedRange(areas, middle, end));
+}
+
 QPainterPath unitedAreas(const QList<QRectF> &areas)
 {
-    QPainterPath path;
-    for (const QRectF &area : areas)
-        path = path.united(rectPath(area));
+    QPainterPath path = unitedRange(areas, 0, areas.size());
     path.setFillRule(Qt::WindingFill);
     return path;
 }

@@ -122,3 +122,12 @@ QPainterPath CTextTools::textPathFillOut(const QPainterPath &path)
     result.setFillRule(Qt::WindingFill);
     return result;
 }
+
+qreal UnderlineThickness::of(const QFont &font)
+{
+    if (!m_font || *m_font != font) {
+        m_font = font;
+        m_thickness = CTextTools::getFontLineHeight(font);
+    }
+    return m_thickness;
+}

@@ -7,6 +7,8 @@
 #include <QPainterPath>
 #include <QPointF>
 
+#include <optional>
+
 /// Character classes and small measurements of fonts and outlines, shared by the layouts. Static
 /// functions only; they keep no state. Outlines are in pixels, y down.
 class CTextTools
@@ -42,6 +44,17 @@ public:
     /// \a path with every straight segment as a quadratic curve and winding fill. A cubic segment
     /// is deliberately reduced to a quadratic one from its second control point and its end.
     static QPainterPath textPathFillOut(const QPainterPath &path);
+};
+
+/// CTextTools::getFontLineHeight() for run after run: neighbours of one font are measured once.
+class UnderlineThickness
+{
+public:
+    qreal of(const QFont &font);
+
+private:
+    std::optional<QFont> m_font;
+    qreal m_thickness = 0;
 };
 
 #endif // TEXTTOOLS_H
