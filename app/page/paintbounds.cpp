@@ -6,6 +6,8 @@
 #include <QPainterPath>
 #include <QtMath>
 
+#include <limits>
+
 namespace {
 
 /// Side of the device; painting far outside it counts all the same.
@@ -40,7 +42,9 @@ public:
 
     void drawPath(const QPainterPath &path) override
     {
-        if (path.isEmpty())
+        const bool isFilled = painter()->brush().style() != Qt::NoBrush;
+        const bool isDrawn = painter()->pen().style() != Qt::NoPen;
+        if (path.isEmpty() || !(isFilled || isDrawn))
             return;
         QRectF area = path.boundingRect();
         const qreal reach = penReach(painter());
@@ -108,7 +112,14 @@ int PaintBounds::metric(PaintDeviceMetric metric) const
     case PdmPhysicalDpiX:
     case PdmPhysicalDpiY:
         return m_dpi;
-    default:
-        return QPaintDevice::metric(metric);
+    case PdmNumColors:
+        return std::numeric_limits<int>::max();
+    case PdmDepth:
+        return 32;
+    case PdmDevicePixelRatio:
+        return 1;
+    case PdmDevicePixelRatioScaled:
+        return int(devicePixelRatioFScale());
     }
+    return QPaintDevice::metric(metric);
 }

@@ -13,6 +13,7 @@
 #include "host/framework/cvxrootobject.h"
 
 #include <QApplication>
+#include <QFile>
 
 #include <cstdio>
 
@@ -39,6 +40,16 @@ void chooseHeadlessPlatform()
 {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+}
+
+/// The command line as it was given. The application is made without it, for Qt would take options
+/// out of it, --plugin among them.
+QStringList commandLine(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QFile::decodeName(argv[i]));
+    return arguments;
 }
 
 bool checkFonts(const QStringList &families, QString &error)
@@ -110,6 +121,9 @@ ExitCode render(const Arguments &arguments)
     page.addObject(text);
     if (!loadDocumentString(text, string, info))
         return report(Cannot, QStringLiteral("the text object refuses '%1'").arg(arguments.input));
+    // A text object without text shows where it is; a picture of that is of no use to anybody.
+    if (!text->canDo(OP_HasText))
+        return report(Cannot, QStringLiteral("the page is empty"));
 
     PageRenderer renderer(&page, arguments.options);
     if (!renderer.renderToFile(arguments.format, arguments.output))
@@ -121,10 +135,12 @@ ExitCode render(const Arguments &arguments)
 
 int main(int argc, char **argv)
 {
+    const QStringList given = commandLine(argc, argv);
     chooseHeadlessPlatform();
-    QApplication application(argc, argv);
+    int applicationArgc = argc > 0 ? 1 : 0;
+    QApplication application(applicationArgc, argv);
     Arguments arguments;
-    switch (parseArguments(QApplication::arguments(), arguments)) {
+    switch (parseArguments(given, arguments)) {
     case ParseResult::Show:
         std::fputs(qPrintable(arguments.message), stdout);
         return Done;

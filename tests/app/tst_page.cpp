@@ -192,7 +192,10 @@ void TestPage::paintBoundsOfNothingAreNull()
     PaintBounds bounds(96);
     QPainter painter(&bounds);
     painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::black);
     painter.drawPath(QPainterPath());
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(QRectF(1, 2, 3, 4));
     painter.end();
     QVERIFY(bounds.ink().isNull());
 }
@@ -347,9 +350,10 @@ void TestPage::hugePageIsRefused_data()
     QTest::addColumn<QString>("part");
     const QString side = QStringLiteral("above 32767 a side");
     QTest::newRow("wide") << QRectF(0, 0, 32768, 1) << 1.0 << side;
-    QTest::newRow("high") << QRectF(0, 0, 1, 1e300) << 1.0 << side;
+    QTest::newRow("high") << QRectF(0, 0, 1, 1e100) << 1.0 << side;
     QTest::newRow("scaled") << QRectF(0, 0, 16384, 1) << 2.0 << side;
-    QTest::newRow("infinite") << QRectF(0, 0, qInf(), 1) << 1.0 << side;
+    QTest::newRow("beyond what is drawn at all")
+        << QRectF(0, 0, qInf(), 1) << 1.0 << QStringLiteral("empty");
     QTest::newRow("many pixels") << QRectF(0, 0, 32767, 32767) << 1.0
                                  << QStringLiteral("above 268435456 in all");
     QTest::newRow("far away") << QRectF(1e12, 0, 10, 10) << 1.0 << QStringLiteral("too far");
