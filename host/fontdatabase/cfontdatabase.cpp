@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// cfontdatabase.cpp -- CFontDatabase: the families that QFontDatabase lists, found by any letter case.
+// cfontdatabase.cpp -- CFontDatabase: the families of QFontDatabase, found by any letter case.
 #include "host/fontdatabase/cfontdatabase.h"
 
 #include <QFontDatabase>
@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Installed families by their folded name. The list is read once; fonts that the application adds or
-/// removes later make it be read again.
+/// Installed families by their folded name. The list is read once; fonts that the application adds
+/// or removes later make it be read again.
 class FamilyCatalogue
 {
 public:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // baserecord.cpp -- values of any kind as bytes and as JSON.
-// A value is a tag and its content. Only kinds whose reader cannot be led into a large allocation by a
-// forged count are left to QVariant's own stream form; lists, maps, strings and points in numbers are
-// counted here, against the bytes that are there.
+// A value is a tag and its content. Only kinds whose reader cannot be led into a large allocation
+// by a forged count are left to QVariant's own stream form; lists, maps, strings and points in
+// numbers are counted here, against the bytes that are there.
 #include "host/framework/baserecord_p.h"
 
 #include <QBuffer>
@@ -132,7 +132,8 @@ void write(QDataStream &out, const QVariant &value, int depth)
     }
 }
 
-/// Reads a count of entries that take at least \a entrySize bytes each; false when they cannot be there.
+/// Reads a count of entries that take at least \a entrySize bytes each; false when they cannot be
+/// there.
 bool readCount(QDataStream &in, qint64 entrySize, quint32 &count)
 {
     in >> count;
@@ -267,8 +268,8 @@ const QString DataKey = QStringLiteral("data");
 
 QJsonValue taggedJson(const QVariant &value)
 {
-    return QJsonObject {{TypeKey, QString::fromLatin1(value.typeName())},
-                        {DataKey, QString::fromLatin1(toBytes(value).toBase64())}};
+    return QJsonObject{{TypeKey, QString::fromLatin1(value.typeName())},
+                       {DataKey, QString::fromLatin1(toBytes(value).toBase64())}};
 }
 
 /// A map of exactly the keys of a tagged value would read as one.
@@ -277,8 +278,8 @@ bool looksTagged(const QVariantMap &map)
     return map.size() == 2 && map.contains(TypeKey) && map.contains(DataKey);
 }
 
-/// Whole doubles of the int range read back as int; so they, and what JSON cannot hold, are tagged. A
-/// negative zero is one of them.
+/// Whole doubles of the int range read back as int; so they, and what JSON cannot hold, are tagged.
+/// A negative zero is one of them.
 bool isPlainNumber(double number)
 {
     return std::isfinite(number) && number != std::floor(number);

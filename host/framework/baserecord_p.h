@@ -16,8 +16,8 @@ constexpr int DeepestValue = 64;
 
 /// \a value as bytes. Kinds that cannot be kept become an invalid value: see isKept().
 QByteArray toBytes(const QVariant &value);
-/// The value written by toBytes(). Bytes that are no such value give an invalid one; \a ok, when not null,
-/// tells which. Never allocates more than a small multiple of the size of \a bytes.
+/// The value written by toBytes(). Bytes that are no such value give an invalid one; \a ok, when
+/// not null, tells which. Never allocates more than a small multiple of the size of \a bytes.
 QVariant fromBytes(const QByteArray &bytes, bool *ok = nullptr);
 /// True for the kinds of value that records keep.
 bool isKept(const QVariant &value);

@@ -16,9 +16,9 @@
 
 namespace {
 
-constexpr double MoveThreshold = 2.0;   // screen pixels that a click may slip
-constexpr double SmallestEdge = 1.0;    // scene units that a resize leaves
-constexpr double RotationStep = 15.0;   // degrees, with Shift
+constexpr double MoveThreshold = 2.0; // screen pixels that a click may slip
+constexpr double SmallestEdge = 1.0;  // scene units that a resize leaves
+constexpr double RotationStep = 15.0; // degrees, with Shift
 
 /// How a size handle works: the direction in which each edge follows the pointer (-1, 0, 1).
 struct ResizeRule {
@@ -64,13 +64,14 @@ double angleAbout(const QPointF &centre, const QPointF &point)
 
 /// Where a move, resize or rotation began.
 struct CBaseObject::Drag {
-    QPointF start;               ///< pointer, scene
-    ObjectGeometry geometry;     ///< of the object at the start
-    QPointF fixedFraction;       ///< the corner that a resize keeps, fractions of the client size
-    QPointF fixedPoint;          ///< where that corner lies, scene
-    QPointF centre;              ///< of the client rectangle, scene
-    bool moving = false;         ///< the pointer has left the threshold
-    QVector<QPair<CVXRootObject *, ObjectGeometry>> companions; ///< selected objects that move along
+    QPointF start;           ///< pointer, scene
+    ObjectGeometry geometry; ///< of the object at the start
+    QPointF fixedFraction;   ///< the corner that a resize keeps, fractions of the client size
+    QPointF fixedPoint;      ///< where that corner lies, scene
+    QPointF centre;          ///< of the client rectangle, scene
+    bool moving = false;     ///< the pointer has left the threshold
+    QVector<QPair<CVXRootObject *, ObjectGeometry>>
+        companions; ///< selected objects that move along
 };
 
 CBaseObject::CBaseObject(int id, bool finished, QGraphicsItem *parent, IVxPage *page)
@@ -168,8 +169,8 @@ void CBaseObject::updateAfterObjRectChanged(QGraphicsItem *item, bool notify)
     CVXRootObject::updateAfterObjRectChanged(item, notify);
 }
 
-/// The scene has to hear of new bounds before boundingRect() answers them. An override of boundingRect() may
-/// have changed by itself: that is noticed here too.
+/// The scene has to hear of new bounds before boundingRect() answers them. An override of
+/// boundingRect() may have changed by itself: that is noticed here too.
 void CBaseObject::syncBounds()
 {
     const double margin = handleSize();
@@ -201,7 +202,8 @@ void CBaseObject::clearLayerEffectCache(int reason)
 {
     if (reason != EffectCacheReason::ContentChanged)
         return;
-    // An update of the item throws away its effect's picture of it; an update of the effect would keep it.
+    // An update of the item throws away its effect's picture of it; an update of the effect would
+    // keep it.
     if (graphicsEffect())
         QGraphicsItem::update();
 }
@@ -295,7 +297,8 @@ void CBaseObject::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
     m_activeHandle = CObjAction::ACT_None;
 }
 
-/// A plain press selects this object alone unless it is selected already; with Ctrl it joins or leaves.
+/// A plain press selects this object alone unless it is selected already; with Ctrl it joins or
+/// leaves.
 void CBaseObject::selectOnPress(const QGraphicsSceneMouseEvent &event)
 {
     if (event.modifiers() & Qt::ControlModifier) {
@@ -312,8 +315,7 @@ void CBaseObject::selectOnPress(const QGraphicsSceneMouseEvent &event)
 void CBaseObject::moveTo(const QPointF &scenePos)
 {
     const QPointF way = scenePos - m_drag->start;
-    if (!m_drag->moving
-        && std::hypot(way.x(), way.y()) < MoveThreshold / double(getCurZoomRate()))
+    if (!m_drag->moving && std::hypot(way.x(), way.y()) < MoveThreshold / double(getCurZoomRate()))
         return;
     m_drag->moving = true;
     setPos(m_drag->geometry.pos + way, /*undo=*/false);

@@ -20,8 +20,8 @@ public:
     bool isFillEnable() const { return m_enabled; }
     void setColor(const QColor &color) { m_color = color; }
     QColor color() const { return m_color; }
-    /// The brush that fills \a rect: solid, or no brush while the fill is disabled. \a opaque drops the
-    /// colour's transparency.
+    /// The brush that fills \a rect: solid, or no brush while the fill is disabled. \a opaque drops
+    /// the colour's transparency.
     QBrush createBrushByProp(const QRectF &rect, bool opaque) const;
 
 private:

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // cundoredo.cpp -- CWbUndoCmd and CUndoRedo.
 // Life of an object and its steps: a step is counted with its object from push() to its destructor.
-//   object released first: it leaves its scene and waits; the destructor of its last step deletes it.
-//   object deleted first (a scene that goes down, say): its steps lose their object and do nothing more.
+//   Object released first: it leaves its scene and waits; its last step deletes it.
+//   Object deleted first (by its scene, say): its steps lose it and do nothing more.
 #include "host/framework/cundoredo.h"
 
 #include "host/framework/cvxrootobject.h"
@@ -45,7 +45,8 @@ namespace {
 
 CUndoRedo *commonStack = nullptr;
 
-/// The steps of the common stack may be the last to hold released objects: they go with the application.
+/// The steps of the common stack may be the last to hold released objects: they go with the
+/// application.
 void deleteCommonStack()
 {
     delete commonStack;

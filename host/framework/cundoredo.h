@@ -25,8 +25,8 @@ public:
     CVXRootObject *object() const { return m_object; }
 
 protected:
-    /// The object of the step. From push() on it is kept alive for the step; when something else than its
-    /// Release() deletes it, the pointer becomes null: undo() and redo() have to test it.
+    /// The object of the step. From push() on it is kept alive for the step; when something else
+    /// than its Release() deletes it, the pointer becomes null: undo() and redo() have to test it.
     CVXRootObject *m_object = nullptr;
 
 private:
@@ -39,8 +39,8 @@ private:
     int m_idxCmd = -1;
 };
 
-/// A stack of steps over QUndoStack. An object whose Release() is called while steps refer to it leaves
-/// its scene at once and is deleted with the last of these steps.
+/// A stack of steps over QUndoStack. An object whose Release() is called while steps refer to it
+/// leaves its scene at once and is deleted with the last of these steps.
 class FRAMEWORK_EXPORT CUndoRedo : public QUndoStack
 {
     Q_OBJECT
@@ -55,8 +55,9 @@ public:
     /// Takes ownership of \a step and runs its redo() once at once. Null does nothing.
     void push(CWbUndoCmd *step);
 
-    /// Opens a group: the steps until the matching endGroup() are undone together under \a actionKey. A group
-    /// in which nothing is pushed leaves no step. Groups nest: only the outermost becomes a step.
+    /// Opens a group: the steps until the matching endGroup() are undone together under \a
+    /// actionKey. A group in which nothing is pushed leaves no step. Groups nest: only the
+    /// outermost becomes a step.
     void beginGroup(const QString &actionKey);
     void endGroup();
 

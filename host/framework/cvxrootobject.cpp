@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// cvxrootobject.cpp -- CVXRootObject: surroundings, life, place and size, rendering, attribute fallbacks.
-// The item's own origin is the one point of reference: pos() is where it lies and rotation() turns about it;
-// what is to turn or stay about another point is moved afterwards.
+// cvxrootobject.cpp -- CVXRootObject: surroundings, life, place and size, rendering, fallbacks.
+// The item's own origin is the one point of reference: pos() is where it lies and rotation() turns
+// about it; what is to turn or stay about another point is moved afterwards.
 #include "host/framework/cvxrootobject.h"
 
 #include "host/framework/cundoredo.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr double LargestImageEdge = 32767;       // limit of the raster engine's coordinates
+constexpr double LargestImageEdge = 32767;              // limit of the raster engine's coordinates
 constexpr double LargestImageArea = 64.0 * 1024 * 1024; // pixels of 4 bytes
 
 bool isFinite(const QPointF &point)

@@ -74,7 +74,8 @@ public:
     /// Renders the object as it lies in the scene, its rotation included, one pixel a scene unit.
     /// \param rect        receives the upright rectangle of whole scene units that the image covers
     /// \param withHandles paints the handles too
-    /// \return a premultiplied image; null for an object without area and for one too large for an image
+    /// \return a premultiplied image; null for an object without area and for one too large for an
+    /// image
     virtual QImage getImageFromObject(QRectF &rect, bool withHandles);
 
     // Place and size
@@ -86,8 +87,8 @@ public:
     virtual QRectF getClientRect() const { return m_clientRect; }
     /// Moves the object so that the centre of a client area of \a size lies on \a centre (scene).
     void setCenterPos(const QPointF &centre, const QSizeF &size);
-    /// Turns the object about the centre of its client rectangle by \a angle degrees, on top of the rotation
-    /// that it has. Not finite: refused.
+    /// Turns the object about the centre of its client rectangle by \a angle degrees, on top of the
+    /// rotation that it has. Not finite: refused.
     virtual void rotateObj(double angle, bool undo);
     virtual double getRotate() const;
     virtual void setZorder(int order);
@@ -139,25 +140,26 @@ public:
     virtual bool load(QDataStream &stream) = 0;
     virtual bool saveJson(QJsonObject &json) = 0;
     virtual bool loadJson(QJsonObject &json) = 0;
-    /// The common fields of an item: a version number, position, rotation, z order, client size, the flags
-    /// locked, created, flip and mirror, and the whole of m_saveParams. False when the stream or object is no such record:
-    /// nothing changes then. Fields of a wrong type and numbers that are not finite read as 0 or false.
+    /// The common fields of an item: a version number, position, rotation, z order, client size,
+    /// the flags locked, created, flip and mirror, and the whole of m_saveParams. False when the
+    /// stream or object is no such record: nothing changes then. Fields of a wrong type and numbers
+    /// that are not finite read as 0 or false.
     bool SaveBaseData(QGraphicsItem *item, QDataStream &stream);
     bool LoadBaseData(QGraphicsItem *item, QDataStream &stream);
     bool SaveJsonBaseData(QGraphicsItem *item, QJsonObject &json);
     bool LoadJsonBaseData(QGraphicsItem *item, QJsonObject &json);
 
 protected:
-    bool m_created = false;             ///< the object is finished: drawn or loaded
-    QRectF m_clientRect;                ///< item coordinates
-    QPainterPath *m_clientShape;        ///< owned; holds m_clientRect as a rect
-    int m_activeHandle = 0;             ///< handle in drag, 0 for none
-    AttributeMap m_saveParams;          ///< values that go into the record
-    AttributeMap m_otherParams;         ///< values for the handle painter
-    ActionState *m_actionState;         ///< owned
-    QPointF m_pressPos;                 ///< start of a drag, for the object's use
-    QPointF m_dragPos;                  ///< present point of a drag, for the object's use
-    CObjDrawDelegate *m_drawDelegate;   ///< owned
+    bool m_created = false;           ///< the object is finished: drawn or loaded
+    QRectF m_clientRect;              ///< item coordinates
+    QPainterPath *m_clientShape;      ///< owned; holds m_clientRect as a rect
+    int m_activeHandle = 0;           ///< handle in drag, 0 for none
+    AttributeMap m_saveParams;        ///< values that go into the record
+    AttributeMap m_otherParams;       ///< values for the handle painter
+    ActionState *m_actionState;       ///< owned
+    QPointF m_pressPos;               ///< start of a drag, for the object's use
+    QPointF m_dragPos;                ///< present point of a drag, for the object's use
+    CObjDrawDelegate *m_drawDelegate; ///< owned
 
 private:
     friend class CWbUndoCmd;

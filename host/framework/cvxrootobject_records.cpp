@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// cvxrootobject_records.cpp -- CVXRootObject: the common part of every record, as bytes and as JSON.
-// Stream form: magic, version, one byte array with the fields. What follows the record in the stream is
-// found again whatever the array holds.
+// cvxrootobject_records.cpp -- CVXRootObject: the common part of every record, bytes and JSON.
+// Stream form: magic, version, one byte array with the fields. What follows the record in the
+// stream is found again whatever the array holds.
 #include "host/framework/cvxrootobject.h"
 
 #include "host/framework/baserecord_p.h"
@@ -62,8 +62,8 @@ QVariantMap CVXRootObject::baseFields(const QGraphicsItem *item)
 
 void CVXRootObject::setBaseFields(QGraphicsItem *item, const QVariantMap &fields)
 {
-    setClientRect(QRectF(0, 0, qMax(0.0, number(fields, "width")),
-                         qMax(0.0, number(fields, "height"))));
+    setClientRect(
+        QRectF(0, 0, qMax(0.0, number(fields, "width")), qMax(0.0, number(fields, "height"))));
     if (item) {
         const QPointF pos(number(fields, "x"), number(fields, "y"));
         item->setPos(item->parentItem() ? item->parentItem()->mapFromScene(pos) : pos);

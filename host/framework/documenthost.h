@@ -14,8 +14,8 @@
 #include <map>
 #include <memory>
 
-
-/// The pages of a document share one of these; a host derives from it to save the images with its file.
+/// The pages of a document share one of these; a host derives from it to save the images with its
+/// file.
 class FRAMEWORK_EXPORT DocumentHost : public IDocumentHost
 {
 public:
@@ -32,17 +32,18 @@ public:
     /// Takes another stack, for a document that owns its own. Not between the two ends of a group.
     void setUndoStack(CUndoRedo *stack) { m_stack = stack; }
 
-    /// Undo groups are macros of the stack: all steps until the matching end are undone together. A group in
-    /// which nothing was pushed leaves no step. Groups nest.
+    /// Undo groups are macros of the stack: all steps until the matching end are undone together. A
+    /// group in which nothing was pushed leaves no step. Groups nest.
     void beginUndoGroup(const QString &actionKey) override;
     void endUndoGroup() override;
 
-    /// Keeps a PNG of \a image. Its name comes from its content: with \a shareEqual, equal images share one
-    /// entry, without it each call makes an entry of its own. \a second is always empty.
+    /// Keeps a PNG of \a image. Its name comes from its content: with \a shareEqual, equal images
+    /// share one entry, without it each call makes an entry of its own. \a second is always empty.
     void storeImage(const QImage &image, QString &name, QString &second, int kind, int quality,
                     bool shareEqual) override;
     QImageEx *imageByName(const QString &name) override;
-    /// An older image record: its name, then the bytes of a PNG. The image is stored with the document too.
+    /// An older image record: its name, then the bytes of a PNG. The image is stored with the
+    /// document too.
     bool readImageFromStream(QDataStream &stream, QImage *image, int kind, QString &name) override;
     /// The value under \a key: the base64 form of a PNG, or an object with "name" and "data".
     bool readImageFromJson(QJsonObject &json, QImage *image, const QString &key, int kind,
@@ -53,8 +54,8 @@ public:
     QStringList imageNames() const;
     /// The PNG of an image; empty for an unknown name.
     QByteArray imageData(const QString &name) const;
-    /// Puts back what imageData() gave. False for bytes that are no PNG of an acceptable size, and for an
-    /// empty name.
+    /// Puts back what imageData() gave. False for bytes that are no PNG of an acceptable size, and
+    /// for an empty name.
     bool restoreImage(const QString &name, const QByteArray &png);
     void clearImages();
 

@@ -21,7 +21,8 @@ void applyGeometry(CVXRootObject *object, const ObjectGeometry &geometry)
     const double turn = geometry.rotation - object->getRotate();
     if (!qFuzzyIsNull(turn))
         object->rotateObj(turn, /*undo=*/false);
-    object->setPos(geometry.pos, /*undo=*/false); // last: both calls above may have moved the object
+    object->setPos(geometry.pos,
+                   /*undo=*/false); // last: both calls above may have moved the object
     object->update();
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// geometrystep_p.h -- the host's own undo steps: place, size and rotation of an object, and its lock.
+// geometrystep_p.h -- the host's own undo steps: geometry and lock of an object.
 #ifndef GEOMETRYSTEP_P_H
 #define GEOMETRYSTEP_P_H
 
@@ -22,7 +22,8 @@ struct ObjectGeometry {
 /// Gives \a object this geometry; the size only when it differs from the present one.
 void applyGeometry(CVXRootObject *object, const ObjectGeometry &geometry);
 
-/// A finished move, resize or rotation. The object has the new geometry already when the step is pushed.
+/// A finished move, resize or rotation. The object has the new geometry already when the step is
+/// pushed.
 class GeometryStep : public CWbUndoCmd
 {
 public:

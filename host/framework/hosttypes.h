@@ -21,7 +21,8 @@ enum OperationType : int {
     OP_TextPaste = 302,
 };
 
-/// Ids of an object's handles: the argument of setHandlesDisable() and the result of HitTestHandle().
+/// Ids of an object's handles: the argument of setHandlesDisable() and the result of
+/// HitTestHandle().
 struct CObjAction {
     enum ACT_Def : int {
         ACT_None = 0,

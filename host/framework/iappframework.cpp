@@ -7,7 +7,7 @@
 #include <atomic>
 
 namespace {
-std::atomic<IAppFramework *> installedFramework {nullptr};
+std::atomic<IAppFramework *> installedFramework{nullptr};
 }
 
 IAppFramework *GetFramework()

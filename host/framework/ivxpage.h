@@ -42,7 +42,8 @@ public:
     virtual float getCurZoomRate() = 0;
     /// Told that the thumbnail of \a object is out of date.
     virtual void objectPreviewChanged(CVXRootObject *object) = 0;
-    /// Told once that the user has finished drawing \a object: the place to record the undo step of adding it.
+    /// Told once that the user has finished drawing \a object: the place to record the undo step of
+    /// adding it.
     virtual void objectCreated(CVXRootObject *object) { Q_UNUSED(object) }
 };
 

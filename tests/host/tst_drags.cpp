@@ -106,9 +106,9 @@ void TestDrags::selectedObjectsMoveTogetherAsOneStep()
 void TestDrags::resizeKeepsTheOppositeSide_data()
 {
     QTest::addColumn<int>("handle");
-    QTest::addColumn<QPointF>("way");      // in the object's axes
+    QTest::addColumn<QPointF>("way"); // in the object's axes
     QTest::addColumn<QSizeF>("size");
-    QTest::addColumn<QPointF>("fixed");    // fraction of the size that stays
+    QTest::addColumn<QPointF>("fixed"); // fraction of the size that stays
     QTest::newRow("top left") << 20 << QPointF(-10, -20) << QSizeF(110, 70) << QPointF(1, 1);
     QTest::newRow("bottom right") << 21 << QPointF(10, 20) << QSizeF(110, 70) << QPointF(0, 0);
     QTest::newRow("top") << 22 << QPointF(10, -20) << QSizeF(100, 70) << QPointF(0, 1);

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// tst_handles.cpp -- handles: places, hit test, painting; bounds, rotation and pictures of an object.
+// tst_handles.cpp -- handles: places, hit test, painting; bounds, rotation and pictures of an
+// object.
 #include "plainobject.h"
 #include "recordinghost.h"
 
@@ -15,9 +16,9 @@ struct Place {
 };
 
 // A client rectangle of 100 by 50 at zoom 1.
-const QVector<Place> places {
-    {20, {0, 0}},  {21, {100, 50}}, {22, {50, 0}},  {27, {50, 50}}, {23, {100, 0}},
-    {26, {0, 50}}, {24, {100, 25}}, {25, {0, 25}},  {2, {50, -24}},
+const QVector<Place> places{
+    {20, {0, 0}},  {21, {100, 50}}, {22, {50, 0}}, {27, {50, 50}}, {23, {100, 0}},
+    {26, {0, 50}}, {24, {100, 25}}, {25, {0, 25}}, {2, {50, -24}},
 };
 
 QImage paintedHandles(PlainObject &object)
@@ -199,8 +200,8 @@ void TestHandles::boundsHoldAllHandles()
     RecordingHost host;
     PlainObject object(&host);
     for (const Place &place : places)
-        QVERIFY(object.boundingRect().contains(
-            QRectF(place.middle - QPointF(5, 5), QSizeF(10, 10))));
+        QVERIFY(
+            object.boundingRect().contains(QRectF(place.middle - QPointF(5, 5), QSizeF(10, 10))));
 }
 
 void TestHandles::boundsFollowTheClientRectangle()

@@ -33,14 +33,14 @@ AttributeMap richParams()
     params[QStringLiteral("colour")] = QColor(1, 2, 3, 4);
     params[QStringLiteral("point")] = QPointF(1.5, -2);
     params[QStringLiteral("rect")] = QRectF(1, 2, 3, 4);
-    params[QStringLiteral("strings")] = QStringList {QStringLiteral("a"), QString()};
+    params[QStringLiteral("strings")] = QStringList{QStringLiteral("a"), QString()};
     params[QStringLiteral("polygon")] = QPolygonF(QRectF(0, 0, 5, 5));
     params[QStringLiteral("invalid")] = QVariant();
-    params[QStringLiteral("list")] = QVariantList {1, QStringLiteral("x"), QVariantList {2.5}};
-    params[QStringLiteral("map")] = QVariantMap {{QStringLiteral("k"), QColor(Qt::red)}};
-    params[QStringLiteral("looks tagged")]
-        = QVariantMap {{QStringLiteral("type"), QStringLiteral("QColor")},
-                       {QStringLiteral("data"), 5}};
+    params[QStringLiteral("list")] = QVariantList{1, QStringLiteral("x"), QVariantList{2.5}};
+    params[QStringLiteral("map")] = QVariantMap{{QStringLiteral("k"), QColor(Qt::red)}};
+    params[QStringLiteral("looks tagged")] = QVariantMap{{QStringLiteral("type"),
+                                                          QStringLiteral("QColor")},
+                                                         {QStringLiteral("data"), 5}};
     return params;
 }
 
@@ -197,7 +197,7 @@ void TestRecords::jsonHolderKeepsForeignKeys()
 {
     RecordingHost host;
     PlainObject object(&host);
-    QJsonObject json {{QStringLiteral("mine"), 1}};
+    QJsonObject json{{QStringLiteral("mine"), 1}};
     QVERIFY(object.saveJson(json));
     QCOMPARE(json.value(QStringLiteral("mine")).toInt(), 1);
 }
@@ -265,7 +265,7 @@ void TestRecords::deepNestingIsCutOff()
     RecordingHost host;
     QVariant nested = 1;
     for (int i = 0; i < 2000; ++i)
-        nested = QVariantList {nested};
+        nested = QVariantList{nested};
     PlainObject object(&host);
     object.params().insert(QStringLiteral("deep"), nested);
     const QByteArray bytes = recordOf(object);
@@ -286,17 +286,17 @@ void TestRecords::deepNestingIsCutOff()
 
 void TestRecords::jsonOfWrongTypesReadsAsZero()
 {
-    QJsonObject json {
+    QJsonObject json{
         {QStringLiteral("version"), 1},
         {QStringLiteral("x"), QStringLiteral("7")},
-        {QStringLiteral("y"), QJsonArray {1}},
+        {QStringLiteral("y"), QJsonArray{1}},
         {QStringLiteral("rotation"), QJsonObject()},
         {QStringLiteral("width"), -5},
         {QStringLiteral("height"), true},
         {QStringLiteral("locked"), 1},
         {QStringLiteral("params"), 3},
-        {QStringLiteral("z"), QJsonObject {{QStringLiteral("type"), QStringLiteral("double")},
-                                           {QStringLiteral("data"), QStringLiteral("????")}}},
+        {QStringLiteral("z"), QJsonObject{{QStringLiteral("type"), QStringLiteral("double")},
+                                          {QStringLiteral("data"), QStringLiteral("????")}}},
     };
     PlainObject loaded(nullptr, QSizeF(9, 9));
     QVERIFY(loaded.loadJson(json));
@@ -323,7 +323,7 @@ void TestRecords::notANumberIsStoredAsZero()
 void TestRecords::jsonWithoutVersionIsRefused()
 {
     PlainObject loaded(nullptr, QSizeF(9, 9));
-    QJsonObject json {{QStringLiteral("width"), 5}};
+    QJsonObject json{{QStringLiteral("width"), 5}};
     QVERIFY(!loaded.loadJson(json));
     QCOMPARE(loaded.getSize(), QSizeF(9, 9));
 }

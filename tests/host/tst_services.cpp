@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// tst_services.cpp -- framework, document, image store, font catalogue, fills and what hosts are told.
+// tst_services.cpp -- framework, document, image store, font catalogue, fills and what hosts are
+// told.
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cpagebgprop.h"
 #include "host/qimageex/qimageex.h"
@@ -221,12 +222,12 @@ void TestServices::olderJsonRecordIsRead()
     DocumentHost document;
     QImage image;
     QString name;
-    QJsonObject plain {{QStringLiteral("K"), data}};
+    QJsonObject plain{{QStringLiteral("K"), data}};
     QVERIFY(document.readImageFromJson(plain, &image, QStringLiteral("K"), 0, name));
     QVERIFY(document.imageByName(name));
-    QJsonObject named {{QStringLiteral("K"), QJsonObject {{QStringLiteral("name"),
-                                                           QStringLiteral("n.png")},
-                                                          {QStringLiteral("data"), data}}}};
+    QJsonObject named{
+        {QStringLiteral("K"), QJsonObject{{QStringLiteral("name"), QStringLiteral("n.png")},
+                                          {QStringLiteral("data"), data}}}};
     QVERIFY(document.readImageFromJson(named, &image, QStringLiteral("K"), 0, name));
     QCOMPARE(name, QStringLiteral("n.png"));
     QCOMPARE(image.pixelColor(0, 0), QColor(Qt::green));
@@ -238,7 +239,7 @@ void TestServices::brokenJsonRecordIsRefused()
     const QJsonValue values[] = {QJsonValue(), 7, QStringLiteral("no base64!"), QJsonObject(),
                                  QString::fromLatin1(png(picture(Qt::red)).left(30).toBase64())};
     for (const QJsonValue &value : values) {
-        QJsonObject json {{QStringLiteral("K"), value}};
+        QJsonObject json{{QStringLiteral("K"), value}};
         QImage image = picture(Qt::red);
         QString name;
         QVERIFY(!document.readImageFromJson(json, &image, QStringLiteral("K"), 0, name));

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// recordinghost.h -- a host for tests: framework, event sink, page, tools and document in one, which
-// writes down what it is told.
+// recordinghost.h -- a host for tests: framework, event sink, page, tools and document in one,
+// which writes down what it is told.
 #ifndef RECORDINGHOST_H
 #define RECORDINGHOST_H
 
@@ -15,8 +15,8 @@
 
 class CBaseObject;
 
-/// Installs itself with SetFramework() and takes itself away at its end. Objects made for it have to go
-/// before it does; those in its scene go with it.
+/// Installs itself with SetFramework() and takes itself away at its end. Objects made for it have
+/// to go before it does; those in its scene go with it.
 ///
 /// Kinds of events, in the order in which they come in:
 ///   "event"         notifyObjectEvent(): object, key, values
@@ -110,9 +110,9 @@ public:
     QGraphicsView *getView() override { return view; }
 
 private:
-    void record(const QString &kind, CVXRootObject *object = nullptr, const QString &key = QString(),
-                const AttributeMap &values = AttributeMap(), int code = 0,
-                const QString &detail = QString());
+    void record(const QString &kind, CVXRootObject *object = nullptr,
+                const QString &key = QString(), const AttributeMap &values = AttributeMap(),
+                int code = 0, const QString &detail = QString());
 
     IAppFramework *m_previousFramework;
     CUndoRedo m_stack;
