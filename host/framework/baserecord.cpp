@@ -278,11 +278,11 @@ bool looksTagged(const QVariantMap &map)
     return map.size() == 2 && map.contains(TypeKey) && map.contains(DataKey);
 }
 
-/// Whole doubles of the int range read back as int; so they, and what JSON cannot hold, are tagged.
-/// A negative zero is one of them.
+/// JSON can hold the number: it is finite and no negative zero. Whole ones of the int range read back
+/// as int; a legible record is worth more than the kind of a number, which converts unharmed.
 bool isPlainNumber(double number)
 {
-    return std::isfinite(number) && number != std::floor(number);
+    return std::isfinite(number) && !(number == 0 && std::signbit(number));
 }
 
 QVariant numberFromJson(double number)

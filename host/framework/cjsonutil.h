@@ -17,9 +17,9 @@ public:
     QJsonValue fromColor(const QColor &color) const;
     /// Reads "#aarrggbb", "#rrggbb" and colour names; anything else is the invalid colour.
     QColor toColor(const QJsonValue &value) const;
-    /// \a value as JSON, in a form that toVariant() turns back into the same type and value. Plain
-    /// JSON for bool, int, double, string, list and map; {"type": ..., "data": ...} for every other
-    /// kind.
+    /// \a value as JSON, in a form that toVariant() turns back into the same value. Plain JSON for
+    /// bool, int, double, string, list and map; {"type": ..., "data": ...} for every other kind. Each
+    /// keeps its type, save that a whole double of the int range comes back as int.
     QJsonValue fromVariant(const QVariant &value) const;
     /// The value written by fromVariant(). A tagged value that cannot be read is invalid; whole
     /// numbers of the int range read as int.
