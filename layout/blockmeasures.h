@@ -8,13 +8,12 @@
 
 /// One block's measures, read once. Pixels at the document's dpi; values that are not finite
 /// read as 0.
-struct BlockMeasures
-{
-    qreal left = 0;              ///< along the line, margin at its start
-    qreal right = 0;             ///< along the line, margin at its end
-    qreal indent = 0;            ///< along the line, first line of the block
-    qreal before = 0;            ///< across the line, ahead of the block
-    std::optional<qreal> after;  ///< nullopt: the block is silent, the earlier value stays in force
+struct BlockMeasures {
+    qreal left = 0;             ///< along the line, margin at its start
+    qreal right = 0;            ///< along the line, margin at its end
+    qreal indent = 0;           ///< along the line, first line of the block
+    qreal before = 0;           ///< across the line, ahead of the block
+    std::optional<qreal> after; ///< nullopt: the block is silent, the earlier value stays in force
 };
 
 /// Reads \a format for a document of \a dpi. \a isFirstBlock: nothing stands ahead of it, so

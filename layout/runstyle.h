@@ -7,17 +7,16 @@
 
 /// What the layouts need of one run's format, read once. Lengths in pixels at the document's dpi.
 /// Values that are not finite read as 0.
-struct RunStyle
-{
-    qreal offset = 0;         ///< baseline offset, positive is up (vertical text: to the right)
-    qreal scaleX = 1;         ///< horizontal scale, 1 when the format is silent
-    qreal scaleY = 1;         ///< vertical scale, 1 when the format is silent
-    qreal letterSpacing = 0;  ///< extra distance behind each character
-    qreal gap = 0;            ///< extra distance ahead of the run
-    qreal rowSpacing = 0;     ///< fixed distance to the row before, 0 when automatic
+struct RunStyle {
+    qreal offset = 0;        ///< baseline offset, positive is up (vertical text: to the right)
+    qreal scaleX = 1;        ///< horizontal scale, 1 when the format is silent
+    qreal scaleY = 1;        ///< vertical scale, 1 when the format is silent
+    qreal letterSpacing = 0; ///< extra distance behind each character
+    qreal gap = 0;           ///< extra distance ahead of the run
+    qreal rowSpacing = 0;    ///< fixed distance to the row before, 0 when automatic
     bool isSuperscript = false;
     bool isSubscript = false;
-    QFont font;               ///< measuring font, without the letter spacing
+    QFont font; ///< measuring font, without the letter spacing
 
     /// The measuring font with the letter spacing set.
     QFont spacedFont() const;

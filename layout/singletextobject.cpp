@@ -14,21 +14,19 @@
 namespace {
 
 // State across the blocks of one layout.
-struct RowPass
-{
+struct RowPass {
     QPointF anchor;
     int dpi = 72;
-    qreal y = 0;  // running offset of the baseline below the anchor
+    qreal y = 0; // running offset of the baseline below the anchor
     qreal previousDescent = 0;
-    qreal afterSpace = 0;  // a block without the property repeats the last value
+    qreal afterSpace = 0; // a block without the property repeats the last value
     bool isFirst = true;
     UnderlineThickness thickness;
     QPainterPath outlines;
 };
 
 // How far the row stands below the one before it, as its runs ask for it.
-struct RowDistance
-{
+struct RowDistance {
     qreal fixed = 0;
     bool isAutomatic = false;
 };
@@ -47,8 +45,7 @@ TextLine emptyRow(const QTextBlock &block, RowPass &pass, LineExtent &extent)
     const qreal fixed = emptyBlockRowDistance(format, pass.dpi);
     pass.y += fixed != 0 ? fixed : pass.previousDescent + metrics.ascent();
     pass.previousDescent = metrics.descent();
-    line.origin = pass.isFirst ? pass.anchor
-                               : QPointF(pass.anchor.x(), pass.y + pass.anchor.y());
+    line.origin = pass.isFirst ? pass.anchor : QPointF(pass.anchor.x(), pass.y + pass.anchor.y());
 
     const RunStyle style = readRunStyle(format, pass.dpi);
     extent.ahead = metrics.ascent() * style.scaleY;
@@ -64,8 +61,7 @@ TextLine emptyRow(const QTextBlock &block, RowPass &pass, LineExtent &extent)
 
 // First pass: the runs, their text and the tallest font. Afterwards styles runs parallel to the
 // line's fragments.
-TextLine readRow(const QTextBlock &block, int dpi, QVector<RunStyle> &styles,
-                 RowDistance &distance)
+TextLine readRow(const QTextBlock &block, int dpi, QVector<RunStyle> &styles, RowDistance &distance)
 {
     TextLine line;
     qreal tallest = 0;
@@ -122,8 +118,7 @@ qreal setSuperOrSubscript(QPainterPath &outline, const QPointF &pen, const RunSt
 }
 
 // Second pass, one run: outline and measures, with the line still starting at the anchor.
-void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line,
-                LineExtent &extent)
+void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, LineExtent &extent)
 {
     const QPointF pen(line.origin.x() + extent.pen, line.origin.y());
     run.font = style.spacedFont();
@@ -157,8 +152,7 @@ void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line,
     extent.behind = qMax(extent.behind, descent);
 }
 
-void outlineRow(TextLine &line, const QVector<RunStyle> &styles, RowPass &pass,
-                LineExtent &extent)
+void outlineRow(TextLine &line, const QVector<RunStyle> &styles, RowPass &pass, LineExtent &extent)
 {
     for (int i = 0; i < line.fragments.size(); ++i) {
         const QTextCharFormat &format = line.fragments.at(i).format;
@@ -210,8 +204,7 @@ void closeRow(TextLine &line, const LineExtent &extent)
 
 TextLine layoutRow(const QTextBlock &block, RowPass &pass)
 {
-    const BlockMeasures measures
-        = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
+    const BlockMeasures measures = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
     pass.y += measures.before + pass.afterSpace;
 
     LineExtent extent;

@@ -13,10 +13,9 @@
 namespace {
 
 // What the cursor's formats say about the placeholder.
-struct PlaceholderStyle
-{
+struct PlaceholderStyle {
     QFont font;
-    qreal offset = 0;  // pixels
+    qreal offset = 0; // pixels
     qreal scaleX = 1;
     qreal scaleY = 1;
     int alignment = 0;
@@ -33,8 +32,7 @@ PlaceholderStyle readPlaceholderStyle(const QTextCursor &cursor, int dpi)
     style.font.setUnderline(false);
     style.font.setStrikeOut(false);
     if (style.font.pointSize() > 0 && style.font.pixelSize() < 0)
-        setMeasuringPixelSize(style.font,
-                              truncated(pointsToPixels(style.font.pointSize(), dpi)));
+        setMeasuringPixelSize(style.font, truncated(pointsToPixels(style.font.pointSize(), dpi)));
     style.font = withBoundedSize(style.font);
     style.alignment = cursor.blockFormat().property(TextProperty::Alignment).toInt();
     return style;
@@ -81,8 +79,8 @@ private:
 
     void add(const QPainterPath &outline)
     {
-        const QPainterPath piece
-            = CTextTools::GetScalePath(outline, m_style.scaleX, m_style.scaleY);
+        const QPainterPath piece = CTextTools::GetScalePath(outline, m_style.scaleX,
+                                                            m_style.scaleY);
         const QRectF ink = piece.boundingRect();
         const QPointF shift(m_anchor.x() - ink.center().x(), m_pen + m_anchor.y() - ink.top());
         m_outlines.addPath(CTextTools::GetTranslatePath(piece, shift));
@@ -163,7 +161,6 @@ void CSingleTextObject::defaultWordLayout()
     const QPainterPath outline = isHorizontal ? horizontalPlaceholder(rect)
                                               : verticalPlaceholder(rect);
     updateData(TextLayout(), rect, rect, outline);
-    m_defaultCursorLine = isHorizontal
-                              ? QLineF(anchor.x(), rect.top(), anchor.x(), rect.bottom())
-                              : QLineF(rect.left(), anchor.y(), rect.right(), anchor.y());
+    m_defaultCursorLine = isHorizontal ? QLineF(anchor.x(), rect.top(), anchor.x(), rect.bottom())
+                                       : QLineF(rect.left(), anchor.y(), rect.right(), anchor.y());
 }

@@ -15,23 +15,21 @@
 namespace {
 
 // State across the blocks of one layout.
-struct ColumnPass
-{
+struct ColumnPass {
     QPointF anchor;
     int dpi = 72;
-    qreal x = 0;           // cursor from column to column
-    qreal afterSpace = 0;  // a block without the property repeats the last value
+    qreal x = 0;          // cursor from column to column
+    qreal afterSpace = 0; // a block without the property repeats the last value
     bool isFirst = true;
     UnderlineThickness thickness;
     QPainterPath outlines;
 };
 
 // Style and metrics of one run of the document, shared by the pieces that it is cut into.
-struct PieceStyle : RunStyle
-{
+struct PieceStyle : RunStyle {
     qreal fontHeight = 0;
-    qreal halfCapital = 0;  // half the height of an "A": centres text on its side
-    QFont sidewaysFont;     // with letter spacing; an upright character does without
+    qreal halfCapital = 0; // half the height of an "A": centres text on its side
+    QFont sidewaysFont;    // with letter spacing; an upright character does without
 };
 
 PieceStyle readPieceStyle(const QTextCharFormat &format, int dpi)
@@ -47,15 +45,14 @@ PieceStyle readPieceStyle(const QTextCharFormat &format, int dpi)
 }
 
 // A column with what its runs ask for.
-struct Column
-{
+struct Column {
     TextLine line;
     LineExtent extent;
-    QVector<PieceStyle> styles;  // one for each run of the document
-    QVector<int> styleOfPiece;   // index into styles for each fragment of the line
-    qreal height = 0;            // greatest font height
-    qreal descent = 0;           // greatest descent
-    qreal distance = 0;          // asked for to the next column
+    QVector<PieceStyle> styles; // one for each run of the document
+    QVector<int> styleOfPiece;  // index into styles for each fragment of the line
+    qreal height = 0;           // greatest font height
+    qreal descent = 0;          // greatest descent
+    qreal distance = 0;         // asked for to the next column
     bool isAutomatic = true;
 };
 
@@ -173,8 +170,7 @@ qreal addPieceOutline(TextFragment &piece, const PieceStyle &style, const QPoint
     } else if (!piece.path.isEmpty()) {
         // The ink is centred in a cell as high as the character is wide.
         const QRectF ink = piece.path.boundingRect();
-        piece.path.translate(-width / 2,
-                             pen.y() + (width - ink.height()) / 2 - ink.top());
+        piece.path.translate(-width / 2, pen.y() + (width - ink.height()) / 2 - ink.top());
     }
     return width;
 }
@@ -268,8 +264,7 @@ void closeColumn(TextLine &line, const LineExtent &extent)
 
 TextLine layoutColumn(const QTextBlock &block, ColumnPass &pass)
 {
-    const BlockMeasures measures
-        = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
+    const BlockMeasures measures = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
     const qreal cursor = pass.x - (measures.before + pass.afterSpace);
 
     Column column = block.begin().atEnd() ? emptyColumn(block, pass.dpi)

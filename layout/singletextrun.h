@@ -21,12 +21,11 @@ inline QTransform scaleAbout(const QPointF &point, qreal sx, qreal sy)
 
 /// Extent of a line while its runs are placed. Across the line the two halves are ascent and
 /// descent of a row, or the right and left half of a column.
-struct LineExtent
-{
-    qreal pen = 0;        ///< length of the placed runs
-    qreal ahead = 0;      ///< ascent, right half
-    qreal behind = 0;     ///< descent, left half
-    qreal thickness = 0;  ///< greatest underline thickness
+struct LineExtent {
+    qreal pen = 0;       ///< length of the placed runs
+    qreal ahead = 0;     ///< ascent, right half
+    qreal behind = 0;    ///< descent, left half
+    qreal thickness = 0; ///< greatest underline thickness
     bool isUnderlined = false;
 };
 

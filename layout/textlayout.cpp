@@ -14,9 +14,8 @@ QRectF horizontalStrikeBar(const TextFragment &run, qreal thickness)
 {
     const QRectF ink = run.path.boundingRect();
     // Blanks have no ink to go by.
-    const qreal top = ink.height() == 0
-                          ? run.baseline - QFontMetricsF(run.font).descent()
-                          : ink.top() + (ink.height() + ink.height()) / 3.0;
+    const qreal top = ink.height() == 0 ? run.baseline - QFontMetricsF(run.font).descent()
+                                        : ink.top() + (ink.height() + ink.height()) / 3.0;
     return QRectF(run.start, top, run.advance, thickness);
 }
 

@@ -19,22 +19,21 @@ class QTextFragment;
 // "across" it is the other one. Positions are document positions, -1 for none.
 
 /// One run of one format on one line.
-struct TextFragment
-{
-    int position = -1;          ///< document position of the first character
-    int length = 0;             ///< number of document characters
-    QString text;               ///< as shown; may hold one trailing "-" that `length` leaves out
-    QPainterPath path;          ///< final outline, in object coordinates
+struct TextFragment {
+    int position = -1; ///< document position of the first character
+    int length = 0;    ///< number of document characters
+    QString text;      ///< as shown; may hold one trailing "-" that `length` leaves out
+    QPainterPath path; ///< final outline, in object coordinates
     QTextCharFormat format;
-    qreal advance = 0;          ///< length along the line
-    qreal baseline = 0;         ///< across coordinate of the baseline
-    qreal start = 0;            ///< along coordinate where the run begins
-    qreal scaleX = 1;           ///< horizontal scale that the outline has
-    qreal scaleY = 1;           ///< vertical scale that the outline has
-    QFont font;                 ///< font measured with: pixel size and letter spacing set, no bars
-    bool isCJK = false;         ///< one CJK character set upright in vertical text
-    bool isEmptyBlock = false;  ///< stands for an empty block: no outline, paints nothing
-    bool isHalfPunct = false;   ///< punctuation compressed to half its advance
+    qreal advance = 0;         ///< length along the line
+    qreal baseline = 0;        ///< across coordinate of the baseline
+    qreal start = 0;           ///< along coordinate where the run begins
+    qreal scaleX = 1;          ///< horizontal scale that the outline has
+    qreal scaleY = 1;          ///< vertical scale that the outline has
+    QFont font;                ///< font measured with: pixel size and letter spacing set, no bars
+    bool isCJK = false;        ///< one CJK character set upright in vertical text
+    bool isEmptyBlock = false; ///< stands for an empty block: no outline, paints nothing
+    bool isHalfPunct = false;  ///< punctuation compressed to half its advance
 
     /// Position, length, format and text of \a fragment, the text upper-cased where the format
     /// says so; the rest stays at its defaults.
@@ -53,18 +52,17 @@ struct TextFragment
 };
 
 /// One line (horizontal text) or column (vertical text).
-struct TextLine
-{
-    QList<TextFragment> fragments;  ///< in reading order
-    bool isEmptyBlock = false;      ///< stands for an empty block
-    int position = -1;              ///< document position of the first character
-    int length = 0;                 ///< number of characters; 1 for an empty block
-    QString text;                   ///< without any added hyphen
-    QPointF origin;                 ///< across: the baseline; along: anchor or aligned start
-    int alignment = -1;             ///< the alignment that the line was laid out with
-    QPainterPath path;              ///< all outlines of the line, one after the other
-    QFont font;                     ///< font of the tallest run
-    QRectF rect;                    ///< box of the line, for caret, selection and underlines
+struct TextLine {
+    QList<TextFragment> fragments; ///< in reading order
+    bool isEmptyBlock = false;     ///< stands for an empty block
+    int position = -1;             ///< document position of the first character
+    int length = 0;                ///< number of characters; 1 for an empty block
+    QString text;                  ///< without any added hyphen
+    QPointF origin;                ///< across: the baseline; along: anchor or aligned start
+    int alignment = -1;            ///< the alignment that the line was laid out with
+    QPainterPath path;             ///< all outlines of the line, one after the other
+    QFont font;                    ///< font of the tallest run
+    QRectF rect;                   ///< box of the line, for caret, selection and underlines
 
     /// True from `position` to `position + length`; the upper end is left out for an empty block
     /// only, deliberately: the end of a line is still on it, the separator of a block is not.
@@ -89,8 +87,7 @@ struct TextLine
 };
 
 /// All lines of a text.
-struct TextLayout
-{
+struct TextLayout {
     QList<TextLine> lines;
     Qt::Orientation orientation = Qt::Horizontal;
     int dpi = 72;

@@ -264,8 +264,7 @@ QPainterPath TextLayout::selectionPath(int start, int end, bool forward) const
 
 QPainterPath TextLayout::horizontalSelectionPath(int start, int end, bool forward) const
 {
-    return unitedAreas(
-        selectionAreas(lines, start, end, forward, horizontalFirst, horizontalLast));
+    return unitedAreas(selectionAreas(lines, start, end, forward, horizontalFirst, horizontalLast));
 }
 
 QPainterPath TextLayout::verticalSelectionPath(int start, int end, bool forward) const

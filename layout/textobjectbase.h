@@ -9,8 +9,7 @@ class QTextCursor;
 class QTextDocument;
 
 /// The four stretch factors of a text object, 1 for none.
-struct TextScales
-{
+struct TextScales {
     qreal scaleX = 1;
     qreal scaleY = 1;
     qreal transformScaleX = 1;
@@ -66,12 +65,12 @@ protected:
     // What a layout may read of the text object, and nothing else.
     QTextDocument *document() const;
     QTextCursor *cursor() const;
-    int orientation() const;       ///< 1 horizontal, any other value vertical
+    int orientation() const; ///< 1 horizontal, any other value vertical
     int dpi() const;
     QString defaultWord() const;
-    QPointF textOffset() const;    ///< anchor of line text
-    bool autoWordWrap() const;     ///< the box follows its text
-    QRectF box() const;            ///< client rectangle
+    QPointF textOffset() const; ///< anchor of line text
+    bool autoWordWrap() const;  ///< the box follows its text
+    QRectF box() const;         ///< client rectangle
     TextScales scales() const;
     void setScales(const TextScales &scales);
 

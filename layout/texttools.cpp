@@ -8,8 +8,7 @@
 
 namespace {
 
-struct CodeRange
-{
+struct CodeRange {
     ushort low;
     ushort high;
 };
@@ -44,8 +43,7 @@ bool CTextTools::isCJKChar(const QChar &character)
 
 bool CTextTools::isCJKPunct(QChar character)
 {
-    return character.isPunct()
-           || (character.unicode() >= 0x3000 && character.unicode() <= 0x303F);
+    return character.isPunct() || (character.unicode() >= 0x3000 && character.unicode() <= 0x303F);
 }
 
 qreal CTextTools::getFontLineHeight(QFont font)
@@ -71,8 +69,7 @@ qreal CTextTools::getHalfAngleSize(const QFont &font, qreal scale)
     return GetScalePath(stop, scale, scale).boundingRect().width();
 }
 
-QPainterPath CTextTools::getRotatePath(const QPainterPath &path, const QPointF &centre,
-                                       qreal angle)
+QPainterPath CTextTools::getRotatePath(const QPainterPath &path, const QPointF &centre, qreal angle)
 {
     QTransform turn;
     turn.translate(centre.x(), centre.y());

@@ -32,8 +32,7 @@ public:
     static qreal getHalfAngleSize(const QFont &font, qreal scale);
 
     /// \a path turned by \a angle degrees, clockwise on screen, about \a centre.
-    static QPainterPath getRotatePath(const QPainterPath &path, const QPointF &centre,
-                                      qreal angle);
+    static QPainterPath getRotatePath(const QPainterPath &path, const QPointF &centre, qreal angle);
 
     /// \a path scaled about the centre of its bounding rectangle (not about the origin).
     static QPainterPath GetScalePath(const QPainterPath &path, qreal sx, qreal sy);

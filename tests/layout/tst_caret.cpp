@@ -56,7 +56,8 @@ static TextLayout rows()
     TextLine last;
     last.position = 6;
     last.length = 2;
-    last.fragments = {makeRun(6, QStringLiteral("e"), 16, 8), makeRun(7, QStringLiteral("fg"), 24, 32)};
+    last.fragments = {makeRun(6, QStringLiteral("e"), 16, 8),
+                      makeRun(7, QStringLiteral("fg"), 24, 32)};
     last.length = 3;
     last.fragments[1].scaleX = 2;
     last.rect = QRectF(16, 60, 40, 16);
@@ -252,8 +253,8 @@ void TestCaret::selectionInColumns_data()
     QTest::addColumn<QList<QRectF>>("areas");
     using Areas = QList<QRectF>;
     QTest::newRow("one character") << 1 << 2 << false << Areas{QRectF(100, 18, 16, 8)};
-    QTest::newRow("over the wrap") << 1 << 3 << false
-                                   << Areas{QRectF(100, 18, 16, 7), QRectF(80, 12, 16, 8)};
+    QTest::newRow("over the wrap")
+        << 1 << 3 << false << Areas{QRectF(100, 18, 16, 7), QRectF(80, 12, 16, 8)};
     QTest::newRow("from the wrap on") << 2 << 3 << true << Areas{QRectF(80, 12, 16, 8)};
     QTest::newRow("upright character") << 3 << 4 << false << Areas{QRectF(80, 20, 16, 16)};
     QTest::newRow("to the far end of an upright character")
@@ -292,8 +293,8 @@ void TestCaret::selectionOfBlanksHasNoInkToReach()
 {
     TextLayout layout = rows();
     layout.lines[0].path = QPainterPath();
-    QCOMPARE(layout.selectionPath(1, 3, false).boundingRect(), QRectF(12, 0, 8, 36).united(
-                 QRectF(18, 0, 0, 16)));
+    QCOMPARE(layout.selectionPath(1, 3, false).boundingRect(),
+             QRectF(12, 0, 8, 36).united(QRectF(18, 0, 0, 16)));
     QCOMPARE(layout.selectionPath(1, 2, false).boundingRect(), QRectF(18, 0, 8, 16));
 }
 

@@ -71,10 +71,9 @@ void TestLayoutRecords::runIsUpperCasedWhereTheFormatSaysSo()
 {
     for (const bool upper : {true, false}) {
         LayoutText text;
-        text.add(QStringLiteral("abC"),
-                 LayoutText::format(12, TextProperty::UpperCase, upper));
-        const TextFragment run
-            = TextFragment::fromQtFragment(text.m_document->begin().begin().fragment());
+        text.add(QStringLiteral("abC"), LayoutText::format(12, TextProperty::UpperCase, upper));
+        const TextFragment run = TextFragment::fromQtFragment(
+            text.m_document->begin().begin().fragment());
         QCOMPARE(run.text, upper ? QStringLiteral("ABC") : QStringLiteral("abC"));
     }
 }
@@ -210,8 +209,8 @@ void TestLayoutRecords::piecesComeInTheOrderOfTheRuns()
     QList<QPainterPath> paths;
     QList<QBrush> brushes;
     line.textPaths(paths, brushes, Qt::Horizontal);
-    QCOMPARE(brushes, (QList<QBrush>{QBrush(Qt::red), QBrush(Qt::red), QBrush(Qt::blue),
-                                     QBrush(Qt::blue)}));
+    QCOMPARE(brushes,
+             (QList<QBrush>{QBrush(Qt::red), QBrush(Qt::red), QBrush(Qt::blue), QBrush(Qt::blue)}));
     QCOMPARE(paths.size(), 4);
 }
 

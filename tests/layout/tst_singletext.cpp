@@ -377,8 +377,8 @@ void TestSingleText::blankSuperscriptDoesNotMove()
 {
     for (const int alignment : {1, 2}) {
         LayoutText text;
-        text.add(QStringLiteral("  "), LayoutText::format(12, QTextFormat::TextVerticalAlignment,
-                                                          alignment));
+        text.add(QStringLiteral("  "),
+                 LayoutText::format(12, QTextFormat::TextVerticalAlignment, alignment));
         const TextLine line = text.layOut().lines.first();
         QCOMPARE(line.fragments.first().baseline, 20.0);
         QCOMPARE(line.fragments.first().advance, 8.0);
@@ -499,11 +499,10 @@ void TestSingleText::placeholder_data()
     // 14 wide, 8 high at (11, 12) without alignment; the horizontal scale is 100, offsets 4 px.
     QTest::newRow("left") << 1 << 0 << QRectF(11, 12, 14, 8) << QRectF(11, 12, 14, 8);
     QTest::newRow("right") << 2 << 0 << QRectF(-3, 12, 14, 8) << QRectF(-3, 12, 14, 8);
-    QTest::newRow("right of columns") << 0x40 << 0 << QRectF(-3, 12, 14, 8)
-                                      << QRectF(-3, 12, 14, 8);
+    QTest::newRow("right of columns")
+        << 0x40 << 0 << QRectF(-3, 12, 14, 8) << QRectF(-3, 12, 14, 8);
     QTest::newRow("centre") << 4 << 0 << QRectF(4, 12, 14, 8) << QRectF(4, 12, 14, 8);
-    QTest::newRow("centre of columns") << 0x80 << 0 << QRectF(4, 12, 14, 8)
-                                       << QRectF(4, 12, 14, 8);
+    QTest::newRow("centre of columns") << 0x80 << 0 << QRectF(4, 12, 14, 8) << QRectF(4, 12, 14, 8);
     QTest::newRow("raised") << 1 << 3 << QRectF(11, 8, 14, 8) << QRectF(11, 8, 14, 12);
     QTest::newRow("lowered") << 1 << -3 << QRectF(11, 16, 14, 8) << QRectF(11, 12, 14, 12);
 }

@@ -197,8 +197,7 @@ void TestSingleTextVertical::columnDistance()
     QFETCH(double, second);
     QFETCH(double, x);
     ColumnText text;
-    text.add(QStringLiteral("a"),
-             LayoutText::format(firstPoints, TextProperty::RowSpacing, first));
+    text.add(QStringLiteral("a"), LayoutText::format(firstPoints, TextProperty::RowSpacing, first));
     QTextCharFormat other = LayoutText::format(12, TextProperty::RowSpacing, second);
     other.setForeground(Qt::red); // a run of its own
     text.add(QStringLiteral("b"), other);
@@ -249,8 +248,8 @@ void TestSingleTextVertical::emptyColumn()
 void TestSingleTextVertical::emptyColumnWithSpacing()
 {
     ColumnText text;
-    text.m_cursor->setBlockCharFormat(withSecond(TextProperty::RowSpacing, 30.0,
-                                                 TextProperty::LetterSpacing, 500.0));
+    text.m_cursor->setBlockCharFormat(
+        withSecond(TextProperty::RowSpacing, 30.0, TextProperty::LetterSpacing, 500.0));
     text.addBlock();
     text.add(QStringLiteral("a"));
     const TextLayout layout = text.layOut();
@@ -320,8 +319,7 @@ void TestSingleTextVertical::alignment()
 void TestSingleTextVertical::letterSpacingCountsTwiceOnItsSide()
 {
     ColumnText text;
-    text.add(QString::fromUtf8("ab中"),
-             LayoutText::format(12, TextProperty::LetterSpacing, 500.0));
+    text.add(QString::fromUtf8("ab中"), LayoutText::format(12, TextProperty::LetterSpacing, 500.0));
     const TextLine line = text.layOut().lines.first();
     QCOMPARE(line.fragments.at(0).advance, 40.0); // 2 x (8 + 8) and 8 more
     QCOMPARE(line.fragments.at(0).font.letterSpacing(), 8.0);
@@ -358,8 +356,8 @@ void TestSingleTextVertical::offsetMovesToTheRight()
 void TestSingleTextVertical::scalesStretchThePiece()
 {
     ColumnText text;
-    text.add(QString::fromUtf8("中"), withSecond(TextProperty::HorizontalScale, 200,
-                                                 TextProperty::VerticalScale, 50));
+    text.add(QString::fromUtf8("中"),
+             withSecond(TextProperty::HorizontalScale, 200, TextProperty::VerticalScale, 50));
     const TextLine line = text.layOut().lines.first();
     QCOMPARE(ink(line.fragments.first()), QRectF(86, 10.5, 28, 7));
     QCOMPARE(line.fragments.first().advance, 8.0);
@@ -443,8 +441,8 @@ void TestSingleTextVertical::placeholderOfLatinOnly()
 {
     ColumnText text;
     text.m_defaultWord = QStringLiteral("AB");
-    text.m_cursor->setCharFormat(withSecond(TextProperty::HorizontalScale, 50,
-                                            TextProperty::VerticalScale, 200));
+    text.m_cursor->setCharFormat(
+        withSecond(TextProperty::HorizontalScale, 50, TextProperty::VerticalScale, 200));
     CWordManager manager(&text, false);
     manager.layout();
     QCOMPARE(manager.textOriRect(), QRectF(98, 10, 4, 28));

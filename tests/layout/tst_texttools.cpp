@@ -33,10 +33,9 @@ void TestTextTools::cjkCharacters_data()
 {
     QTest::addColumn<int>("code");
     QTest::addColumn<bool>("cjk");
-    const int ranges[][2] = {{0x2E80, 0x2EFF}, {0x3000, 0x303F}, {0x31C0, 0x31EF},
-                             {0x3400, 0x4DB5}, {0x4E00, 0x9FA5}, {0x9FA6, 0x9FBB},
-                             {0xF900, 0xFA2D}, {0xFA30, 0xFA6A}, {0xFA70, 0xFAD9},
-                             {0xFF00, 0xFFEF}};
+    const int ranges[][2] = {{0x2E80, 0x2EFF}, {0x3000, 0x303F}, {0x31C0, 0x31EF}, {0x3400, 0x4DB5},
+                             {0x4E00, 0x9FA5}, {0x9FA6, 0x9FBB}, {0xF900, 0xFA2D}, {0xFA30, 0xFA6A},
+                             {0xFA70, 0xFAD9}, {0xFF00, 0xFFEF}};
     for (const auto &range : ranges) {
         QTest::addRow("low %x", range[0]) << range[0] << true;
         QTest::addRow("high %x", range[1]) << range[1] << true;
@@ -103,8 +102,7 @@ void TestTextTools::pathsTurnClockwiseAboutTheGivenCentre()
 {
     QPainterPath path;
     path.addRect(10, 0, 4, 2);
-    const QRectF turned
-        = CTextTools::getRotatePath(path, QPointF(10, 0), 90).boundingRect();
+    const QRectF turned = CTextTools::getRotatePath(path, QPointF(10, 0), 90).boundingRect();
     QCOMPARE(turned, QRectF(8, 0, 2, 4));
 }
 
