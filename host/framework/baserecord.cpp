@@ -278,8 +278,8 @@ bool looksTagged(const QVariantMap &map)
     return map.size() == 2 && map.contains(TypeKey) && map.contains(DataKey);
 }
 
-/// JSON can hold the number: it is finite and no negative zero. Whole ones of the int range read back
-/// as int; a legible record is worth more than the kind of a number, which converts unharmed.
+/// JSON can hold the number: it is finite and no negative zero. Whole ones of the int range read
+/// back as int; a legible record is worth more than the kind of a number, which converts unharmed.
 bool isPlainNumber(double number)
 {
     return std::isfinite(number) && !(number == 0 && std::signbit(number));

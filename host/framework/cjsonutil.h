@@ -18,8 +18,8 @@ public:
     /// Reads "#aarrggbb", "#rrggbb" and colour names; anything else is the invalid colour.
     QColor toColor(const QJsonValue &value) const;
     /// \a value as JSON, in a form that toVariant() turns back into the same value. Plain JSON for
-    /// bool, int, double, string, list and map; {"type": ..., "data": ...} for every other kind. Each
-    /// keeps its type, save that a whole double of the int range comes back as int.
+    /// bool, int, double, string, list and map; {"type": ..., "data": ...} for every other kind.
+    /// Each keeps its type, save that a whole double of the int range comes back as int.
     QJsonValue fromVariant(const QVariant &value) const;
     /// The value written by fromVariant(). A tagged value that cannot be read is invalid; whole
     /// numbers of the int range read as int.

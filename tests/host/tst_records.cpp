@@ -45,8 +45,8 @@ AttributeMap richParams()
     return params;
 }
 
-/// Equal with equal types: QVariant's own comparison converts. \a wholeAsInt lets a whole double be an
-/// int in \a b.
+/// Equal with equal types: QVariant's own comparison converts. \a wholeAsInt lets a whole double be
+/// an int in \a b.
 bool sameParams(const AttributeMap &a, const AttributeMap &b, bool wholeAsInt, QString &difference)
 {
     if (a.keys() != b.keys()) {
