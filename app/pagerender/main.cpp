@@ -21,9 +21,9 @@ namespace {
 
 enum ExitCode { Done = 0, Cannot = 1, WrongUsage = 2 };
 
-/// Texts of more UTF-16 units than this are refused before they are set: their outlines alone would
-/// take gigabytes, and no page of readable text holds as many.
-constexpr int maximumCharacters = 2000000;
+/// Texts of more UTF-16 units than this are refused before they are set. The outlines of a Han
+/// character take some ten kilobytes while they are laid out, and those of a Latin one about five.
+constexpr int maximumCharacters = 250000;
 
 /// How many times over a side a text must be by a mere estimate to be refused ahead of its layout.
 constexpr double estimateReserve = 4;
