@@ -100,7 +100,8 @@ bool PageRenderer::measure()
     const QRectF area = ink.adjusted(-margin, -margin, margin, margin);
     if (!isFinite(area) || area.width() > maximumSide || area.height() > maximumSide) {
         return fail(QStringLiteral("the page would be %1 x %2 pixels large, above %3 a side")
-                        .arg(area.width(), 0, 'f', 0).arg(area.height(), 0, 'f', 0)
+                        .arg(area.width(), 0, 'f', 0)
+                        .arg(area.height(), 0, 'f', 0)
                         .arg(maximumSide));
     }
     // Objects are placed near the origin; what lies out of whole numbers' reach is not drawn right.
@@ -122,11 +123,15 @@ bool PageRenderer::checkSize(Format format)
     const double height = std::ceil(m_area.height() * scale);
     if (width > maximumSide || height > maximumSide) {
         return fail(QStringLiteral("the picture would be %1 x %2 pixels large, above %3 a side")
-                        .arg(width, 0, 'f', 0).arg(height, 0, 'f', 0).arg(maximumSide));
+                        .arg(width, 0, 'f', 0)
+                        .arg(height, 0, 'f', 0)
+                        .arg(maximumSide));
     }
     if (format == Format::Png && width * height > double(maximumPixels)) {
         return fail(QStringLiteral("the picture would have %1 x %2 pixels, above %3 in all")
-                        .arg(width, 0, 'f', 0).arg(height, 0, 'f', 0).arg(maximumPixels));
+                        .arg(width, 0, 'f', 0)
+                        .arg(height, 0, 'f', 0)
+                        .arg(maximumPixels));
     }
     return true;
 }

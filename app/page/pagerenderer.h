@@ -19,10 +19,10 @@ public:
     enum class Format { Png, Svg, Pdf };
 
     struct Options {
-        int dpi = 96;                   ///< resolution of the page
-        double scale = 1.0;             ///< PNG only: pixels of the picture for one of the page
-        double margin = 20.0;           ///< page pixels on each side
-        QColor background = Qt::white;  ///< fully transparent for none
+        int dpi = 96;                  ///< resolution of the page
+        double scale = 1.0;            ///< PNG only: pixels of the picture for one of the page
+        double margin = 20.0;          ///< page pixels on each side
+        QColor background = Qt::white; ///< fully transparent for none
     };
 
     /// Sides in pixels above which no picture is made.

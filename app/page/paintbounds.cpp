@@ -37,7 +37,7 @@ public:
 
     bool begin(QPaintDevice *) override { return true; }
     bool end() override { return true; }
-    void updateState(const QPaintEngineState &) override { }
+    void updateState(const QPaintEngineState &) override {}
     Type type() const override { return User; }
 
     void drawPath(const QPainterPath &path) override

@@ -27,10 +27,11 @@ const QLatin1String documentDataKey("document_data");
 /// carries a document string, so that the string alone decides.
 bool isParameterOfLook(const QString &key)
 {
-    return key.startsWith(QLatin1String("transform_")) || key.startsWith(QLatin1String("boxBounds_"))
-           || key.startsWith(QLatin1String("boundingBox_")) || key.startsWith(QLatin1String("warp_"))
-           || key.startsWith(QLatin1String("img_")) || key == QLatin1String("font_imgage")
-           || key == QLatin1String("document_dpi");
+    return key.startsWith(QLatin1String("transform_"))
+           || key.startsWith(QLatin1String("boxBounds_"))
+           || key.startsWith(QLatin1String("boundingBox_"))
+           || key.startsWith(QLatin1String("warp_")) || key.startsWith(QLatin1String("img_"))
+           || key == QLatin1String("font_imgage") || key == QLatin1String("document_dpi");
 }
 
 QStringList paragraphs(const QString &text)
@@ -93,12 +94,12 @@ QString documentString(const QString &text, const TextStyle &style)
         blocks.append(block);
         fragments.append(QJsonArray{runObject(line, style)});
     }
-    const QJsonObject document{
-        {blockKey, blocks},
-        {fragmentKey, fragments},
-        {directionKey, style.vertical ? Direction::Vertical : Direction::Horizontal},
-        {wordWrapKey, false},
-        {QStringLiteral("text_auto_wordwrap"), false}};
+    const QJsonObject document{{blockKey, blocks},
+                               {fragmentKey, fragments},
+                               {directionKey,
+                                style.vertical ? Direction::Vertical : Direction::Horizontal},
+                               {wordWrapKey, false},
+                               {QStringLiteral("text_auto_wordwrap"), false}};
     return QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact));
 }
 
@@ -107,17 +108,19 @@ DocumentStringInfo inspectDocumentString(const QString &string)
     QJsonParseError parse;
     const QJsonDocument document = QJsonDocument::fromJson(string.toUtf8(), &parse);
     if (parse.error != QJsonParseError::NoError) {
-        return invalid(QStringLiteral("no JSON, at byte %1: %2")
-                           .arg(parse.offset).arg(parse.errorString()));
+        return invalid(
+            QStringLiteral("no JSON, at byte %1: %2").arg(parse.offset).arg(parse.errorString()));
     }
     const QJsonObject root = document.object();
     if (!root.value(blockKey).isArray() || !root.value(fragmentKey).isArray())
-        return invalid(QStringLiteral("no document: it lacks the lists \"block\" and \"fragment\""));
+        return invalid(
+            QStringLiteral("no document: it lacks the lists \"block\" and \"fragment\""));
     const QJsonArray blocks = root.value(blockKey).toArray();
     const QJsonArray fragments = root.value(fragmentKey).toArray();
     if (blocks.size() != fragments.size()) {
         return invalid(QStringLiteral("no document: %1 in \"block\", %2 in \"fragment\"")
-                           .arg(blocks.size()).arg(fragments.size()));
+                           .arg(blocks.size())
+                           .arg(fragments.size()));
     }
     DocumentStringInfo info;
     info.valid = true;

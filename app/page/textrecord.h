@@ -11,10 +11,10 @@ class CVXRootObject;
 
 /// How a plain text is set.
 struct TextStyle {
-    QString family;              ///< of every run
-    double pointSize = 24;       ///< points of the document
-    QString color;               ///< "#rrggbb" or "#aarrggbb"
-    bool vertical = false;       ///< columns from right to left instead of lines
+    QString family;        ///< of every run
+    double pointSize = 24; ///< points of the document
+    QString color;         ///< "#rrggbb" or "#aarrggbb"
+    bool vertical = false; ///< columns from right to left instead of lines
 };
 
 /// The document string of a plain \a text: a paragraph for each line (LF, CR LF, CR and U+2029 end
@@ -25,11 +25,11 @@ QString documentString(const QString &text, const TextStyle &style);
 /// What a program wants to know of a document string before it gives it to an object.
 struct DocumentStringInfo {
     bool valid = false;
-    QString error;            ///< why not, when not valid
-    bool vertical = false;    ///< "text_direction" 2
-    bool wrapped = false;     ///< "text_wordwrap"
-    int characters = 0;       ///< UTF-16 units of all runs
-    QStringList families;     ///< named by runs with text, each once
+    QString error;         ///< why not, when not valid
+    bool vertical = false; ///< "text_direction" 2
+    bool wrapped = false;  ///< "text_wordwrap"
+    int characters = 0;    ///< UTF-16 units of all runs
+    QStringList families;  ///< named by runs with text, each once
 };
 DocumentStringInfo inspectDocumentString(const QString &string);
 

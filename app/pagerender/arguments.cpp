@@ -13,8 +13,8 @@ namespace {
 constexpr double maximumScale = 100;
 
 struct Options {
-    QCommandLineOption text{QStringLiteral("text"),
-                            QStringLiteral("Set the UTF-8 text <file>."), QStringLiteral("file")};
+    QCommandLineOption text{QStringLiteral("text"), QStringLiteral("Set the UTF-8 text <file>."),
+                            QStringLiteral("file")};
     QCommandLineOption document{QStringLiteral("document"),
                                 QStringLiteral("Set the document string in <file>."),
                                 QStringLiteral("file")};
@@ -31,10 +31,10 @@ struct Options {
     QCommandLineOption color{QStringLiteral("color"),
                              QStringLiteral("Colour of a text: a name or #rrggbb (black)."),
                              QStringLiteral("colour")};
-    QCommandLineOption background{
-        QStringLiteral("background"),
-        QStringLiteral("Colour of the page: a name, #rrggbb or transparent (white)."),
-        QStringLiteral("colour")};
+    QCommandLineOption
+        background{QStringLiteral("background"),
+                   QStringLiteral("Colour of the page: a name, #rrggbb or transparent (white)."),
+                   QStringLiteral("colour")};
     QCommandLineOption margin{QStringLiteral("margin"),
                               QStringLiteral("Margin around the ink in page pixels (20)."),
                               QStringLiteral("pixels")};
@@ -54,14 +54,13 @@ class Reader
 {
 public:
     Reader(const QCommandLineParser &parser, const Options &options, Arguments &result)
-        : m_parser(parser), m_options(options), m_result(result)
+        : m_parser(parser)
+        , m_options(options)
+        , m_result(result)
     {
     }
 
-    bool read()
-    {
-        return readFiles() && readTextStyle() && readPage() && readScale();
-    }
+    bool read() { return readFiles() && readTextStyle() && readPage() && readScale(); }
 
 private:
     bool fail(const QString &message)
@@ -131,8 +130,7 @@ private:
     {
         if (m_parser.isSet(m_options.scale) && m_result.format != PageRenderer::Format::Png)
             return fail(QStringLiteral("--scale is for PNG only"));
-        return readNumber(m_options.scale, 1 / maximumScale, maximumScale,
-                          m_result.options.scale);
+        return readNumber(m_options.scale, 1 / maximumScale, maximumScale, m_result.options.scale);
     }
 
     bool readNumber(const QCommandLineOption &option, double from, double to, double &number)

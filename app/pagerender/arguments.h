@@ -10,17 +10,17 @@
 
 /// What the command line asks for. All values are valid when parseArguments() returns Run.
 struct Arguments {
-    bool isDocument = false;  ///< the input is a document string, not plain text
+    bool isDocument = false; ///< the input is a document string, not plain text
     QString input;
     QString output;
     PageRenderer::Format format = PageRenderer::Format::Png;
     PageRenderer::Options options;
-    QString plugin;           ///< path of the library; empty to search
-    QString family;           ///< empty for the default
-    double pointSize = 0;     ///< 0 for the default
-    QString color;            ///< "#rrggbb" or "#aarrggbb"
+    QString plugin;       ///< path of the library; empty to search
+    QString family;       ///< empty for the default
+    double pointSize = 0; ///< 0 for the default
+    QString color;        ///< "#rrggbb" or "#aarrggbb"
     bool vertical = false;
-    QString message;          ///< for Usage: what is wrong; for Show: what to print
+    QString message; ///< for Usage: what is wrong; for Show: what to print
 };
 
 enum class ParseResult { Run, Show, Usage };

@@ -84,7 +84,8 @@ bool readTextFile(const QString &name, QString &text, QString &error)
         return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
     if (bytes.size() > maximumInputBytes) {
         return fail(error, QStringLiteral("'%1' is larger than %2 bytes")
-                               .arg(name).arg(maximumInputBytes));
+                               .arg(name)
+                               .arg(maximumInputBytes));
     }
     const qint64 bad = firstBadByte(bytes);
     if (bad >= 0 && bytes[int(bad)] == '\0')

@@ -145,8 +145,7 @@ int main(int argc, char **argv)
         std::fputs(qPrintable(arguments.message), stdout);
         return Done;
     case ParseResult::Usage:
-        return report(WrongUsage, arguments.message
-                                      + QStringLiteral("\nTry 'pagerender --help'."));
+        return report(WrongUsage, arguments.message + QStringLiteral("\nTry 'pagerender --help'."));
     case ParseResult::Run:
         break;
     }

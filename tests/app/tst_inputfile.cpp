@@ -36,7 +36,10 @@ void TestInputFile::firstBadByteIsFound_data()
     row("surrogate", QByteArrayLiteral("\xED\xA0\x80"), 0);
     row("above the last", QByteArrayLiteral("\xF4\x90\x80\x80"), 0);
     row("lead of five", QByteArrayLiteral("\xF8\x88\x80\x80\x80"), 0);
-    row("UTF-16", QByteArrayLiteral("\xFF\xFE""a"), 0);
+    row("UTF-16",
+        QByteArrayLiteral("\xFF\xFE"
+                          "a"),
+        0);
 }
 
 void TestInputFile::firstBadByteIsFound()

@@ -18,7 +18,9 @@ class RectObject : public CBaseObject
 {
 public:
     RectObject(IVxPage *page, const QRectF &rect, QList<int> *ended = nullptr, int id = 1)
-        : CBaseObject(id, true, nullptr, page), m_rect(rect), m_ended(ended)
+        : CBaseObject(id, true, nullptr, page)
+        , m_rect(rect)
+        , m_ended(ended)
     {
     }
     ~RectObject() override
@@ -113,8 +115,8 @@ void TestPage::runsCarryTheStyle()
     style.pointSize = 10.5;
     style.color = QStringLiteral("#102030");
     const QJsonObject root = parse(documentString(QStringLiteral("x"), style));
-    const QJsonObject run
-        = root.value(QLatin1String("fragment")).toArray().at(0).toArray().at(0).toObject();
+    const QJsonObject run =
+        root.value(QLatin1String("fragment")).toArray().at(0).toArray().at(0).toObject();
     QCOMPARE(run.value(QLatin1String("font_family")).toString(), QStringLiteral("Some Family"));
     QCOMPARE(run.value(QLatin1String("font_pointsize")).toDouble(), 10.5);
     QCOMPARE(run.value(QLatin1String("pen_color")).toString(), QStringLiteral("#102030"));

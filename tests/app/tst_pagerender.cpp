@@ -112,7 +112,8 @@ void TestPageRender::initTestCase()
     QFile config(m_fonts.filePath(QStringLiteral("fonts.conf")));
     QVERIFY(config.open(QIODevice::WriteOnly));
     config.write("<?xml version=\"1.0\"?><fontconfig><dir>" VX_SOURCE_DIR "/tests/support</dir>"
-                 "<cachedir>" + QFile::encodeName(m_fonts.path()) + "</cachedir></fontconfig>\n");
+                 "<cachedir>"
+                 + QFile::encodeName(m_fonts.path()) + "</cachedir></fontconfig>\n");
 }
 
 void TestPageRender::init()
@@ -176,9 +177,12 @@ void TestPageRender::helpAndVersionAreShown_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QString>("part");
-    QTest::newRow("--help") << "--help" << "--document <file>";
-    QTest::newRow("-h") << "-h" << "--vertical";
-    QTest::newRow("--version") << "--version" << "pagerender " PAGERENDER_VERSION "\n";
+    QTest::newRow("--help") << "--help"
+                            << "--document <file>";
+    QTest::newRow("-h") << "-h"
+                        << "--vertical";
+    QTest::newRow("--version") << "--version"
+                               << "pagerender " PAGERENDER_VERSION "\n";
 }
 
 void TestPageRender::helpAndVersionAreShown()
@@ -323,9 +327,7 @@ void TestPageRender::badDocuments()
 void TestPageRender::oddDocumentsAreRendered_data()
 {
     QTest::addColumn<QByteArray>("json");
-    const auto row = [](const char *name, const QByteArray &json) {
-        QTest::newRow(name) << json;
-    };
+    const auto row = [](const char *name, const QByteArray &json) { QTest::newRow(name) << json; };
     const QByteArray black = "{\"font_family\":\"BoxTest\",\"pen_color\":\"#000000\",";
     row("unpaired surrogates", document(black + "\"content\":\"a\\ud800b\\udc00\"}"));
     row("size 0", document(black + "\"font_pointsize\":0,\"content\":\"x\"}," + goodRun));
@@ -406,18 +408,18 @@ void TestPageRender::verticalTextIsHigh()
     const QByteArray text = QByteArrayLiteral("中文国人");
     const QSize lines = picture(text, {QStringLiteral("--margin"), QStringLiteral("0")}).size();
     const QSize columns = picture(text, {QStringLiteral("--margin"), QStringLiteral("0"),
-                                         QStringLiteral("--vertical")}).size();
+                                         QStringLiteral("--vertical")})
+                              .size();
     QCOMPARE(lines, QSize(16 * 4 - 2, 14));
     QCOMPARE(columns, QSize(14, 16 * 4 - 2));
 }
 
 void TestPageRender::sizeColorAndBackgroundCount()
 {
-    const QImage image = picture("a", {QStringLiteral("--size"), QStringLiteral("24"),
-                                       QStringLiteral("--margin"), QStringLiteral("1"),
-                                       QStringLiteral("--color"), QStringLiteral("#123456"),
-                                       QStringLiteral("--background"),
-                                       QStringLiteral("transparent")});
+    const QImage image =
+        picture("a", {QStringLiteral("--size"), QStringLiteral("24"), QStringLiteral("--margin"),
+                      QStringLiteral("1"), QStringLiteral("--color"), QStringLiteral("#123456"),
+                      QStringLiteral("--background"), QStringLiteral("transparent")});
     QCOMPARE(image.size(), QSize(14, 14));
     QCOMPARE(image.pixelColor(5, 5), QColor(0x12, 0x34, 0x56));
     QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
@@ -427,8 +429,8 @@ void TestPageRender::dpiMultipliesThePage()
 {
     const QStringList noMargin{QStringLiteral("--margin"), QStringLiteral("0")};
     const QSize once = picture("ag", noMargin).size();
-    const QImage twice = picture("ag", noMargin + QStringList{QStringLiteral("--dpi"),
-                                                              QStringLiteral("192")});
+    const QImage twice =
+        picture("ag", noMargin + QStringList{QStringLiteral("--dpi"), QStringLiteral("192")});
     QCOMPARE(twice.size(), once * 2);
     QCOMPARE(twice.dotsPerMeterX(), 7559);
 }
@@ -454,8 +456,8 @@ void TestPageRender::svgHasOutlinesAndLooksLikeThePng()
     const QImage png = picture("ag\n中x");
     const Run result = run({QStringLiteral("--text"), QStringLiteral("picture.txt"),
                             QStringLiteral("--font"), QStringLiteral("BoxTest"),
-                            QStringLiteral("--size"), QStringLiteral("12"),
-                            QStringLiteral("-o"), QStringLiteral("o.svg")});
+                            QStringLiteral("--size"), QStringLiteral("12"), QStringLiteral("-o"),
+                            QStringLiteral("o.svg")});
     QVERIFY2(result.exitCode == 0, qPrintable(result.err));
     const QByteArray svg = read("o.svg");
     QVERIFY(svg.contains("<path "));
@@ -469,7 +471,8 @@ void TestPageRender::svgHasOutlinesAndLooksLikeThePng()
     QPainter painter(&drawn);
     renderer.render(&painter);
     painter.end();
-    QCOMPARE(drawn.convertToFormat(QImage::Format_RGB32), png.convertToFormat(QImage::Format_RGB32));
+    QCOMPARE(drawn.convertToFormat(QImage::Format_RGB32),
+             png.convertToFormat(QImage::Format_RGB32));
 }
 
 void TestPageRender::pdfHasOutlinesAndNoFont()
@@ -492,7 +495,9 @@ void TestPageRender::lineEndsAreEqual()
     const QImage lines = picture("ag\nx\n\nb");
     QVERIFY(!lines.isNull());
     QCOMPARE(picture("ag\r\nx\r\n\r\nb\r\n"), lines);
-    QCOMPARE(picture("\xEF\xBB\xBF" "ag\rx\r\rb"), lines);
+    QCOMPARE(picture("\xEF\xBB\xBF"
+                     "ag\rx\r\rb"),
+             lines);
 }
 
 void TestPageRender::documentOfATextLooksLikeTheText()
