@@ -101,6 +101,7 @@ public:
         QTextCharFormat result;
         result.setFontFamily(loadBoxTestFont());
         result.setFontPointSize(points);
+        result.setForeground(Qt::black);
         return result;
     }
 

@@ -127,7 +127,7 @@ void TestPainting::placeholderBoxIsFaint()
     const QImage image = contentOf(word);
     const QColor faint(image.pixel(10, 10));
     QCOMPARE(faint.red(), 255);
-    QVERIFY(qAbs(faint.green() - 230) <= 1);
+    QVERIFY2(qAbs(faint.green() - 230) <= 1, qPrintable(faint.name()));
     QCOMPARE(image.pixel(50, 10), QColor(Qt::blue).rgba());
     QCOMPARE(image.pixel(90, 10), white); // the placeholder is never warped
 }
@@ -208,12 +208,15 @@ void TestPainting::invertAreaStaysInTheDocument()
     OpenWord word;
     word.add(QStringLiteral("abcd"));
     word.beginEdit();
-    word.select(2, 1000); // as a document string may say
-    word.drawEditStatusPath(nullptr);
-    QCOMPARE(word.m_drawDelegate->invertArea().boundingRect(), QRectF(16, 0, 16, 16));
-    word.select(-7, 1);
-    word.drawEditStatusPath(nullptr);
-    QCOMPARE(word.m_drawDelegate->invertArea().boundingRect(), QRectF(0, 0, 8, 16));
+    const auto area = [&](int start, int end) {
+        word.select(start, end);
+        word.drawEditStatusPath(nullptr);
+        return word.m_drawDelegate->invertArea();
+    };
+    // A document string may hold any selection.
+    QVERIFY(!area(2, 4).isEmpty());
+    QCOMPARE(area(2, 1000).boundingRect(), area(2, 4).boundingRect());
+    QCOMPARE(area(-7, 1).boundingRect(), area(0, 1).boundingRect());
 }
 
 void TestPainting::visibleCaretIsDrawnAndRemembered()
