@@ -4,6 +4,7 @@
 
 #include <QTest>
 
+#include <cmath>
 #include <limits>
 
 class TestBadInput : public QObject

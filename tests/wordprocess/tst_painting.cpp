@@ -121,8 +121,10 @@ void TestPainting::editedBoxPaintsFromItsDrawRect()
 void TestPainting::placeholderBoxIsFaint()
 {
     OpenWord word;
+    word.updateBoundingRectImpl(true); // the paths of an empty document
     word.m_textPaths = {rectPath(QRectF(0, 0, 20, 20)), rectPath(QRectF(40, 0, 20, 20))};
     word.m_pathBrushes = {QBrush(Qt::red), QBrush(Qt::blue)};
+    word.m_clientRect = QRectF(0, 0, 60, 20);
     word.m_morphPaths = {rectPath(QRectF(80, 0, 20, 20)), rectPath(QRectF(80, 0, 20, 20))};
     const QImage image = contentOf(word);
     const QColor faint(image.pixel(10, 10));
