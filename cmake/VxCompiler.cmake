@@ -33,10 +33,6 @@ add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DE
 # The stated order of narrowing is part of every geometric result: no fused multiply-add.
 add_compile_options(-ffp-contract=off
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual)
-if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-    # Classes of the host contract keep fields that only derived hosts will read.
-    add_compile_options(-Wno-unused-private-field)
-endif()
 if(VX_WERROR)
     add_compile_options(-Werror)
 endif()

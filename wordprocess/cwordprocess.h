@@ -124,7 +124,7 @@ public:
     QTransform getTextTransform();
     QTextCharFormat compareCharFormat(const QTextCharFormat &a, const QTextCharFormat &b) const;
     QTextBlockFormat compareBlockFormat(const QTextBlockFormat &a, const QTextBlockFormat &b) const;
-    /// Orders the selection. \return true when something is selected
+    /// Orders the selection and keeps it within the document. \return true when something is selected
     bool selection(int &start, int &end) const;
 
     // undo
@@ -281,6 +281,7 @@ private:
     void moveToWarpOrigin();
     void returnToTextBox();
     void followTextBox();
+    void layOutAgain();
     QPointF topLeftAroundCentre(const QRectF &box) const;
     void stretchTo(const QSizeF &size, bool undo, bool notify);
     void reflowTo(const QSizeF &size, bool notify);

@@ -3,7 +3,7 @@
 #ifndef NUMBERS_H
 #define NUMBERS_H
 
-#include <QtGlobal>
+#include <QSizeF>
 
 #include <cmath>
 #include <limits>
@@ -32,10 +32,23 @@ inline double finiteOrZero(double value)
     return std::isfinite(value) ? value : 0.0;
 }
 
+/// A warp value as whole percent, rounded like qRound().
+inline int percentOf(double value)
+{
+    constexpr double limit = std::numeric_limits<int>::max();
+    return qRound(qBound(-limit, finiteOrZero(value) * 100, limit));
+}
+
 /// A stretch as divisor: 0 and what is not finite divide as 1.
 inline double divisor(double stretch)
 {
     return std::isfinite(stretch) && stretch != 0.0 ? stretch : 1.0;
+}
+
+/// \a size with both sides multiplied.
+inline QSizeF stretched(const QSizeF &size, double x, double y)
+{
+    return QSizeF(size.width() * x, size.height() * y);
 }
 
 /// \a dpi when it is one that a document can have (1 to 9 600), \a old otherwise.

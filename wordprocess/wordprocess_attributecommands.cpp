@@ -4,6 +4,7 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textproperties.h"
+#include "wordprocess/numbers.h"
 
 #include <QTextBlock>
 
@@ -84,16 +85,15 @@ QTextCharFormat CWordProcess::charFormatAtCaret() const
 
 void CWordProcess::addObjectAttributes(AttributeMap &attributes) const
 {
-    const auto percent = [](double value) { return qRound(value * 100); };
     attributes[QStringLiteral("text")] = toPlainText();
     attributes[QStringLiteral("text_editflag")] = m_editing;
     attributes[QStringLiteral("text_horizontal")] = m_textOrientation == Qt::Horizontal;
     attributes[QStringLiteral("text_wordwrap")] = m_wordWrap;
     attributes[QStringLiteral("text_auto_wordwrap")] = m_autoWordWrap;
     attributes[QStringLiteral("warp_style")] = m_warpStyle;
-    attributes[QStringLiteral("warp_value")] = percent(m_warpValue);
-    attributes[QStringLiteral("warp_horizontal_value")] = percent(m_warpHorizontalValue);
-    attributes[QStringLiteral("warp_vertical_value")] = percent(m_warpVerticalValue);
+    attributes[QStringLiteral("warp_value")] = percentOf(m_warpValue);
+    attributes[QStringLiteral("warp_horizontal_value")] = percentOf(m_warpHorizontalValue);
+    attributes[QStringLiteral("warp_vertical_value")] = percentOf(m_warpVerticalValue);
     attributes[QStringLiteral("warp_oriention")] = m_warpOrientation;
     attributes[QStringLiteral("transform_xx")] = m_scaleX;
     attributes[QStringLiteral("transform_yy")] = m_scaleY;

@@ -102,12 +102,19 @@ QVariant showOrZeroText(const Format &format, bool blankMissing)
     return blankMissing ? QStringLiteral("") : QStringLiteral("0");
 }
 
+/// A number as a real; the "" of a mixed property stays "".
+QVariant shownReal(const QVariant &value)
+{
+    const bool mixed = value.userType() == QMetaType::QString && value.toString().isEmpty();
+    return mixed ? QVariant(QStringLiteral("")) : QVariant(value.toReal());
+}
+
 /// A percentage as a real, or "100"; "" in its place where what was never set is shown blank.
 template<int Id>
 QVariant showPercent(const Format &format, bool blankMissing)
 {
     if (format.hasProperty(Id))
-        return format.property(Id).toReal();
+        return shownReal(format.property(Id));
     return blankMissing ? QStringLiteral("") : QStringLiteral("100");
 }
 
@@ -150,7 +157,7 @@ QVariant showBold(const Format &format, bool)
 QVariant showLetterSpacing(const Format &format, bool)
 {
     return format.hasProperty(TextProperty::LetterSpacing)
-               ? QVariant(format.property(TextProperty::LetterSpacing).toReal())
+               ? shownReal(format.property(TextProperty::LetterSpacing))
                : QVariant(0);
 }
 
@@ -209,7 +216,7 @@ QVariant showAlignment(const Format &format, bool)
 // Deliberate: the indent serves as a whole number here, and the exact value stands beside it.
 void storeFirstIndent(Format &format, const QVariant &value)
 {
-    format.setProperty(Format::BlockIndent, truncated(value.toReal()));
+    format.setProperty(Format::BlockIndent, truncated(toFinite(value)));
     format.setProperty(TextProperty::FirstLineIndent, toFinite(value));
 }
 

@@ -39,11 +39,6 @@ QJsonObject toJson(const AttributeMap &attributes)
     return QJsonDocument::fromVariant(attributes).object();
 }
 
-int percent(double value)
-{
-    return truncated(std::round(finiteOrZero(value) * 100));
-}
-
 /// What is written of the document: all of it, or the positions from start to end.
 struct Range {
     bool whole = true;
@@ -125,7 +120,7 @@ private:
         const QJsonObject attributes = attributesOf(format);
         // Deliberate: letter-spaced runs are written unit by unit, whatever the selection is, and the
         // walk's position does not count them.
-        if (format.doubleProperty(TextProperty::LeadingGap) != 0.0 && text.length() > 1) {
+        if (format.property(TextProperty::LeadingGap).toReal() != 0.0 && text.length() > 1) {
             for (const QChar &unit : text)
                 entries.append(entry(attributes, QString(unit)));
             return;
@@ -166,7 +161,9 @@ void readInt(const QJsonObject &header, QLatin1String key, int &field)
 
 QString CWordProcess::serialize(bool selectionOnly) const
 {
-    BodyWriter body(*this, Range{!selectionOnly, m_selStart, m_selEnd});
+    const int last = m_document->characterCount() - 1; // the fields keep what a file said
+    const Range range{!selectionOnly, qBound(0, m_selStart, last), qBound(0, m_selEnd, last)};
+    BodyWriter body(*this, range);
     body.write(*m_document);
     QJsonObject json;
     json.insert(Key::Block, body.blocks());
@@ -186,9 +183,9 @@ void CWordProcess::writeHeader(QJsonObject &json) const
     json.insert(Key::WordWrap, m_wordWrap);
     json.insert(Key::AutoWordWrap, m_autoWordWrap);
     json.insert(Key::WarpStyle, m_warpStyle);
-    json.insert(Key::WarpValue, percent(m_warpValue));
-    json.insert(Key::WarpHorizontalValue, percent(m_warpHorizontalValue));
-    json.insert(Key::WarpVerticalValue, percent(m_warpVerticalValue));
+    json.insert(Key::WarpValue, percentOf(m_warpValue));
+    json.insert(Key::WarpHorizontalValue, percentOf(m_warpHorizontalValue));
+    json.insert(Key::WarpVerticalValue, percentOf(m_warpVerticalValue));
     json.insert(Key::WarpOrientation, m_warpOrientation);
     json.insert(Key::IsFlip, m_flip.load());
     json.insert(Key::IsMirror, m_mirror.load());
@@ -288,8 +285,9 @@ void CWordProcess::restoreCursorSelection()
     if (m_selStart == m_selEnd)
         return;
     const int last = m_document->characterCount() - 1;
-    if (m_selStart >= 0 && m_selStart <= last)
-        m_cursor->setPosition(m_selStart, QTextCursor::MoveAnchor);
-    if (m_selEnd > m_selStart && qMin(m_selEnd, last) >= 0)
-        m_cursor->setPosition(qMin(m_selEnd, last), QTextCursor::KeepAnchor);
+    const int start = qBound(0, m_selStart, last);
+    const int end = qBound(0, m_selEnd, last);
+    m_cursor->setPosition(start, QTextCursor::MoveAnchor);
+    if (end > start)
+        m_cursor->setPosition(end, QTextCursor::KeepAnchor);
 }

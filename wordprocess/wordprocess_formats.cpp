@@ -85,8 +85,9 @@ QTextBlockFormat CWordProcess::compareBlockFormat(const QTextBlockFormat &a,
 
 bool CWordProcess::selection(int &start, int &end) const
 {
-    start = qMin(m_selStart, m_selEnd);
-    end = qMax(m_selStart, m_selEnd);
+    const int last = m_document->characterCount() - 1; // the fields keep what a file said
+    start = qBound(0, qMin(m_selStart, m_selEnd), last);
+    end = qBound(0, qMax(m_selStart, m_selEnd), last);
     return start != end;
 }
 

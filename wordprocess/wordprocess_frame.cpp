@@ -105,6 +105,7 @@ QPainterPath CWordProcess::shape() const
 {
     const double margin = m_editing ? editMargin : 0;
     QPainterPath path;
+    path.setFillRule(Qt::WindingFill); // handles that overlap the rectangle are no holes
     path.addRect(m_clientRect.adjusted(-margin, -margin, margin, margin));
     if (isSelected())
         addHandlePath(const_cast<CWordProcess *>(this), &path, 1.0);
@@ -162,6 +163,7 @@ void CWordProcess::beginEdit()
     if (m_editing)
         return;
 
+    prepareGeometryChange(); // the bounds of an edited box are its own
     m_editing = true;
     if (m_newVersion) {
         if (m_wordWrap)
@@ -181,6 +183,7 @@ void CWordProcess::endEdit()
     if (!m_editing)
         return;
 
+    prepareGeometryChange();
     const QString text = toPlainText();
     if (m_wordWrap && !text.isEmpty())
         useOriBounds(recordOriginalBounds());

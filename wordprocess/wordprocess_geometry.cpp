@@ -15,14 +15,10 @@
 namespace {
 constexpr double smallestSide = 20.0; // of a client rectangle without any text
 
-QSizeF stretched(const QSizeF &size, double x, double y)
+bool isFinite(const QRectF &rect)
 {
-    return QSizeF(size.width() * x, size.height() * y);
-}
-
-bool isFinite(const QSizeF &size)
-{
-    return std::isfinite(size.width()) && std::isfinite(size.height());
+    return std::isfinite(rect.x()) && std::isfinite(rect.y()) && std::isfinite(rect.width())
+           && std::isfinite(rect.height());
 }
 
 QPainterPath sumOf(const QList<QPainterPath> &paths)
@@ -43,6 +39,12 @@ void CWordProcess::updateBoundingRectImpl(bool legacyArgument)
     // Outside edit state the object stands at its warp rectangle and goes back to its text box first.
     if (!m_editing)
         returnToTextBox();
+    layOutAgain();
+}
+
+/// From layout to warp, with the box as it stands.
+void CWordProcess::layOutAgain()
+{
     updateBoundingRect(/*adjustToLayout=*/true);
     if (m_wordWrap) {
         const QRectF bounds = recordOriginalBounds();
@@ -70,6 +72,7 @@ void CWordProcess::updateBoundingRect(bool adjustToLayout)
 {
     if (!m_newVersion)
         return;
+    prepareGeometryChange(); // the bounds of an edited box follow its paths
     m_wordManager->layout();
     if (m_wordWrap && m_autoWordWrap && m_wordManager->textOriRect() != m_clientRect)
         followTextBox();
@@ -142,6 +145,8 @@ void CWordProcess::setClientSize(const QSizeF &size)
 
 void CWordProcess::updatePosition(QGraphicsItem *item, const QRectF &sceneRect)
 {
+    if (!isFinite(sceneRect)) // a stretch that overflows leaves the object where it is
+        return;
     if (m_wordWrap || !m_newVersion) {
         setPos(sceneRect.topLeft(), false);
         setClientSize(sceneRect.size());
@@ -179,7 +184,7 @@ QRectF CWordProcess::recordOriginalBounds()
 
 void CWordProcess::useOriBounds(const QRectF &bounds)
 {
-    if (!m_wordWrap || !(bounds.width() > 0) || !(bounds.height() > 0))
+    if (!m_wordWrap || !isFinite(bounds) || !(bounds.width() > 0) || !(bounds.height() > 0))
         return;
     const QPointF corner = m_clientRect.topLeft();
     setPos(mapToScene(bounds.topLeft()), false);
@@ -203,7 +208,7 @@ QRectF CWordProcess::getClientRectForOribounds() const
 
 void CWordProcess::setSize(const QSizeF &size, bool undo, bool notify)
 {
-    if (!isFinite(size))
+    if (!isFinite(QRectF(QPointF(), size)) || !size.isValid())
         return;
     // One handle, two meanings, deliberate: glyphs are scaled outside an edit and rewrapped during it.
     if (!m_editing)

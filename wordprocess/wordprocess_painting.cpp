@@ -25,11 +25,6 @@ bool isQuarterTurned(double degrees)
     return (degrees >= 90 && degrees < 180) || (degrees >= 270 && degrees < 360)
            || (degrees >= -90 && degrees < 0) || (degrees >= -270 && degrees < -180);
 }
-
-QSizeF multiplied(const QSizeF &size, double x, double y)
-{
-    return QSizeF(size.width() * x, size.height() * y);
-}
 } // namespace
 
 void CWordProcess::OnQPainterDraw(QPainter *painter)
@@ -225,7 +220,7 @@ void CWordProcess::img2paths()
     const double factorY = crosswise ? m_fontImageScaleX : m_fontImageScaleY;
     m_scaleX *= factorX;
     m_scaleY *= factorY;
-    updateBoundsRectForImage2Path(pos, multiplied(m_fontImageClient.size(), factorX, factorY));
+    updateBoundsRectForImage2Path(pos, stretched(m_fontImageClient.size(), factorX, factorY));
     updateAfterObjRectChanged(this, true);
     rotateObj(angle, false);
     if (!m_wordWrap)
@@ -240,11 +235,5 @@ void CWordProcess::updateBoundsRectForImage2Path(const QPointF &pos, const QSize
     }
     if (!m_editing)
         updatePosition(this, QRectF(pos, size));
-    updateBoundingRect(/*adjustToLayout=*/true);
-    if (m_wordWrap) {
-        const QRectF bounds = recordOriginalBounds();
-        if (!m_editing)
-            useOriBounds(bounds);
-    }
-    updateMorphTextPaths();
+    layOutAgain();
 }

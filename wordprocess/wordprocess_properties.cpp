@@ -68,9 +68,11 @@ bool CWordProcess::SetSpecialProperty(int number, QDataStream &stream, bool flag
 {
     switch (number) {
     case Number::BeginEdit:
-        if (m_created && !isLocked() && fontsAreComplete())
+        if (!m_created || isLocked())
+            return true;
+        if (fontsAreComplete())
             beginEdit();
-        else if (!fontsAreComplete())
+        else
             notifyTextOperation(TextOperationMissingFonts, {});
         return true;
     case Number::EndEdit:
@@ -119,14 +121,14 @@ void CWordProcess::setFirstText(QDataStream &stream)
 
 void CWordProcess::notifyTextOperation(EnumTextOperation operation, const AttributeMap &map)
 {
-    if (!eventSink()) // without a listener nothing is built
+    IObjectEventSink *sink = eventSink();
+    if (!sink) // without a listener nothing is built
         return;
     AttributeMap values = textOperationMap(operation, map);
     if (values.isEmpty())
         return;
     values[QStringLiteral("sub_operator")] = static_cast<int>(operation);
-    if (IObjectEventSink *sink = eventSink())
-        sink->notifyObjectEvent(this, QStringLiteral("text_operation"), values);
+    sink->notifyObjectEvent(this, QStringLiteral("text_operation"), values);
 }
 
 /// What is sent beside the kind of the operation; empty when nothing is to be sent.

@@ -53,11 +53,6 @@ const QLatin1String JsonDpi("TextDPI");
 const QLatin1String JsonContent("TextContent");
 } // namespace Key
 
-int percent(double value)
-{
-    return truncated(std::round(finiteOrZero(value) * 100));
-}
-
 double real(const AttributeMap &params, QLatin1String key)
 {
     return finiteOrZero(params.value(key).toDouble());
@@ -105,9 +100,9 @@ void CWordProcess::fillSaveParams()
         fillPlacementParams();
         fillBoundsParams();
         m_saveParams[Key::WarpStyle] = m_warpStyle;
-        m_saveParams[Key::WarpValue] = percent(m_warpValue);
-        m_saveParams[Key::WarpHorizontalValue] = percent(m_warpHorizontalValue);
-        m_saveParams[Key::WarpVerticalValue] = percent(m_warpVerticalValue);
+        m_saveParams[Key::WarpValue] = percentOf(m_warpValue);
+        m_saveParams[Key::WarpHorizontalValue] = percentOf(m_warpHorizontalValue);
+        m_saveParams[Key::WarpVerticalValue] = percentOf(m_warpVerticalValue);
         m_saveParams[Key::WarpOrientation] = m_warpOrientation;
     }
     storeImageInParams();

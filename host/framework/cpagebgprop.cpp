@@ -4,10 +4,7 @@
 
 #include <QRectF>
 
-CPageBgProp::CPageBgProp(IVxPage *page)
-    : m_page(page)
-{
-}
+CPageBgProp::CPageBgProp(IVxPage * /*page*/) {}
 
 QBrush CPageBgProp::createBrushByProp(const QRectF &rect, bool opaque) const
 {

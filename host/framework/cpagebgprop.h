@@ -13,7 +13,7 @@ class IVxPage;
 class FRAMEWORK_EXPORT CPageBgProp
 {
 public:
-    /// A disabled white fill; \a page may be null.
+    /// A disabled white fill. A plain colour asks nothing of \a page, which may be null.
     explicit CPageBgProp(IVxPage *page);
 
     void setFillEnable(bool enable) { m_enabled = enable; }
@@ -25,7 +25,6 @@ public:
     QBrush createBrushByProp(const QRectF &rect, bool opaque) const;
 
 private:
-    IVxPage *m_page;
     bool m_enabled = false;
     QColor m_color = Qt::white;
 };

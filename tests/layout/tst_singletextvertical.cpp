@@ -16,7 +16,7 @@ private Q_SLOTS:
     void uprightInkIsCentredInItsCell();
     void lowInkIsCentredToo();
     void surrogatePairsStayWhole();
-    void capitalsComeAfterTheCut();
+    void capitalsAreMadeBeforeTheCut();
     void columnsRunFromRightToLeft();
     void columnDistance_data();
     void columnDistance();
@@ -143,14 +143,14 @@ void TestSingleTextVertical::surrogatePairsStayWhole()
     QCOMPARE(line.rect.height(), 48.0);
 }
 
-void TestSingleTextVertical::capitalsComeAfterTheCut()
+void TestSingleTextVertical::capitalsAreMadeBeforeTheCut()
 {
     ColumnText text;
     text.add(QString::fromUtf8("aß中ａ"), LayoutText::format(12, TextProperty::UpperCase, true));
     const TextLine line = text.layOut().lines.first();
     QCOMPARE(line.text, QString::fromUtf8("ASS中Ａ"));
-    QCOMPARE(line.fragments.at(0).length, 2);
-    QCOMPARE(line.fragments.at(1).position, 2);
+    QCOMPARE(line.fragments.at(0).length, 3);
+    QCOMPARE(line.fragments.at(1).position, 3);
     QCOMPARE(line.fragments.at(2).text, QString::fromUtf8("Ａ"));
 }
 

@@ -67,6 +67,7 @@ public:
     using CWordProcess::m_newVersion;
     using CWordProcess::m_otherParams;
     using CWordProcess::m_pathBrushes;
+    using CWordProcess::m_pathsArePlaceholder;
     using CWordProcess::m_pathsMutex;
     using CWordProcess::m_preeditString;
     using CWordProcess::m_pressPos;

@@ -552,10 +552,13 @@ void TestFrame::shapeOfSelectedObjectHasHandles()
     word.setSelected(true);
     word.setShowHandles(&word, true, false);
     QPainterPath expected;
+    expected.setFillRule(Qt::WindingFill);
     expected.addRect(word.m_clientRect);
     word.addHandlePath(&word, &expected, 1.0);
     QCOMPARE(word.shape(), expected);
     QVERIFY(expected.elementCount() > 5);
+    const QPointF inside = word.handlePosition(CObjAction::ACT_TopLeft) + QPointF(0.5, 0.5);
+    QVERIFY(word.shape().contains(inside)); // a handle over the rectangle is no hole
 }
 
 void TestFrame::flipOfPresentValueIsQuiet()

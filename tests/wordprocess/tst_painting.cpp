@@ -126,6 +126,7 @@ void TestPainting::placeholderBoxIsFaint()
     word.m_pathBrushes = {QBrush(Qt::red), QBrush(Qt::blue)};
     word.m_clientRect = QRectF(0, 0, 60, 20);
     word.m_morphPaths = {rectPath(QRectF(80, 0, 20, 20)), rectPath(QRectF(80, 0, 20, 20))};
+    word.m_pathsArePlaceholder = true;
     const QImage image = contentOf(word);
     const QColor faint(image.pixel(10, 10));
     QCOMPARE(faint.red(), 255);
