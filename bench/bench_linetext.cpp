@@ -59,8 +59,9 @@ void paint(benchmark::State &state, const Case &chosen)
 void registerCase(const Case &chosen)
 {
     const std::string name = std::string(benchScriptName(chosen.script))
-                           + (chosen.orientation == Qt::Horizontal ? "/horizontal/" : "/vertical/")
-                           + std::to_string(chosen.length);
+                             + (chosen.orientation == Qt::Horizontal ? "/horizontal/"
+                                                                     : "/vertical/")
+                             + std::to_string(chosen.length);
     benchmark::RegisterBenchmark(("layOut/" + name).c_str(), layOut, chosen)
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("paint/" + name).c_str(), paint, chosen)

@@ -14,9 +14,12 @@ const QString &pattern(BenchScript script)
     static const QString mixed = QStringLiteral(
         "排版 typography 是一门 craft，給文字以 lasting form。縦書きと横書き in one line. ");
     switch (script) {
-    case BenchScript::Latin: return latin;
-    case BenchScript::Cjk: return cjk;
-    case BenchScript::Mixed: break;
+    case BenchScript::Latin:
+        return latin;
+    case BenchScript::Cjk:
+        return cjk;
+    case BenchScript::Mixed:
+        break;
     }
     return mixed;
 }
@@ -26,9 +29,12 @@ const QString &pattern(BenchScript script)
 const char *benchScriptName(BenchScript script)
 {
     switch (script) {
-    case BenchScript::Latin: return "Latin";
-    case BenchScript::Cjk: return "CJK";
-    case BenchScript::Mixed: break;
+    case BenchScript::Latin:
+        return "Latin";
+    case BenchScript::Cjk:
+        return "CJK";
+    case BenchScript::Mixed:
+        break;
     }
     return "mixed";
 }

@@ -82,9 +82,10 @@ QTextCursor *CTextObjectBase::cursor() const
     return m_object->m_cursor;
 }
 
-int CTextObjectBase::orientation() const
+Qt::Orientation CTextObjectBase::orientation() const
 {
-    return m_object->m_textOrientation;
+    // Any number may come out of a file: what is not horizontal runs in columns.
+    return m_object->m_textOrientation == Qt::Horizontal ? Qt::Horizontal : Qt::Vertical;
 }
 
 int CTextObjectBase::dpi() const
@@ -129,7 +130,7 @@ void CTextObjectBase::setScales(const TextScales &scales)
 TextLayout CTextObjectBase::startLayout() const
 {
     TextLayout layout;
-    layout.orientation = Qt::Orientation(orientation());
+    layout.orientation = orientation();
     layout.dpi = dpi();
     return layout;
 }

@@ -65,7 +65,7 @@ protected:
     // What a layout may read of the text object, and nothing else.
     QTextDocument *document() const;
     QTextCursor *cursor() const;
-    int orientation() const; ///< 1 horizontal, any other value vertical
+    Qt::Orientation orientation() const; ///< 1 horizontal, any other value vertical
     int dpi() const;
     QString defaultWord() const;
     QPointF textOffset() const; ///< anchor of line text

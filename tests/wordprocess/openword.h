@@ -95,7 +95,10 @@ public:
     using CWordProcess::m_wordWrap;
 
     /// Finished and empty; 96 dpi unless the page's document says otherwise.
-    explicit OpenWord(IVxPage *page = nullptr) : CWordProcess(1, true, nullptr, page) {}
+    explicit OpenWord(IVxPage *page = nullptr)
+        : CWordProcess(1, true, nullptr, page)
+    {
+    }
 
     static QTextCharFormat format(qreal points = 12)
     {
@@ -209,8 +212,8 @@ inline QVector<int> operationsOf(const RecordingHost &host)
 }
 
 inline const CObjAction::ACT_Def sizeHandleIds[] = {
-    CObjAction::ACT_TopLeft,  CObjAction::ACT_BottomRight, CObjAction::ACT_TopCentre,
-    CObjAction::ACT_TopRight, CObjAction::ACT_Right,       CObjAction::ACT_Left,
+    CObjAction::ACT_TopLeft,    CObjAction::ACT_BottomRight,  CObjAction::ACT_TopCentre,
+    CObjAction::ACT_TopRight,   CObjAction::ACT_Right,        CObjAction::ACT_Left,
     CObjAction::ACT_BottomLeft, CObjAction::ACT_BottomCentre,
 };
 

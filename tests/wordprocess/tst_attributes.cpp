@@ -179,7 +179,10 @@ const QVector<Stored> paragraphRows()
 }
 } // namespace
 
-void TestAttributes::characterValueIsStored_data() { addStored(characterRows()); }
+void TestAttributes::characterValueIsStored_data()
+{
+    addStored(characterRows());
+}
 
 void TestAttributes::characterValueIsStored()
 {
@@ -193,7 +196,10 @@ void TestAttributes::characterValueIsStored()
     QCOMPARE(format.propertyCount(), 1);
 }
 
-void TestAttributes::paragraphValueIsStored_data() { addStored(paragraphRows()); }
+void TestAttributes::paragraphValueIsStored_data()
+{
+    addStored(paragraphRows());
+}
 
 void TestAttributes::paragraphValueIsStored()
 {
@@ -516,8 +522,8 @@ void TestAttributes::unknownFamilyStands()
 void TestAttributes::familyIsStoredUnderItsInternalName()
 {
     OpenWord word;
-    const QTextCharFormat format
-        = word.attr2CharFormat({{QStringLiteral("font_family"), m_family.toUpper()}});
+    const QTextCharFormat format = word.attr2CharFormat(
+        {{QStringLiteral("font_family"), m_family.toUpper()}});
     QCOMPARE(format.stringProperty(T::FontFamily), m_family);
     AttributeMap map;
     word.charFormat2Attr(format, map, false);
@@ -541,8 +547,8 @@ void TestAttributes::colourNameHasAlphaWhenNeeded()
         QTextCharFormat format = OpenWord::format();
         format.setForeground(color);
         other.add(QStringLiteral("a"), format);
-        const QJsonArray blocks
-            = jsonOf(other.serialize(false)).value(QLatin1String("fragment")).toArray();
+        const QJsonArray blocks =
+            jsonOf(other.serialize(false)).value(QLatin1String("fragment")).toArray();
         return blocks.at(0).toArray().at(0).toObject().value(QLatin1String("pen_color")).toString();
     };
     QCOMPARE(written(QColor(1, 2, 255)), QStringLiteral("#0102ff"));
@@ -606,7 +612,8 @@ void TestAttributes::notFiniteRealsReadAsZero()
 {
     QFETCH(QString, key);
     OpenWord word;
-    const QVector<QVariant> values{qQNaN(), qInf(), -qInf(), text("nan"), text("inf"), text("-inf")};
+    const QVector<QVariant> values{qQNaN(),     qInf(),      -qInf(),
+                                   text("nan"), text("inf"), text("-inf")};
     for (const QVariant &value : values) {
         QTextFormat format = word.attr2CharFormat({{key, value}});
         if (format.propertyCount() == 0)

@@ -134,26 +134,63 @@ void TestBadInput::refusedDpiKeepsTheOldOne()
 void TestBadInput::wrongTypesInAttributeMaps_data()
 {
     QTest::addColumn<QString>("key");
-    for (const char *key :
-         {"font_family", "font_bold", "font_italic", "font_letterspacing", "selected_letterspacing",
-          "font_pointsize", "font_underline", "font_strikeout", "pen_color", "font_style",
-          "vertical_scaled", "horizontal_scaled", "baseline_offset", "text_upper",
-          "text_superscript", "text_subscript", "font_rowspacing", "ori_font_family",
-          "textalignment", "paragraph_left_indent", "paragraph_right_indent",
-          "paragraph_after_space", "paragraph_before_space", "paragraph_first_indent",
-          "text_ligature", "paragraph_head_tail_punctuation", "paragraph_punctuation_extra"})
+    for (const char *key : {"font_family",
+                            "font_bold",
+                            "font_italic",
+                            "font_letterspacing",
+                            "selected_letterspacing",
+                            "font_pointsize",
+                            "font_underline",
+                            "font_strikeout",
+                            "pen_color",
+                            "font_style",
+                            "vertical_scaled",
+                            "horizontal_scaled",
+                            "baseline_offset",
+                            "text_upper",
+                            "text_superscript",
+                            "text_subscript",
+                            "font_rowspacing",
+                            "ori_font_family",
+                            "textalignment",
+                            "paragraph_left_indent",
+                            "paragraph_right_indent",
+                            "paragraph_after_space",
+                            "paragraph_before_space",
+                            "paragraph_first_indent",
+                            "text_ligature",
+                            "paragraph_head_tail_punctuation",
+                            "paragraph_punctuation_extra"})
         QTest::newRow(key) << QString::fromLatin1(key);
 }
 
 void TestBadInput::wrongTypesInAttributeMaps()
 {
     QFETCH(QString, key);
-    const QVector<QVariant> values{
-        QVariant(), QString(), QStringLiteral("abc"), QStringLiteral("nan"), QStringLiteral("-inf"),
-        QStringLiteral("1e308"), qQNaN(), qInf(), -qInf(), 1e308, -1e308, 1e9, -1e9, 5e-324,
-        std::numeric_limits<int>::max(), std::numeric_limits<int>::min(),
-        std::numeric_limits<qint64>::max(), true, QVariantList{1, 2}, QVariantMap(),
-        QByteArray("\xff\xfe", 2), QColor(1, 2, 3), QPointF(1, 2), QString(QChar(0xd800))};
+    const QVector<QVariant> values{QVariant(),
+                                   QString(),
+                                   QStringLiteral("abc"),
+                                   QStringLiteral("nan"),
+                                   QStringLiteral("-inf"),
+                                   QStringLiteral("1e308"),
+                                   qQNaN(),
+                                   qInf(),
+                                   -qInf(),
+                                   1e308,
+                                   -1e308,
+                                   1e9,
+                                   -1e9,
+                                   5e-324,
+                                   std::numeric_limits<int>::max(),
+                                   std::numeric_limits<int>::min(),
+                                   std::numeric_limits<qint64>::max(),
+                                   true,
+                                   QVariantList{1, 2},
+                                   QVariantMap(),
+                                   QByteArray("\xff\xfe", 2),
+                                   QColor(1, 2, 3),
+                                   QPointF(1, 2),
+                                   QString(QChar(0xd800))};
     for (const QVariant &value : values) {
         OpenWord word;
         const AttributeMap map{{key, value}};
@@ -162,7 +199,8 @@ void TestBadInput::wrongTypesInAttributeMaps()
         for (const QTextFormat &format : {QTextFormat(character), QTextFormat(block)}) {
             const QMap<int, QVariant> properties = format.properties();
             for (const QVariant &property : properties)
-                QVERIFY(property.userType() != QMetaType::Double || std::isfinite(property.toDouble()));
+                QVERIFY(property.userType() != QMetaType::Double
+                        || std::isfinite(property.toDouble()));
         }
         word.m_cursor->insertText(QStringLiteral("ab\ncd"), OpenWord::format());
         word.m_cursor->select(QTextCursor::Document);
@@ -171,7 +209,8 @@ void TestBadInput::wrongTypesInAttributeMaps()
         word.m_cursor->movePosition(QTextCursor::End);
         useObject(word);
         if (QTest::currentTestFailed())
-            QFAIL(qPrintable(QStringLiteral("with %1 of %2").arg(value.toString(), QLatin1String(value.typeName()))));
+            QFAIL(qPrintable(QStringLiteral("with %1 of %2")
+                                 .arg(value.toString(), QLatin1String(value.typeName()))));
     }
 }
 
@@ -179,26 +218,37 @@ void TestBadInput::strangeDocumentStrings_data()
 {
     QTest::addColumn<QString>("text");
     const auto run = [](const QString &attributes) {
-        return QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"ab\",%1}]]}").arg(attributes);
+        return QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"ab\",%1}]]}")
+            .arg(attributes);
     };
     const auto header = [](const QString &words) {
-        return QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"ab\"}]],%1}").arg(words);
+        return QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"ab\"}]],%1}")
+            .arg(words);
     };
     QTest::newRow("empty") << QString();
     QTest::newRow("not JSON") << QStringLiteral("{{{");
     QTest::newRow("deeply nested") << QString(100000, QLatin1Char('['));
     QTest::newRow("no blocks") << QStringLiteral("{\"block\":[],\"fragment\":[]}");
-    QTest::newRow("runs of wrong types") << QStringLiteral("{\"block\":[5,[],null],\"fragment\":[7,[3,null,[]],{}]}");
-    QTest::newRow("unpaired surrogate escape") << QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"a\\ud800b\\udc00\"}]]}");
-    QTest::newRow("unpaired surrogate") << QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"a%1b\"}]]}").arg(QChar(0xd800));
-    QTest::newRow("control characters") << QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"\\u0000\\u2029\\ufdd0\\ufffc\"}]]}");
+    QTest::newRow("runs of wrong types")
+        << QStringLiteral("{\"block\":[5,[],null],\"fragment\":[7,[3,null,[]],{}]}");
+    QTest::newRow("unpaired surrogate escape")
+        << QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"a\\ud800b\\udc00\"}]]}");
+    QTest::newRow("unpaired surrogate")
+        << QStringLiteral("{\"block\":[{}],\"fragment\":[[{\"content\":\"a%1b\"}]]}")
+               .arg(QChar(0xd800));
+    QTest::newRow("control characters") << QStringLiteral(
+        "{\"block\":[{}],\"fragment\":[[{\"content\":\"\\u0000\\u2029\\ufdd0\\ufffc\"}]]}");
     for (const char *size : {"0", "-5", "1e9", "1e308", "\"nan\"", "\"inf\"", "null", "[]", "\"\""})
-        QTest::addRow("font size %s", size) << run(QStringLiteral("\"font_pointsize\":%1").arg(QLatin1String(size)));
-    for (const char *key : {"selection_start", "selection_end", "cursor_position", "text_direction", "warp_style", "transform_xx"}) {
+        QTest::addRow("font size %s", size)
+            << run(QStringLiteral("\"font_pointsize\":%1").arg(QLatin1String(size)));
+    for (const char *key : {"selection_start", "selection_end", "cursor_position", "text_direction",
+                            "warp_style", "transform_xx"}) {
         for (const char *value : {"-1", "2147483647", "1e300", "0", "\"x\"", "null", "{}"})
-            QTest::addRow("%s %s", key, value) << header(QStringLiteral("\"%1\":%2").arg(QLatin1String(key), QLatin1String(value)));
+            QTest::addRow("%s %s", key, value) << header(
+                QStringLiteral("\"%1\":%2").arg(QLatin1String(key), QLatin1String(value)));
     }
-    QTest::newRow("wrong header types") << header(QStringLiteral("\"font_replaced\":5,\"text_wordwrap\":[],\"is_flip\":\"x\""));
+    QTest::newRow("wrong header types")
+        << header(QStringLiteral("\"font_replaced\":5,\"text_wordwrap\":[],\"is_flip\":\"x\""));
 }
 
 void TestBadInput::strangeDocumentStrings()
@@ -217,7 +267,8 @@ void TestBadInput::tenMegabytesOfRuns()
     OpenWord small;
     small.add(QStringLiteral("a"));
     QJsonObject document = jsonOf(small.serialize(false));
-    const QJsonValue run = document.value(QLatin1String("fragment")).toArray().at(0).toArray().at(0);
+    const QJsonValue run =
+        document.value(QLatin1String("fragment")).toArray().at(0).toArray().at(0);
     const int size = QJsonDocument(run.toObject()).toJson(QJsonDocument::Compact).size();
     QJsonArray runs;
     for (int bytes = 0; bytes < 10 * 1024 * 1024; bytes += size)

@@ -132,8 +132,8 @@ void TestDocumentString::emptyDocumentHasOneRun()
     word.m_cursor->setBlockCharFormat(OpenWord::format(18));
     const QString written = word.serialize(false);
     QCOMPARE(contentsOf(written), QList<QStringList>{QStringList(QString())});
-    const QJsonObject run
-        = jsonOf(written).value(QLatin1String("fragment")).toArray().at(0).toArray().at(0).toObject();
+    const QJsonObject run =
+        jsonOf(written).value(QLatin1String("fragment")).toArray().at(0).toArray().at(0).toObject();
     QCOMPARE(run.value(QLatin1String("font_pointsize")).toDouble(), 18.0);
     OpenWord other;
     other.deserialization(written, false);
@@ -162,8 +162,8 @@ void TestDocumentString::letterSpacedRunIsSplit_data()
     QTest::newRow("spaced backwards") << abc << QVariant(-5.0) << split;
     QTest::newRow("zero") << abc << QVariant(0.0) << QStringList(abc);
     QTest::newRow("none") << abc << QVariant() << QStringList(abc);
-    QTest::newRow("one character") << QStringLiteral("a") << QVariant(100.0)
-                                   << QStringList(QStringLiteral("a"));
+    QTest::newRow("one character")
+        << QStringLiteral("a") << QVariant(100.0) << QStringList(QStringLiteral("a"));
 }
 
 void TestDocumentString::letterSpacedRunIsSplit()
@@ -198,7 +198,8 @@ void TestDocumentString::selectionOfOneRunIsCut()
     word.select(2, 5);
     const QString written = word.serialize(true);
     QCOMPARE(contentsOf(written), QList<QStringList>{{QStringLiteral("cde")}});
-    QCOMPARE(jsonOf(written).keys(), (QStringList{QStringLiteral("block"), QStringLiteral("fragment")}));
+    QCOMPARE(jsonOf(written).keys(),
+             (QStringList{QStringLiteral("block"), QStringLiteral("fragment")}));
 }
 
 void TestDocumentString::selectionAcrossParagraphs()
@@ -215,8 +216,9 @@ void TestDocumentString::selectionOfEmptyParagraph()
     OpenWord word;
     word.add(QStringLiteral("ab\n\ncd"));
     word.select(1, 5);
-    QCOMPARE(contentsOf(word.serialize(true)),
-             (QList<QStringList>{{QStringLiteral("b")}, QStringList(QString()), {QStringLiteral("c")}}));
+    QCOMPARE(contentsOf(word.serialize(true)), (QList<QStringList>{{QStringLiteral("b")},
+                                                                   QStringList(QString()),
+                                                                   {QStringLiteral("c")}}));
     word.select(4, 5); // behind the empty paragraph
     QCOMPARE(contentsOf(word.serialize(true)), QList<QStringList>{{QStringLiteral("c")}});
 }
@@ -243,7 +245,8 @@ void TestDocumentString::headerKeysAndTypes()
                          {QStringLiteral("selection_start"), 1},
                          {QStringLiteral("selection_end"), 3},
                          {QStringLiteral("text_direction"), 2},
-                         {QStringLiteral("font_replaced"), QJsonArray{QStringLiteral("A"), QStringLiteral("B")}},
+                         {QStringLiteral("font_replaced"),
+                          QJsonArray{QStringLiteral("A"), QStringLiteral("B")}},
                          {QStringLiteral("text_wordwrap"), true},
                          {QStringLiteral("text_auto_wordwrap"), true},
                          {QStringLiteral("warp_style"), 7},
@@ -291,7 +294,7 @@ void TestDocumentString::randomSelectionsHoldTheirText()
             const int from = qMax(word.m_selStart, block.position());
             const int to = qMin(word.m_selEnd, block.position() + block.length() - 1);
             const bool emptySelected = block.length() == 1 && block.position() >= word.m_selStart
-                && block.position() < word.m_selEnd;
+                                       && block.position() < word.m_selEnd;
             if (to > from)
                 expected.append(block.text().mid(from - block.position(), to - from));
             else if (emptySelected)
@@ -375,7 +378,8 @@ void TestDocumentString::warpNeedsItsStyle()
     QCOMPARE(word.m_warpStyle, 3);
     QCOMPARE(word.m_warpValue, 0.5);
     QCOMPARE(word.m_warpOrientation, 2);
-    word.deserialization(documentOf({QStringLiteral("a")}, {{QStringLiteral("warp_style"), 4}}), false);
+    word.deserialization(documentOf({QStringLiteral("a")}, {{QStringLiteral("warp_style"), 4}}),
+                         false);
     QCOMPARE(word.m_warpStyle, 4);
     QCOMPARE(word.m_warpValue, 0.0);
     QCOMPARE(word.m_warpOrientation, 0);
@@ -385,10 +389,14 @@ void TestDocumentString::wrapWithoutAutoWrapIsFixed()
 {
     OpenWord word;
     word.m_autoWordWrap = true;
-    word.deserialization(documentOf({QStringLiteral("a")}, {{QStringLiteral("text_wordwrap"), true}}), false);
+    word.deserialization(documentOf({QStringLiteral("a")},
+                                    {{QStringLiteral("text_wordwrap"), true}}),
+                         false);
     QVERIFY(word.m_wordWrap);
     QVERIFY(!word.m_autoWordWrap);
-    word.deserialization(documentOf({QStringLiteral("a")}, {{QStringLiteral("text_auto_wordwrap"), true}}), false);
+    word.deserialization(documentOf({QStringLiteral("a")},
+                                    {{QStringLiteral("text_auto_wordwrap"), true}}),
+                         false);
     QVERIFY(!word.m_autoWordWrap); // not without its gate
 }
 
@@ -402,7 +410,8 @@ void TestDocumentString::missingHeaderKeysKeepTheFields()
     word.m_scaleY = 4;
     word.m_wordWrap = true;
     word.m_replacedFonts = QStringList(QStringLiteral("A"));
-    word.deserialization(documentOf({QStringLiteral("abc")}, {{QStringLiteral("transform_yy"), 9}}), false);
+    word.deserialization(documentOf({QStringLiteral("abc")}, {{QStringLiteral("transform_yy"), 9}}),
+                         false);
     QCOMPARE(word.m_selStart, 1);
     QCOMPARE(word.m_selEnd, 2);
     QCOMPARE(word.m_textOrientation, 2);
@@ -418,8 +427,9 @@ void TestDocumentString::missingHeaderKeysKeepTheFields()
 void TestDocumentString::backwardSelectionLeavesTheCursor()
 {
     OpenWord word;
-    word.deserialization(documentOf({QStringLiteral("abcdefg")}, {{QStringLiteral("selection_start"), 5},
-                                                                  {QStringLiteral("selection_end"), 2}}),
+    word.deserialization(documentOf({QStringLiteral("abcdefg")},
+                                    {{QStringLiteral("selection_start"), 5},
+                                     {QStringLiteral("selection_end"), 2}}),
                          false);
     QCOMPARE(word.m_cursor->position(), 5);
     QVERIFY(!word.m_cursor->hasSelection());
@@ -430,14 +440,16 @@ void TestDocumentString::backwardSelectionLeavesTheCursor()
 void TestDocumentString::selectionMovesTheCursor()
 {
     OpenWord word;
-    word.deserialization(documentOf({QStringLiteral("abcdefg")}, {{QStringLiteral("cursor_position"), 7},
-                                                                  {QStringLiteral("selection_start"), 2},
-                                                                  {QStringLiteral("selection_end"), 5}}),
+    word.deserialization(documentOf({QStringLiteral("abcdefg")},
+                                    {{QStringLiteral("cursor_position"), 7},
+                                     {QStringLiteral("selection_start"), 2},
+                                     {QStringLiteral("selection_end"), 5}}),
                          false);
     QCOMPARE(word.m_cursor->anchor(), 2);
     QCOMPARE(word.m_cursor->position(), 5);
-    word.deserialization(documentOf({QStringLiteral("abc")}, {{QStringLiteral("selection_start"), 1},
-                                                              {QStringLiteral("selection_end"), 2000000000}}),
+    word.deserialization(documentOf({QStringLiteral("abc")},
+                                    {{QStringLiteral("selection_start"), 1},
+                                     {QStringLiteral("selection_end"), 2000000000}}),
                          false);
     QCOMPARE(word.m_cursor->anchor(), 1);
     QCOMPARE(word.m_cursor->position(), 3);
@@ -454,12 +466,17 @@ void TestDocumentString::textThatIsNoDocumentChangesNothing_data()
     QTest::newRow("no body") << QStringLiteral("{\"text_direction\":2}");
     QTest::newRow("no block") << QStringLiteral("{\"fragment\":[],\"text_direction\":2}");
     QTest::newRow("no fragment") << QStringLiteral("{\"block\":[],\"text_direction\":2}");
-    QTest::newRow("sizes differ") << QStringLiteral("{\"block\":[{}],\"fragment\":[],\"text_direction\":2}");
-    QTest::newRow("block is no array") << QStringLiteral("{\"block\":{},\"fragment\":[],\"text_direction\":2}");
-    QTest::newRow("fragment is no array") << QStringLiteral("{\"block\":[],\"fragment\":5,\"text_direction\":2}");
-    QTest::newRow("deeply nested") << QString(100000, QLatin1Char('[')) + QString(100000, QLatin1Char(']'));
+    QTest::newRow("sizes differ") << QStringLiteral(
+        "{\"block\":[{}],\"fragment\":[],\"text_direction\":2}");
+    QTest::newRow("block is no array")
+        << QStringLiteral("{\"block\":{},\"fragment\":[],\"text_direction\":2}");
+    QTest::newRow("fragment is no array")
+        << QStringLiteral("{\"block\":[],\"fragment\":5,\"text_direction\":2}");
+    QTest::newRow("deeply nested")
+        << QString(100000, QLatin1Char('[')) + QString(100000, QLatin1Char(']'));
     QTest::newRow("deep inside") << QStringLiteral("{\"block\":[],\"fragment\":[],\"x\":")
-            + QString(50000, QLatin1Char('[')) + QString(50000, QLatin1Char(']')) + QLatin1Char('}');
+                                        + QString(50000, QLatin1Char('['))
+                                        + QString(50000, QLatin1Char(']')) + QLatin1Char('}');
     QTest::newRow("10 MB of letters") << QString(10000000, QLatin1Char('a'));
 }
 

@@ -526,8 +526,8 @@ void TestFrame::boundingRectGrowsInEditedBoxOnly()
     QCOMPARE(word.boundingRect(), base); // line text
     word.m_wordWrap = true;
     const QRectF united = word.m_wordManager->textPathRect().united(word.m_clientRect);
-    QCOMPARE(word.boundingRect(), QRectF(united.x() - 70, united.y() - 70, united.width() + 140,
-                                         united.height() + 140));
+    QCOMPARE(word.boundingRect(),
+             QRectF(united.x() - 70, united.y() - 70, united.width() + 140, united.height() + 140));
     QCOMPARE(word.boundingRect(), QRectF(-70, -70, 240, 190));
     word.m_newVersion = false;
     QCOMPARE(word.boundingRect(), base);

@@ -272,7 +272,8 @@ void TestGeometry::growingTextKeepsItsAnchor()
     word.rotateObj(angle, false);
     word.beginEdit();
     const QPointF anchor = word.mapToScene(word.m_textOffset);
-    for (const QString &text : {QStringLiteral("cdef"), QStringLiteral("\n"), QStringLiteral("ghi")}) {
+    for (const QString &text :
+         {QStringLiteral("cdef"), QStringLiteral("\n"), QStringLiteral("ghi")}) {
         word.add(text);
         QVERIFY(QLineF(word.mapToScene(word.m_textOffset), anchor).length() < 1e-9);
     }
@@ -543,7 +544,8 @@ void TestGeometry::firstManualResizeEndsTheGrowing()
     word.setSize(QSizeF(80, 60), false, true);
     QVERIFY(!word.m_autoWordWrap);
     QCOMPARE(operationsOf(host), (QVector<int>{0}));
-    QCOMPARE(host.events.first().values.value(QStringLiteral("text_auto_wordwrap")), QVariant(false));
+    QCOMPARE(host.events.first().values.value(QStringLiteral("text_auto_wordwrap")),
+             QVariant(false));
     word.setSize(QSizeF(90, 60), false, true);
     QCOMPARE(operationsOf(host), (QVector<int>{0}));
     word.m_editing = false;

@@ -427,7 +427,7 @@ void TestPainting::hintSitsOnTopOfTheObject()
     QCOMPARE(image.pixel(label.topLeft().toPoint() + QPoint(2, 2)), blue);
     QCOMPARE(image.pixel(int(label.right()) - 2, int(label.top()) + 2), blue);
     QCOMPARE(image.pixel(int(label.right()) + 2, int(label.top()) + 2), white);
-    QCOMPARE(image.pixel(70, 80), blue); // lower edge of the object's frame
+    QCOMPARE(image.pixel(70, 80), blue);  // lower edge of the object's frame
     QCOMPARE(image.pixel(70, 70), white); // which is not filled
     // The letters are squares, white inside the padding.
     const QRectF text = ink.translated(label.topLeft() + QPointF(5, 5) - ink.topLeft());
@@ -452,7 +452,8 @@ void TestPainting::leavingThePictureTakesItsStretch_data()
 {
     QTest::addColumn<double>("rotation");
     QTest::addColumn<bool>("crosswise");
-    const QVector<double> straight{0, 45, 89.5, 180, 200, 269.5, 360, -90.5, -100, -180, -271, -300};
+    const QVector<double> straight{0,   45,    89.5, 180,  200,  269.5,
+                                   360, -90.5, -100, -180, -271, -300};
     const QVector<double> crosswise{90, 120, 179.5, 270, 300, 359.5, -0.5, -45, -90, -180.5, -270};
     for (double angle : straight)
         QTest::addRow("%g", angle) << angle << false;

@@ -73,8 +73,10 @@ void TestRecords::savingEndsTheEdit()
     QJsonObject record;
     word.saveJson(record);
     QVERIFY(!word.m_editing);
-    const QJsonObject header = jsonOf(word.m_saveParams.value(QStringLiteral("document_data")).toString());
-    QCOMPARE(header.value(QLatin1String("selection_start")), header.value(QLatin1String("selection_end")));
+    const QJsonObject header = jsonOf(
+        word.m_saveParams.value(QStringLiteral("document_data")).toString());
+    QCOMPARE(header.value(QLatin1String("selection_start")),
+             header.value(QLatin1String("selection_end")));
 }
 
 void TestRecords::tailIsConsumed()

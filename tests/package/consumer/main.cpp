@@ -24,7 +24,7 @@ int main(int argc, char **argv)
     }
     CVXRootObject *object = createText(0, 7, true, nullptr);
     const bool isTheTextObject = object->getObjName() == QLatin1String("wb text")
-                              && object->getObjId() == 7 && object->GetType() == 65543;
+                                 && object->getObjId() == 7 && object->GetType() == 65543;
     object->Release();
     return isTheTextObject ? 0 : 1;
 }
