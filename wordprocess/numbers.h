@@ -3,22 +3,12 @@
 #ifndef NUMBERS_H
 #define NUMBERS_H
 
+#include "layout/units.h"
+
 #include <QSizeF>
 
 #include <cmath>
 #include <limits>
-
-/// Toward zero, saturating at the 32-bit range, 0 for not-a-number.
-inline int truncated(double value)
-{
-    if (std::isnan(value))
-        return 0;
-    if (value >= static_cast<double>(std::numeric_limits<int>::max()))
-        return std::numeric_limits<int>::max();
-    if (value <= static_cast<double>(std::numeric_limits<int>::min()))
-        return std::numeric_limits<int>::min();
-    return static_cast<int>(value);
-}
 
 /// Halves away from zero, saturating like truncated().
 inline int roundedAway(double value)

@@ -22,11 +22,6 @@ struct AttributeRow {
     Show show;
 };
 
-double toFinite(const QVariant &value)
-{
-    return finiteOrZero(value.toReal());
-}
-
 /// QVariant::toInt(), kept within the range of an int; 0 for a real that is not finite.
 int toWhole(const QVariant &value)
 {
@@ -52,7 +47,7 @@ QString shownFamily(const QString &family)
 template<int Id>
 void storeReal(Format &format, const QVariant &value)
 {
-    format.setProperty(Id, toFinite(value));
+    format.setProperty(Id, finiteReal(value));
 }
 
 template<int Id>
@@ -130,8 +125,8 @@ QVariant showIndent(const Format &format, bool blankMissing)
 template<int Margin, int Exact>
 void storeIndent(Format &format, const QVariant &value)
 {
-    format.setProperty(Margin, toFinite(value));
-    format.setProperty(Exact, toFinite(value));
+    format.setProperty(Margin, finiteReal(value));
+    format.setProperty(Exact, finiteReal(value));
 }
 
 void storeFamily(Format &format, const QVariant &value)
@@ -216,8 +211,8 @@ QVariant showAlignment(const Format &format, bool)
 // Deliberate: the indent serves as a whole number here, and the exact value stands beside it.
 void storeFirstIndent(Format &format, const QVariant &value)
 {
-    format.setProperty(Format::BlockIndent, truncated(toFinite(value)));
-    format.setProperty(TextProperty::FirstLineIndent, toFinite(value));
+    format.setProperty(Format::BlockIndent, truncated(finiteReal(value)));
+    format.setProperty(TextProperty::FirstLineIndent, finiteReal(value));
 }
 
 using P = QTextFormat;

@@ -222,7 +222,7 @@ void CWordProcess::insertContent(const QJsonArray &blocks, const QJsonArray &run
         QTextBlockFormat blockFormat = attr2BlockFormat(blocks.at(i).toObject().toVariantMap());
         double rowSpacing = -1.0; // of the whole block; below 0 when the block has none
         if (blockFormat.hasProperty(TextProperty::LineSpacing)) {
-            rowSpacing = finiteOrZero(blockFormat.property(TextProperty::LineSpacing).toReal());
+            rowSpacing = finiteReal(blockFormat.property(TextProperty::LineSpacing));
             blockFormat.clearProperty(TextProperty::LineSpacing);
         }
         if (i == 0)

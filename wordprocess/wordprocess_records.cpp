@@ -55,7 +55,7 @@ const QLatin1String JsonContent("TextContent");
 
 double real(const AttributeMap &params, QLatin1String key)
 {
-    return finiteOrZero(params.value(key).toDouble());
+    return finiteReal(params.value(key));
 }
 
 double screenDpiX()
