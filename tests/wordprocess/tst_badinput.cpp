@@ -273,7 +273,9 @@ void TestBadInput::tenMegabytesOfRuns()
     QJsonArray runs;
     for (int bytes = 0; bytes < 10 * 1024 * 1024; bytes += size)
         runs.append(run);
-    document.insert(QStringLiteral("fragment"), QJsonArray{runs});
+    QJsonArray fragments;
+    fragments.append(runs); // a braced list of one array may be read as a copy of it
+    document.insert(QStringLiteral("fragment"), fragments);
     OpenWord word;
     word.deserialization(QString::fromUtf8(QJsonDocument(document).toJson()), false);
     QCOMPARE(word.toPlainText().size(), runs.size());
