@@ -272,6 +272,7 @@ protected:
 
 private:
     // frame
+    void enableAllHandles();
     void leaveEditAppearance();
     void turnFontImage(Qt::Axis axis);
     bool fontsAreComplete() const { return m_replacedFonts.size() == m_missingFonts.size(); }
@@ -295,6 +296,7 @@ private:
     QFont hintFont() const;
 
     // warping
+    void addWarpAttributes(AttributeMap &attributes) const;
     void takeUnwarpedBox();
     void dropMorphPaths();
     void applyStretchToBox();

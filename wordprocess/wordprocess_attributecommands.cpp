@@ -4,7 +4,6 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textproperties.h"
-#include "wordprocess/numbers.h"
 
 #include <QTextBlock>
 
@@ -90,11 +89,7 @@ void CWordProcess::addObjectAttributes(AttributeMap &attributes) const
     attributes[QStringLiteral("text_horizontal")] = m_textOrientation == Qt::Horizontal;
     attributes[QStringLiteral("text_wordwrap")] = m_wordWrap;
     attributes[QStringLiteral("text_auto_wordwrap")] = m_autoWordWrap;
-    attributes[QStringLiteral("warp_style")] = m_warpStyle;
-    attributes[QStringLiteral("warp_value")] = percentOf(m_warpValue);
-    attributes[QStringLiteral("warp_horizontal_value")] = percentOf(m_warpHorizontalValue);
-    attributes[QStringLiteral("warp_vertical_value")] = percentOf(m_warpVerticalValue);
-    attributes[QStringLiteral("warp_oriention")] = m_warpOrientation;
+    addWarpAttributes(attributes);
     attributes[QStringLiteral("transform_xx")] = m_scaleX;
     attributes[QStringLiteral("transform_yy")] = m_scaleY;
 }

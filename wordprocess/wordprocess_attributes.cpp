@@ -5,13 +5,10 @@
 
 #include "host/fontdatabase/cfontdatabase.h"
 #include "layout/textproperties.h"
+#include "wordprocess/fontweight.h"
 #include "wordprocess/numbers.h"
 
 namespace {
-constexpr int boldAbove = 57;
-constexpr int boldWeight = 75;
-constexpr int normalWeight = 50;
-
 using Format = QTextFormat;
 using Store = void (*)(Format &, const QVariant &);           // a value of the map into the format
 using Show = QVariant (*)(const Format &, bool blankMissing); // a format's value for the map
@@ -141,12 +138,12 @@ QVariant showFamily(const Format &format, bool)
 
 void storeBold(Format &format, const QVariant &value)
 {
-    format.setProperty(Format::FontWeight, value.toBool() ? boldWeight : normalWeight);
+    format.setProperty(Format::FontWeight, value.toBool() ? FontWeight::Bold : FontWeight::Normal);
 }
 
 QVariant showBold(const Format &format, bool)
 {
-    return format.toCharFormat().font().weight() > boldAbove;
+    return isBold(format.toCharFormat());
 }
 
 QVariant showLetterSpacing(const Format &format, bool)

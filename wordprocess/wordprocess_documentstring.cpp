@@ -5,6 +5,7 @@
 
 #include "layout/textproperties.h"
 #include "wordprocess/numbers.h"
+#include "wordprocess/warpkeys.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -23,11 +24,6 @@ const QLatin1String TextDirection("text_direction");
 const QLatin1String FontReplaced("font_replaced");
 const QLatin1String WordWrap("text_wordwrap");
 const QLatin1String AutoWordWrap("text_auto_wordwrap");
-const QLatin1String WarpStyle("warp_style");
-const QLatin1String WarpValue("warp_value");
-const QLatin1String WarpHorizontalValue("warp_horizontal_value");
-const QLatin1String WarpVerticalValue("warp_vertical_value");
-const QLatin1String WarpOrientation("warp_oriention"); // spelled so in every document
 const QLatin1String IsFlip("is_flip");
 const QLatin1String IsMirror("is_mirror");
 const QLatin1String TransformXx("transform_xx");
@@ -182,11 +178,10 @@ void CWordProcess::writeHeader(QJsonObject &json) const
     json.insert(Key::FontReplaced, QJsonArray::fromStringList(m_replacedFonts));
     json.insert(Key::WordWrap, m_wordWrap);
     json.insert(Key::AutoWordWrap, m_autoWordWrap);
-    json.insert(Key::WarpStyle, m_warpStyle);
-    json.insert(Key::WarpValue, percentOf(m_warpValue));
-    json.insert(Key::WarpHorizontalValue, percentOf(m_warpHorizontalValue));
-    json.insert(Key::WarpVerticalValue, percentOf(m_warpVerticalValue));
-    json.insert(Key::WarpOrientation, m_warpOrientation);
+    AttributeMap warp;
+    addWarpAttributes(warp);
+    for (auto it = warp.constBegin(); it != warp.constEnd(); ++it)
+        json.insert(it.key(), it.value().toInt());
     json.insert(Key::IsFlip, m_flip.load());
     json.insert(Key::IsMirror, m_mirror.load());
     json.insert(Key::TransformXx, m_scaleX);
@@ -261,12 +256,12 @@ void CWordProcess::restoreHeader(const QJsonObject &header)
         m_autoWordWrap = header.value(Key::AutoWordWrap).toBool();
         m_wordWrap = header.value(Key::WordWrap).toBool();
     }
-    if (header.contains(Key::WarpStyle)) { // without a style the other keys do not count
-        m_warpStyle = header.value(Key::WarpStyle).toInt();
-        m_warpValue = header.value(Key::WarpValue).toInt() / 100.0;
-        m_warpHorizontalValue = header.value(Key::WarpHorizontalValue).toInt() / 100.0;
-        m_warpVerticalValue = header.value(Key::WarpVerticalValue).toInt() / 100.0;
-        m_warpOrientation = header.value(Key::WarpOrientation).toInt();
+    if (header.contains(WarpKey::Style)) { // without a style the other keys do not count
+        m_warpStyle = header.value(WarpKey::Style).toInt();
+        m_warpValue = header.value(WarpKey::Value).toInt() / 100.0;
+        m_warpHorizontalValue = header.value(WarpKey::HorizontalValue).toInt() / 100.0;
+        m_warpVerticalValue = header.value(WarpKey::VerticalValue).toInt() / 100.0;
+        m_warpOrientation = header.value(WarpKey::Orientation).toInt();
     }
     if (header.contains(Key::IsFlip))
         m_flip = header.value(Key::IsFlip).toBool();

@@ -4,13 +4,11 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textproperties.h"
+#include "wordprocess/fontweight.h"
 
 #include <QtMath>
 
 namespace {
-constexpr int boldAbove = 57; // font weight
-constexpr int normalWeight = 50;
-
 /// The value of \a a when the two formats agree on \a id; "" when they differ or \a a has it not.
 void keepCommonOrBlank(QTextFormat &result, const QTextFormat &a, const QTextFormat &b, int id)
 {
@@ -35,10 +33,10 @@ void keepCommonBlankOnDifference(QTextFormat &result, const QTextFormat &a, cons
 
 void keepCommonWeight(QTextCharFormat &result, const QTextCharFormat &a, const QTextCharFormat &b)
 {
-    const int weightA = a.font().weight();
-    if ((weightA > boldAbove) == (b.font().weight() > boldAbove))
-        result.setProperty(QTextFormat::FontWeight,
-                           a.hasProperty(QTextFormat::FontWeight) ? weightA : normalWeight);
+    if (isBold(a) == isBold(b))
+        result.setProperty(QTextFormat::FontWeight, a.hasProperty(QTextFormat::FontWeight)
+                                                        ? a.font().weight()
+                                                        : FontWeight::Normal);
 }
 } // namespace
 

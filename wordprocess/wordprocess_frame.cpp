@@ -131,6 +131,13 @@ void CWordProcess::setControlPointDisable(bool disable)
         setHandlesDisable(handle, disable);
 }
 
+void CWordProcess::enableAllHandles()
+{
+    setControlPointDisable(false);
+    setHandlesDisable(CObjAction::ACT_Rotate, false);
+    setShowHandles(this, isSelected(), true);
+}
+
 void CWordProcess::updateControlHandles()
 {
     if (m_editing) {
@@ -138,9 +145,7 @@ void CWordProcess::updateControlHandles()
         setHandlesDisable(CObjAction::ACT_Rotate, true);
         return;
     }
-    setControlPointDisable(false);
-    setHandlesDisable(CObjAction::ACT_Rotate, false);
-    setShowHandles(this, isSelected(), true);
+    enableAllHandles();
 }
 
 void CWordProcess::beginEdit()
@@ -208,9 +213,7 @@ void CWordProcess::leaveEditAppearance()
         clearSelection();
     else
         m_selStart = m_selEnd; // outside edit state nobody is told
-    setControlPointDisable(false);
-    setHandlesDisable(CObjAction::ACT_Rotate, false);
-    setShowHandles(this, isSelected(), true);
+    enableAllHandles();
     clearLayerEffectCache(EffectCacheReason::ContentChanged);
     enableLayerEffect(true);
     m_cursorVisible = false;

@@ -114,9 +114,7 @@ void CWordProcess::setFirstText(QDataStream &stream)
     QDataStream nothing;
     SetSpecialProperty(Number::FontImagePosition, nothing, false);
     notifyTextOperation(TextOperationAttributes, {});
-    setControlPointDisable(false);
-    setHandlesDisable(CObjAction::ACT_Rotate, false);
-    setShowHandles(this, isSelected(), true);
+    enableAllHandles();
 }
 
 void CWordProcess::notifyTextOperation(EnumTextOperation operation, const AttributeMap &map)

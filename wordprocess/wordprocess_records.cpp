@@ -39,11 +39,6 @@ const QLatin1String BoundingLeft("boundingBox_left");
 const QLatin1String BoundingTop("boundingBox_top");
 const QLatin1String BoundingRight("boundingBox_right");
 const QLatin1String BoundingBottom("boundingBox_bottom");
-const QLatin1String WarpStyle("warp_style");
-const QLatin1String WarpValue("warp_value");
-const QLatin1String WarpHorizontalValue("warp_horizontal_value");
-const QLatin1String WarpVerticalValue("warp_vertical_value");
-const QLatin1String WarpOrientation("warp_oriention");
 const QLatin1String ImageX("img_x");
 const QLatin1String ImageY("img_y");
 const QLatin1String FontImage("font_imgage"); // spelled so in every record
@@ -99,11 +94,7 @@ void CWordProcess::fillSaveParams()
     if (m_newVersion) {
         fillPlacementParams();
         fillBoundsParams();
-        m_saveParams[Key::WarpStyle] = m_warpStyle;
-        m_saveParams[Key::WarpValue] = percentOf(m_warpValue);
-        m_saveParams[Key::WarpHorizontalValue] = percentOf(m_warpHorizontalValue);
-        m_saveParams[Key::WarpVerticalValue] = percentOf(m_warpVerticalValue);
-        m_saveParams[Key::WarpOrientation] = m_warpOrientation;
+        addWarpAttributes(m_saveParams);
     }
     storeImageInParams();
     m_saveParams.remove(Key::HasImage);
@@ -318,9 +309,7 @@ void CWordProcess::finishLoading()
         updateBoundingRectImpl(true);
     else
         showFontImage();
-    setControlPointDisable(false);
-    setHandlesDisable(CObjAction::ACT_Rotate, false);
-    setShowHandles(this, isSelected(), true);
+    enableAllHandles();
 }
 
 /// Stands as the picture, and leaves it at once when all fonts are there.

@@ -4,7 +4,20 @@
 // the style, the object takes the box that it has without a warp.
 #include "wordprocess/cwordprocess.h"
 
+#include "wordprocess/numbers.h"
+#include "wordprocess/warpkeys.h"
+
 void CWordProcess::initMorphHandles() {}
+
+/// The warp as it is stored and shown everywhere: values as whole percent.
+void CWordProcess::addWarpAttributes(AttributeMap &attributes) const
+{
+    attributes[WarpKey::Style] = m_warpStyle;
+    attributes[WarpKey::Value] = percentOf(m_warpValue);
+    attributes[WarpKey::HorizontalValue] = percentOf(m_warpHorizontalValue);
+    attributes[WarpKey::VerticalValue] = percentOf(m_warpVerticalValue);
+    attributes[WarpKey::Orientation] = m_warpOrientation;
+}
 
 void CWordProcess::updateMorphTextPaths()
 {
