@@ -58,9 +58,9 @@ void appendLine(const TextLine &line, QList<QPainterPath> &paths, QList<QBrush> 
     if (line.path.isEmpty())
         return;
     if (orientation == Qt::Vertical)
-        line.verticalUnderlinePath(paths, brushes, underlined);
+        line.verticalUnderlinePath(paths, brushes, underlined, thickness);
     else
-        line.horizontalUnderlinePath(paths, brushes, underlined);
+        line.horizontalUnderlinePath(paths, brushes, underlined, thickness);
 }
 
 } // namespace
@@ -128,18 +128,6 @@ void TextLine::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
 {
     UnderlineThickness thickness;
     appendLine(*this, paths, brushes, orientation, thickness);
-}
-
-void TextLine::horizontalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
-                                       const QList<int> &) const
-{
-    // Bars for underlined stretches are not drawn yet.
-}
-
-void TextLine::verticalUnderlinePath(QList<QPainterPath> &, QList<QBrush> &,
-                                     const QList<int> &) const
-{
-    // Bars for underlined stretches are not drawn yet.
 }
 
 void TextLayout::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes) const

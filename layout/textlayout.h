@@ -13,6 +13,7 @@
 #include <QTextCharFormat>
 
 class QTextFragment;
+class UnderlineThickness;
 
 // A finished layout as a plain value. Lengths are pixels at the document's dpi, in the coordinates
 // of the object's client area. "Along" the line is x in horizontal and y in vertical text,
@@ -78,12 +79,19 @@ struct TextLine {
     void textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                    Qt::Orientation orientation) const;
 
-    /// Appends the underlines of the runs at \a indices (ascending).
-    /// Bars for underlined stretches are not drawn yet: both functions add nothing.
+    /// Appends one bar for each stretch of underlined runs: rectangles with the runs' foreground
+    /// brushes, all as thick as the underline of `font`. A row's bars hang from its greatest
+    /// descent; superscript, subscript and shifted runs have bars of their own. A column's bars
+    /// touch its ink from the left. Expects valid, ascending \a indices into `fragments`.
     void horizontalUnderlinePath(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                                  const QList<int> &indices) const;
     void verticalUnderlinePath(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                                const QList<int> &indices) const;
+    /// The same for line after line: \a measured keeps the thickness of the last font.
+    void horizontalUnderlinePath(QList<QPainterPath> &paths, QList<QBrush> &brushes,
+                                 const QList<int> &indices, UnderlineThickness &measured) const;
+    void verticalUnderlinePath(QList<QPainterPath> &paths, QList<QBrush> &brushes,
+                               const QList<int> &indices, UnderlineThickness &measured) const;
 };
 
 /// All lines of a text.
