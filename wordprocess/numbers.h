@@ -6,6 +6,7 @@
 #include "layout/units.h"
 
 #include <QSizeF>
+#include <QVariant>
 
 #include <cmath>
 #include <limits>
@@ -22,11 +23,27 @@ inline double finiteOrZero(double value)
     return std::isfinite(value) ? value : 0.0;
 }
 
+/// qRound(), saturating; 0 for what is not finite.
+inline int rounded(double value)
+{
+    constexpr double limit = std::numeric_limits<int>::max();
+    return qRound(qBound(-limit, finiteOrZero(value), limit));
+}
+
 /// A warp value as whole percent, rounded like qRound().
 inline int percentOf(double value)
 {
-    constexpr double limit = std::numeric_limits<int>::max();
-    return qRound(qBound(-limit, finiteOrZero(value) * 100, limit));
+    return rounded(qBound(-1e300, finiteOrZero(value), 1e300) * 100);
+}
+
+/// QVariant::toInt(), kept within the range of an int; 0 for a real that is not finite.
+inline int toWhole(const QVariant &value)
+{
+    if (value.userType() != QMetaType::Double && value.userType() != QMetaType::Float)
+        return value.toInt();
+    const double real = value.toDouble();
+    return std::abs(real) < std::numeric_limits<int>::max() ? value.toInt()
+                                                            : truncated(finiteOrZero(real));
 }
 
 /// A stretch as divisor: 0 and what is not finite divide as 1.

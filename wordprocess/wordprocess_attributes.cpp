@@ -19,16 +19,6 @@ struct AttributeRow {
     Show show;
 };
 
-/// QVariant::toInt(), kept within the range of an int; 0 for a real that is not finite.
-int toWhole(const QVariant &value)
-{
-    if (value.userType() != QMetaType::Double && value.userType() != QMetaType::Float)
-        return value.toInt();
-    const double real = value.toDouble();
-    return std::abs(real) < std::numeric_limits<int>::max() ? value.toInt()
-                                                            : truncated(finiteOrZero(real));
-}
-
 QString internalFamily(const QString &name)
 {
     const QString family = CFontDatabase::instance()->family(name);

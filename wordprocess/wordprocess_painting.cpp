@@ -3,9 +3,9 @@
 // Changes: m_cursorLine and m_cursorEndScenePos while painting; img2paths() changes the object's form.
 #include "wordprocess/cwordprocess.h"
 
-#include "host/framework/iappframework.h"
 #include "layout/textlayout.h"
 #include "layout/wordmanager.h"
+#include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
 
 #include <QPainter>
@@ -191,13 +191,7 @@ void CWordProcess::drawForeground(QPainter *painter, const QRectF & /*rect*/)
 
 QFont CWordProcess::hintFont() const
 {
-    QFont font;
-    if (IAppFramework *framework = GetFramework()) {
-        QString family;
-        int size = 0;
-        framework->getDefaultFont(family, size);
-        font.setFamily(family);
-    }
+    QFont font = hostDefaultFont();
     font.setPixelSize(qMax(1, m_documentDpi * 11 / 72)); // integer arithmetic
     return font;
 }

@@ -5,6 +5,7 @@
 
 #include "host/framework/iappframework.h"
 #include "layout/textproperties.h"
+#include "wordprocess/hostdefaults.h"
 #include "wordprocess/htmldocument.h"
 
 #include <QDataStream>
@@ -26,18 +27,6 @@ IObjectEventSink *eventSink()
 {
     IAppFramework *framework = GetFramework();
     return framework ? framework->getEventSink() : nullptr;
-}
-
-QFont defaultFont()
-{
-    QString family;
-    int size = 0;
-    if (IAppFramework *framework = GetFramework())
-        framework->getDefaultFont(family, size);
-    QFont font(family);
-    if (size > 0)
-        font.setPointSize(size);
-    return font;
 }
 
 QString defaultInputWord()
@@ -101,7 +90,7 @@ void CWordProcess::setFirstText(QDataStream &stream)
     blockFormat.setProperty(QTextFormat::BlockLeftMargin, 0.0);
     QTextCharFormat charFormat;
     charFormat.setForeground(QBrush(Qt::black, Qt::SolidPattern));
-    charFormat.setFont(defaultFont());
+    charFormat.setFont(hostDefaultFont());
     charFormat.setProperty(TextProperty::RowSpacing, 0);
     m_cursor->setBlockFormat(blockFormat);
     m_cursor->setCharFormat(charFormat);

@@ -4,10 +4,10 @@
 // only in their tail. Reading changes the document, the box, the stretch and the picture.
 #include "wordprocess/cwordprocess.h"
 
-#include "host/framework/iappframework.h"
 #include "host/framework/idocumenthost.h"
 #include "host/qimageex/qimageex.h"
 #include "layout/wordmanager.h"
+#include "wordprocess/hostdefaults.h"
 #include "wordprocess/htmldocument.h"
 #include "wordprocess/numbers.h"
 
@@ -51,15 +51,6 @@ const QLatin1String JsonContent("TextContent");
 double real(const AttributeMap &params, QLatin1String key)
 {
     return finiteReal(params.value(key));
-}
-
-double screenDpiX()
-{
-    double x = 96;
-    double y = 96;
-    if (IAppFramework *framework = GetFramework())
-        framework->getScreenDpi(x, y);
-    return x;
 }
 } // namespace
 
