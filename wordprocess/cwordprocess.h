@@ -118,18 +118,51 @@ public:
     // keyboard: selection
     void selectAll();
     void clearSelection();
+    /// Removes what m_selStart to m_selEnd name, exactly, as one removal; nothing unless m_selEnd lies behind
+    /// m_selStart. Does not lay out.
+    void removeSelectedText();
 
     // formats
+    /// Puts a format where it belongs: in edit state on the selection, or at the caret for what is typed
+    /// next; outside it on all text, a size in pixels run by run. An empty document takes it at its cursor.
+    /// Never lays out. \return true
+    bool updateCharFormat(const QTextCharFormat &format);
+    /// Likewise on the paragraphs of the selection or of the caret; outside edit state on all of them.
+    bool updateBlockFormat(const QTextBlockFormat &format);
+    /// Gap ahead of the one character right of the cursor, thousandths of the point size. Does nothing behind
+    /// the last character of a paragraph, and ahead of its first when that is not a run of its own.
+    void setCharLetterSpacing(double value);
+    /// Both letter spacings of \a format together, pixels at the document's dpi.
+    double letterSpacing(const QTextCharFormat &format) const;
+    void checkParagraphAlignType() const;
     /// Transform from paths of stretch 1 to scene coordinates, for the record of the object.
     QTransform getTextTransform();
+    /// What the two formats have in common; \a a itself when they are equal. A property that differs is left
+    /// out or stays as "", as its kind is shown.
     QTextCharFormat compareCharFormat(const QTextCharFormat &a, const QTextCharFormat &b) const;
     QTextBlockFormat compareBlockFormat(const QTextBlockFormat &a, const QTextBlockFormat &b) const;
     /// Orders the selection and keeps it within the document. \return true when something is selected
     bool selection(int &start, int &end) const;
 
+    // clipboard
+    /// Puts the selection on the clipboard, rich and plain. False without a selection: the clipboard stays.
+    bool copy();
+    /// copy(), then removeSelectedText(). Does not lay out.
+    bool cut();
+    /// Inserts the clipboard's best form in place of the selection. False when it has nothing to paste.
+    /// \param newObject  the object was made for this text and is finished by it
+    /// \param rich       takes formats along where the clipboard has them
+    bool paste(bool newObject, bool rich);
+    /// Empty without a selection. Blocks are parted by line feeds.
+    QString getSelectedText() const;
+    QString getPlainTextFromHtmlText(const QString &html) const;
+
     // undo
     /// Records a step between two document strings. The step rebuilds the object from \a after at once.
     void pushUndoRedo(const QString &before, const QString &after);
+    /// Rebuilds the object from a document string, in edit state or out of it, and lays it out. A string that
+    /// cannot be read leaves the document. \param notify tells listeners and the thumbnail
+    void undoRedo(const QString &data, bool notify);
 
     // warping
     /// Makes the warped paths anew when a warp is set.
@@ -162,8 +195,42 @@ public:
     /// Lists the families of a document string that are not installed in m_missingFonts and empties
     /// m_replacedFonts. \return true when all are installed; text that does not parse has no fonts
     bool fontExists(const QString &documentString);
-    /// Rewrites the sizes of the document from \a dpi to the document's own.
+    /// Points of \a fromDpi as points of \a toDpi that are as long. \a value itself where that is no number.
+    double getPointForDpi(int fromDpi, int toDpi, double value) const;
+    /// Rewrites sizes, margins and spacings of the document from \a dpi to the document's own resolution, and
+    /// pixel sizes to points; percentages stay. A resolution that no document can have changes nothing.
     void px2pt(double dpi);
+    /// Gives each run that has a point size its size in pixels too. Nothing in edit state.
+    void refreshPixel();
+    /// px2pt() at the document's own resolution, and tells listeners. Nothing in edit state.
+    void refreshFontPixel2Point();
+    /// HTML for use outside: whole point sizes in pixels of the screen, and one family for all.
+    QString replacePtToPx(QString html);
+    /// Gives text of family \a from the family \a to, which is looked up in the catalogue, and keeps the
+    /// former name beside it. Nothing in edit state; never lays out.
+    /// \param byFormerName \a from is the name before an earlier replacement, and stays that name
+    void fontReplace(const QString &from, const QString &to, bool byFormerName);
+    /// Room that \a text takes in the cursor's font, or in the host's default one, in pixels.
+    QSizeF getDefaultTextSize(const QString &text);
+    /// Ink of \a text in \a format with the blanks at its ends, pixels at the document's dpi.
+    QSizeF getTextSize(const QString &text, const QTextCharFormat &format) const;
+    /// The side of getTextSize() that lies along the line.
+    double textWidth(const QString &text, const QTextCharFormat &format) const;
+    /// Outline of \a text for the older layout: scaled, half the size in superscript and subscript, turned
+    /// for columns unless \a asHorizontal.
+    /// \param advance       receives the right edge of the unscaled ink, scaled
+    /// \param extraSpacing  added behind each character, pixels
+    QPainterPath fragmentPath(const QPointF &pos, const QTextCharFormat &format,
+                              const QString &text, double &advance, double extraSpacing,
+                              bool asHorizontal) const;
+    /// The same; \a lowerEdge receives the lower edge of the unscaled ink, scaled like the advance.
+    QPainterPath fragmentPath(const QPointF &pos, const QTextCharFormat &format,
+                              const QString &text, double &advance, double &lowerEdge,
+                              double extraSpacing, bool asHorizontal) const;
+    /// How many characters of \a text fit into \a limit behind \a used pixels; -1 when not even an empty
+    /// text does, or there is none. Never between the halves of a code point.
+    int autoWrapIndex(const QString &text, const QTextCharFormat &format, double used,
+                      double limit);
 
     // attribute commands
     bool getAllAttributes(AttributeMap &attributes) override;
@@ -263,6 +330,7 @@ protected:
     QPointF m_warpMax = QPointF(-99999, -99999);
     QRectF m_warpBounds;
     bool m_pathsArePlaceholder = false; ///< m_textPaths shows m_defaultWord; guarded with them
+    bool m_changingEditState = false;   ///< beginEdit() or endEdit() is under way: no way back in
 
     void initMorphHandles();
     /// Flip about the horizontal centre line, mirror about the vertical one; without the stretch.
@@ -273,7 +341,9 @@ protected:
 private:
     // frame
     void enableAllHandles();
+    void takeEditAppearance();
     void leaveEditAppearance();
+    void finishNewObject();
     void turnFontImage(Qt::Axis axis);
     bool fontsAreComplete() const { return m_replacedFonts.size() == m_missingFonts.size(); }
 
@@ -289,6 +359,12 @@ private:
     QPointF anchorOfFirstLine(const TextLayout &layout) const;
     void turnSoftWrapsIntoLineEnds(const TextLayout &layout);
 
+    // formats
+    void applyToAllRuns(const QTextCharFormat &format);
+    void applyAtCursor(const QTextCharFormat &format);
+    /// Lets the cursor select what the fields say and nothing else.
+    void putCursorOnSelection();
+
     // painting
     void drawDragFrame(QPainter *painter);
     void paintAnchorAndBaselines(QPainter *painter, const QTransform &toScene);
@@ -301,7 +377,25 @@ private:
     void dropMorphPaths();
     void applyStretchToBox();
 
+    // input method
+    /// Ends a composition: its text stays in the document as if it had been committed.
+    void endComposition() { m_preeditString.clear(); }
+
+    // keyboard
+    /// Drops a selection that the cursor alone still holds: what does not look selected is never replaced.
+    void dropCursorSelection();
+
+    // clipboard
+    QString offeredText(bool rich, bool &isRich) const;
+    void takeDefaultLook();
+
+    // undo
+    void adoptWordWrap(bool wasWrapped);
+    void leaveFontImageOfOldVersion();
+    void returnToFontImage();
+
     // document string
+    static bool hasContent(const QString &documentString);
     void writeHeader(QJsonObject &json) const;
     void insertContent(const QJsonArray &blocks, const QJsonArray &runs);
     void restoreHeader(const QJsonObject &header);
@@ -321,6 +415,11 @@ private:
     void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
     void finishLoading();
     void showFontImage();
+
+    // fonts and units
+    QTextBlockFormat rescaled(QTextBlockFormat format, int fromDpi) const;
+    QTextCharFormat rescaled(QTextCharFormat format, int fromDpi, double dpi) const;
+    void leaveRewriting();
 
     // attribute commands
     void foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat, int start,

@@ -147,6 +147,18 @@ private:
     QJsonArray m_runs;
 };
 
+/// False, and \a json is nothing to be used, for text that is no document string.
+bool readDocumentString(const QString &text, QJsonObject &json)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
+    if (error.error != QJsonParseError::NoError || !document.isObject())
+        return false;
+    json = document.object();
+    return json.value(Key::Block).isArray() && json.value(Key::Fragment).isArray()
+           && json.value(Key::Block).toArray().size() == json.value(Key::Fragment).toArray().size();
+}
+
 /// Reads \a key into \a field when it is there; 0 or false for a value of another type.
 void readInt(const QJsonObject &header, QLatin1String key, int &field)
 {
@@ -190,17 +202,11 @@ void CWordProcess::writeHeader(QJsonObject &json) const
 
 void CWordProcess::deserialization(const QString &text, bool insertAtCursor)
 {
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8(), &error);
-    if (error.error != QJsonParseError::NoError || !document.isObject())
-        return;
-    const QJsonObject json = document.object();
-    if (!json.value(Key::Block).isArray() || !json.value(Key::Fragment).isArray())
+    QJsonObject json;
+    if (!readDocumentString(text, json))
         return;
     const QJsonArray blocks = json.value(Key::Block).toArray();
     const QJsonArray runs = json.value(Key::Fragment).toArray();
-    if (blocks.size() != runs.size())
-        return;
 
     if (!insertAtCursor)
         m_document->clear();
@@ -209,6 +215,13 @@ void CWordProcess::deserialization(const QString &text, bool insertAtCursor)
         restoreHeader(json);
         m_document->clearUndoRedoStacks(QTextDocument::UndoAndRedoStacks);
     }
+}
+
+/// True for a document string with at least one block: there is something to insert.
+bool CWordProcess::hasContent(const QString &documentString)
+{
+    QJsonObject json;
+    return readDocumentString(documentString, json) && !json.value(Key::Block).toArray().isEmpty();
 }
 
 void CWordProcess::insertContent(const QJsonArray &blocks, const QJsonArray &runs)

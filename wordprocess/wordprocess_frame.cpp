@@ -11,14 +11,19 @@
 #include "wordprocess/numbers.h"
 
 #include <QCoreApplication>
+#include <QDataStream>
 #include <QGraphicsSceneContextMenuEvent>
+#include <QScopedValueRollback>
 #include <QThread>
 #include <QTimerEvent>
 
+#include <utility>
+
 namespace {
 constexpr int caretBlinkMs = 800;
-constexpr double editMargin = 70;      // around an object in edit state, item coordinates
-constexpr int lastActionEditEnded = 5; // ActionState::lastAction
+constexpr double editMargin = 70;       // around an object in edit state, item coordinates
+constexpr int lastActionEditEnded = 5;  // ActionState::lastAction
+constexpr int fontImagePosition = 2604; // property that takes note of where a picture lies
 
 const CObjAction::ACT_Def sizeHandles[] = {
     CObjAction::ACT_TopLeft,    CObjAction::ACT_BottomRight,  CObjAction::ACT_TopCentre,
@@ -150,6 +155,31 @@ void CWordProcess::updateControlHandles()
 
 void CWordProcess::beginEdit()
 {
+    if (m_changingEditState) // a listener asks from within
+        return;
+    {
+        const QScopedValueRollback<bool> guard(m_changingEditState, true);
+        takeEditAppearance();
+        endComposition();
+        m_editStartText = toPlainText();
+        m_editStartData = serialize(false);
+        if (m_editing)
+            return;
+        prepareGeometryChange(); // the bounds of an edited box are its own
+        m_editing = true;
+    }
+    if (m_newVersion) {
+        if (m_wordWrap)
+            returnToTextBox();
+        else
+            updatePosition(this, QRectF(mapToScene(m_textOffset), QSizeF(0, 0)));
+    }
+    updateBoundingRectImpl(true);
+    notifyTextOperation(TextOperationEditState, {});
+}
+
+void CWordProcess::takeEditAppearance()
+{
     m_actionState->editing = 1;
     if (IVxPage *page = GetPage())
         page->setEditingObject(this, true);
@@ -163,40 +193,31 @@ void CWordProcess::beginEdit()
         setHandlesDisable(CObjAction::ACT_Rotate, true);
     }
     m_otherParams[dashedFrame] = m_wordWrap;
-    m_editStartText = toPlainText();
-    m_editStartData = serialize(false);
-    if (m_editing)
-        return;
-
-    prepareGeometryChange(); // the bounds of an edited box are its own
-    m_editing = true;
-    if (m_newVersion) {
-        if (m_wordWrap)
-            returnToTextBox();
-        else
-            updatePosition(this, QRectF(mapToScene(m_textOffset), QSizeF(0, 0)));
-    }
-    updateBoundingRectImpl(true);
-    notifyTextOperation(TextOperationEditState, {});
 }
 
 void CWordProcess::endEdit()
 {
-    if (!isOnApplicationThread() || !m_created)
+    if (m_changingEditState || !isOnApplicationThread() || !m_created)
         return;
-    leaveEditAppearance();
-    if (!m_editing)
-        return;
-
-    prepareGeometryChange();
-    const QString text = toPlainText();
-    if (m_wordWrap && !text.isEmpty())
-        useOriBounds(recordOriginalBounds());
-    m_editing = false;
+    QString text;
+    {
+        const QScopedValueRollback<bool> guard(m_changingEditState,
+                                               true); // listeners may call back
+        endComposition();
+        leaveEditAppearance();
+        if (!m_editing)
+            return;
+        prepareGeometryChange();
+        text = toPlainText();
+        if (m_wordWrap && !text.isEmpty())
+            useOriBounds(recordOriginalBounds());
+        m_editing = false;
+    }
     if (text != m_editStartText && !m_editStartData.isEmpty()) {
         m_editStartText = text;
-        pushUndoRedo(m_editStartData, serialize(false));
-        m_editStartData.clear();
+        // Emptied ahead of the push: a listener that begins the next edit in it keeps its own start.
+        const QString before = std::exchange(m_editStartData, QString());
+        pushUndoRedo(before, serialize(false)); // lays out too
     } else {
         updateMorphTextPaths();
         notifyTextOperation(TextOperationAttributes, {});
@@ -218,6 +239,18 @@ void CWordProcess::leaveEditAppearance()
     enableLayerEffect(true);
     m_cursorVisible = false;
     m_otherParams[dashedFrame] = false;
+}
+
+/// The end of every road on which an object comes with its text: no drawing by hand, no edit.
+void CWordProcess::finishNewObject()
+{
+    setTextInteractionFlags(Qt::NoTextInteraction);
+    m_created = true;
+    updateBoundingRectImpl(true);
+    QDataStream nothing;
+    SetSpecialProperty(fontImagePosition, nothing, false);
+    notifyTextOperation(TextOperationAttributes, {});
+    enableAllHandles();
 }
 
 void CWordProcess::setFlip(bool flip, bool /*notify*/)

@@ -27,3 +27,22 @@ void CWordProcess::clearSelection()
     m_selStart = m_selEnd; // the cursor is not touched
     notifyTextOperation(TextOperationAttributes, {});
 }
+
+void CWordProcess::removeSelectedText()
+{
+    int start = 0;
+    int end = 0;
+    if (m_selEnd <= m_selStart || !selection(start, end))
+        return;
+    endComposition();
+    m_cursor->setPosition(start);
+    m_cursor->setPosition(end, QTextCursor::KeepAnchor);
+    m_cursor->removeSelectedText();
+    clearSelection();
+}
+
+void CWordProcess::dropCursorSelection()
+{
+    if (m_cursor->hasSelection())
+        m_cursor->setPosition(m_cursor->position());
+}

@@ -1,6 +1,85 @@
 // SPDX-License-Identifier: MIT
-// wordprocess_undo.cpp -- CWordProcess: steps on the host's undo stack.
+// wordprocess_undo.cpp -- CWordProcess: steps on the host's undo stack, and the way back from one.
+// Changes: the document with all that its string holds, the form (text or picture), the box.
+// The document's own stack, which serves an open edit, knows nothing of these steps.
 #include "wordprocess/cwordprocess.h"
 
-// No step is recorded yet.
-void CWordProcess::pushUndoRedo(const QString & /*before*/, const QString & /*after*/) {}
+#include "host/framework/cundoredo.h"
+#include "layout/wordmanager.h"
+#include "wordprocess/numbers.h"
+#include "wordprocess/textdatacommand.h"
+
+void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
+{
+    undoStack()->push(new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
+}
+
+void CWordProcess::undoRedo(const QString &data, bool notify)
+{
+    endComposition(); // the text that it stands in is replaced
+    const bool wasWrapped = m_wordWrap;
+    deserialization(data, /*insertAtCursor=*/false);
+    int start = 0;
+    int end = 0;
+    if (selection(start, end))
+        m_selAnchor = m_selStart; // the cursor stands at the other end
+    if (m_wordWrap != wasWrapped)
+        adoptWordWrap(wasWrapped);
+
+    if (!fontsAreComplete())
+        returnToFontImage();
+    else if (!m_showFontImage)
+        updateBoundingRectImpl(true);
+    else if (m_newVersion)
+        img2paths();
+    else
+        leaveFontImageOfOldVersion();
+
+    notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
+    if (notify) {
+        notifyTextOperation(TextOperationAttributes, {});
+        updatePreview();
+    }
+}
+
+/// Brings handles and layout in line with m_wordWrap after a document string has changed it.
+void CWordProcess::adoptWordWrap(bool wasWrapped)
+{
+    if (wasWrapped) { // line text has one stretch only
+        m_transformScaleX = 1.0;
+        m_transformScaleY = 1.0;
+    }
+    updateControlHandles();
+    m_wordManager->setWordWrap(m_wordWrap);
+}
+
+/// The way back to real text of an object of the older engine.
+void CWordProcess::leaveFontImageOfOldVersion()
+{
+    m_showFontImage = false;
+    if (m_fontImageSize.isEmpty()) { // no picture to leave: the text lies where the object does
+        updateBoundingRectImpl(true);
+        return;
+    }
+    const double angle = rotation();
+    rotateObj(-angle, false);
+    const QPointF corner = getPos() - m_fontImagePos + m_fontImageClient.topLeft();
+    updatePosition(this, QRectF(corner, m_fontImageClient.size()));
+    rotateObj(m_fontImageRotation, false);
+    updateBoundingRectImpl(true);
+    rotateObj(angle, false); // on top of the text's own, as the picture was turned
+}
+
+/// Fonts are missing again: the object stands as its picture, upright and with the picture's stretch.
+void CWordProcess::returnToFontImage()
+{
+    if (m_fontImage.isNull() || m_fontImageSize.isEmpty()) { // there is no picture to stand as
+        updateBoundingRectImpl(true);
+        return;
+    }
+    rotateObj(-rotation(), false);
+    const QSizeF size = stretched(m_fontImageSize, m_fontImageScaleX, m_fontImageScaleY);
+    updatePosition(this, QRectF(m_fontImagePos, size));
+    m_showFontImage = true;
+    m_baseSize = m_fontImageSize;
+}

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+// textdatacommand.h -- the undo step of a rich text object: its document string before and after a change.
+#ifndef TEXTDATACOMMAND_H
+#define TEXTDATACOMMAND_H
+
+#include "host/framework/cundoredo.h"
+
+#include <QString>
+
+class CWordProcess;
+
+/// Rebuilds the object from a document string, each way. Steps never merge: id() stays -1. A step whose
+/// object has gone, or is no rich text object, does nothing.
+class CTextDataCommand : public CWbUndoCmd
+{
+public:
+    /// \param before, after  whole document strings (CWordProcess::serialize(false))
+    CTextDataCommand(CWordProcess *object, const QString &before, const QString &after,
+                     QUndoCommand *parent = nullptr);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void rebuildFrom(const QString &data);
+
+    QString m_undoData;
+    QString m_redoData;
+};
+
+#endif

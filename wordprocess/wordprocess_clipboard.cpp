@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// wordprocess_clipboard.cpp -- CWordProcess: copy, cut and paste in two forms at once, rich and plain.
+// Changes: the document at the cursor, m_cursor, the selection; a new object also becomes a finished one.
+#include "wordprocess/cwordprocess.h"
+
+#include "layout/textproperties.h"
+#include "wordprocess/hostdefaults.h"
+#include "wordprocess/htmldocument.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMimeData>
+
+namespace {
+const QLatin1String richTextType("application/vixorama_text"); // a document string in UTF-8
+
+QString untilZeroByte(const QByteArray &bytes)
+{
+    const int zero = bytes.indexOf('\0');
+    return QString::fromUtf8(zero < 0 ? bytes : bytes.left(zero));
+}
+} // namespace
+
+QString CWordProcess::getSelectedText() const
+{
+    int start = 0;
+    int end = 0;
+    if (m_selEnd <= m_selStart || !selection(start, end))
+        return QString();
+    return toPlainText().mid(start, end - start);
+}
+
+bool CWordProcess::copy()
+{
+    int start = 0;
+    int end = 0;
+    if (m_selEnd <= m_selStart || !selection(start, end)) {
+        qDebug("no text selection");
+        return false;
+    }
+    auto *data = new QMimeData;
+    data->setData(richTextType, serialize(/*selectionOnly=*/true).toUtf8());
+    data->setText(getSelectedText());
+    QGuiApplication::clipboard()->setMimeData(data, QClipboard::Clipboard); // which owns it now
+    return true;
+}
+
+bool CWordProcess::cut()
+{
+    const bool copied = copy();
+    removeSelectedText();
+    return copied;
+}
+
+bool CWordProcess::paste(bool newObject, bool rich)
+{
+    bool isRich = false;
+    const QString text = offeredText(rich, isRich);
+    if (text.isEmpty())
+        return false;
+    endComposition();
+    removeSelectedText();
+    dropCursorSelection();
+    if (isRich) {
+        deserialization(text, /*insertAtCursor=*/true);
+    } else {
+        if (newObject)
+            takeDefaultLook();
+        m_cursor->insertText(text);
+    }
+    if (newObject)
+        finishNewObject();
+    notifyTextOperation(TextOperationAttributes, {});
+    updateBoundingRectImpl(true);
+    return true;
+}
+
+/// The best form that the clipboard offers; empty when it has nothing to paste. Our own type wins over
+/// any other text; one that cannot be read counts as absent, so that nothing is removed for it.
+/// \param isRich  receives whether the text is a document string
+QString CWordProcess::offeredText(bool rich, bool &isRich) const
+{
+    isRich = false;
+    const QClipboard *clipboard = QGuiApplication::clipboard();
+    const QMimeData *data = clipboard->mimeData();
+    if (data && data->hasFormat(richTextType)) {
+        const QString own = untilZeroByte(data->data(richTextType));
+        if (hasContent(own)) {
+            isRich = rich;
+            return rich ? own : data->text();
+        }
+    }
+    const QString text = clipboard->text();
+    return Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text;
+}
+
+/// What a new object's plain text is written in.
+void CWordProcess::takeDefaultLook()
+{
+    QTextBlockFormat blockFormat;
+    blockFormat.setProperty(QTextFormat::BlockLeftMargin, 0.0);
+    QTextCharFormat charFormat;
+    charFormat.setFont(hostDefaultFont());
+    charFormat.setForeground(QBrush(Qt::black, Qt::SolidPattern));
+    charFormat.setProperty(TextProperty::RowSpacing, 0);
+    m_cursor->setBlockFormat(blockFormat);
+    m_cursor->setBlockCharFormat(charFormat);
+    m_cursor->setCharFormat(charFormat);
+}
+
+QString CWordProcess::getPlainTextFromHtmlText(const QString &html) const
+{
+    HtmlDocument reader; // never opens what the text refers to
+    reader.setHtml(html);
+    return reader.toPlainText();
+}
