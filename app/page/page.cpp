@@ -4,6 +4,7 @@
 #include "app/page/document.h"
 #include "host/framework/cvxrootobject.h"
 
+#include <QCoreApplication>
 #include <QGraphicsItem>
 
 #include <cmath>
@@ -44,6 +45,13 @@ void Page::setZoomRate(float zoom)
 {
     if (std::isfinite(zoom) && zoom > 0.0f)
         m_zoom = zoom;
+}
+
+void Page::takeFocus()
+{
+    QEvent activation(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&m_scene, &activation);
+    m_scene.setFocus();
 }
 
 QList<CVXRootObject *> Page::getSelectedObjects()

@@ -29,6 +29,8 @@ public:
     const QList<CVXRootObject *> &objects() const { return m_objects; }
 
     QGraphicsScene *scene() { return &m_scene; }
+    /// Gives the scene the focus although no view shows it: an object in edit state shows its caret.
+    void takeFocus();
     CVXRootObject *editingObject() const { return m_editing; }
     /// \a zoom must be positive and finite, or nothing changes.
     void setZoomRate(float zoom);

@@ -144,7 +144,24 @@ void PageRenderer::paintObjects(QPainter &painter) const
             continue;
         painter.save();
         painter.setTransform(object->GetGraphicsItemPtr()->sceneTransform(), true);
+        painter.save();
         object->OnQPainterDraw(&painter);
+        painter.restore();
+        object->drawDelegate()->paintInvertArea(&painter);
+        painter.restore();
+    }
+    if (m_options.foreground)
+        paintForeground(painter);
+}
+
+void PageRenderer::paintForeground(QPainter &painter) const
+{
+    for (CVXRootObject *object : m_page->objects()) {
+        if (!object->isVisible())
+            continue;
+        painter.save();
+        object->paintHandlersInScene(object->GetGraphicsItemPtr(), &painter);
+        object->drawForeground(&painter, QRectF(m_area));
         painter.restore();
     }
 }

@@ -11,8 +11,9 @@
 class Page;
 class QPainter;
 
-/// Renders what the objects of a page paint: their content alone, without handles and frames. The
-/// picture is the ink of the page with a margin around it; a page pixel is 1/dpi inch.
+/// Renders what the objects of a page paint: their content, with a selection inverted, and, when
+/// told so, what they show above all objects: handles, frames and the caret. The picture is the ink
+/// of the page with a margin around it; a page pixel is 1/dpi inch.
 class PageRenderer
 {
 public:
@@ -23,6 +24,7 @@ public:
         double scale = 1.0;            ///< PNG only: pixels of the picture for one of the page
         double margin = 20.0;          ///< page pixels on each side
         QColor background = Qt::white; ///< fully transparent for none
+        bool foreground = false;       ///< handles, frames and caret too
     };
 
     /// Sides in pixels above which no picture is made.
@@ -48,6 +50,7 @@ private:
     bool checkSize(Format format);
     bool fail(const QString &error);
     void paintObjects(QPainter &painter) const;
+    void paintForeground(QPainter &painter) const;
     void paintPage(QPainter &painter) const;
     QSize pictureSize() const;
     QByteArray renderPng();

@@ -6,7 +6,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
-#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -72,6 +72,32 @@ void inspectRuns(const QJsonArray &runs, DocumentStringInfo &info)
     }
 }
 
+/// The parameters that say where the text lies: for box text its box, of stretch 1 and without
+/// overhang.
+void insertPlace(QJsonObject &parameters, const TextPlace &place)
+{
+    if (place.box.isEmpty())
+        return;
+    const std::pair<const char *, double> values[] = {
+        {"transform_xx", 1},
+        {"transform_yy", 1},
+        {"transform_xy", 0},
+        {"transform_yx", 0},
+        {"transform_tx", place.pos.x()},
+        {"transform_ty", place.pos.y()},
+        {"boxBounds_left", 0},
+        {"boxBounds_top", 0},
+        {"boxBounds_right", place.box.width()},
+        {"boxBounds_bottom", place.box.height()},
+        {"boundingBox_left", 0},
+        {"boundingBox_top", 0},
+        {"boundingBox_right", place.box.width()},
+        {"boundingBox_bottom", place.box.height()},
+    };
+    for (const auto &value : values)
+        parameters.insert(QLatin1String(value.first), value.second);
+}
+
 /// Key of the member of \a record that holds the object's parameters; empty for none.
 QString parametersKey(const QJsonObject &record)
 {
@@ -128,11 +154,33 @@ DocumentStringInfo inspectDocumentString(const QString &string)
     info.wrapped = root.value(wordWrapKey).toBool();
     for (const QJsonValue &runs : fragments)
         inspectRuns(runs.toArray(), info);
+    info.lastPosition = info.characters + qMax(0, blocks.size() - 1);
     return info;
 }
 
+QString changedDocument(const QString &string, const DocumentChange &change)
+{
+    QJsonObject root = QJsonDocument::fromJson(string.toUtf8()).object();
+    QJsonArray blocks = root.value(blockKey).toArray();
+    for (int i = 0; i < blocks.size() && !change.paragraph.isEmpty(); ++i) {
+        QJsonObject block = blocks.at(i).toObject();
+        for (auto it = change.paragraph.begin(); it != change.paragraph.end(); ++it)
+            block.insert(it.key(), it.value());
+        blocks[i] = block;
+    }
+    root.insert(blockKey, blocks);
+    if (change.wrapped)
+        root.insert(wordWrapKey, true);
+    if (change.selectionEnd >= 0) {
+        root.insert(QStringLiteral("cursor_position"), change.selectionEnd);
+        root.insert(QStringLiteral("selection_start"), change.selectionStart);
+        root.insert(QStringLiteral("selection_end"), change.selectionEnd);
+    }
+    return QString::fromUtf8(QJsonDocument(root).toJson(QJsonDocument::Compact));
+}
+
 bool loadDocumentString(CVXRootObject *object, const QString &string,
-                        const DocumentStringInfo &info)
+                        const DocumentStringInfo &info, const TextPlace &place)
 {
     QJsonObject record;
     if (!object || !object->saveJson(record))
@@ -151,6 +199,9 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
     parameters.insert(wordWrapKey, info.wrapped);
     parameters.insert(QStringLiteral("TextOrientation"),
                       info.vertical ? Direction::Vertical : Direction::Horizontal);
+    insertPlace(parameters, place);
     record.insert(key, parameters);
+    record.insert(QStringLiteral("x"), place.pos.x());
+    record.insert(QStringLiteral("y"), place.pos.y());
     return object->loadJson(record);
 }

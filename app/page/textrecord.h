@@ -4,6 +4,8 @@
 #define APP_TEXTRECORD_H
 
 #include <QJsonObject>
+#include <QPointF>
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -29,13 +31,32 @@ struct DocumentStringInfo {
     bool vertical = false; ///< "text_direction" 2
     bool wrapped = false;  ///< "text_wordwrap"
     int characters = 0;    ///< UTF-16 units of all runs
+    int lastPosition = 0;  ///< of the caret: the characters and the ends of all paragraphs but one
     QStringList families;  ///< named by runs with text, each once
 };
 DocumentStringInfo inspectDocumentString(const QString &string);
 
-/// Gives the document \a string to \a object as a record. The object's place stays.
+/// What a program lays over a document string of its own accord.
+struct DocumentChange {
+    QJsonObject paragraph; ///< attributes that every paragraph gets
+    bool wrapped = false;  ///< makes it the text of a box; false leaves it as it is
+    int selectionStart = -1;
+    int selectionEnd =
+        -1; ///< the caret stands here; below 0 leaves caret and selection as they are
+};
+/// The valid document \a string with \a change in it.
+QString changedDocument(const QString &string, const DocumentChange &change);
+
+/// Where a text goes.
+struct TextPlace {
+    QPointF pos; ///< top left of the object, page pixels
+    QSizeF box;  ///< of box text, page pixels; empty for line text
+};
+
+/// Gives the document \a string to \a object as a record. In a box the stretch that the string
+/// stores does not count.
 /// \return false when the object writes no record with parameters, or refuses the new one
 bool loadDocumentString(CVXRootObject *object, const QString &string,
-                        const DocumentStringInfo &info);
+                        const DocumentStringInfo &info, const TextPlace &place = TextPlace());
 
 #endif

@@ -31,6 +31,33 @@ struct Options {
     QCommandLineOption color{QStringLiteral("color"),
                              QStringLiteral("Colour of a text: a name or #rrggbb (black)."),
                              QStringLiteral("colour")};
+    QCommandLineOption box{QStringLiteral("box"),
+                           QStringLiteral("Wrap the text in a box of so many page pixels."),
+                           QStringLiteral("WxH")};
+    QCommandLineOption
+        autoHeight{QStringLiteral("auto-height"),
+                   QStringLiteral(
+                       "Let the box follow its text: its height, or the width of columns.")};
+    QCommandLineOption align{QStringLiteral("align"),
+                             QStringLiteral("Align the paragraphs: %1.")
+                                 .arg(alignmentNames().join(QLatin1String(", "))),
+                             QStringLiteral("how")};
+    QCommandLineOption headTail{QStringLiteral("head-tail"),
+                                QStringLiteral(
+                                    "Keep punctuation from the ends of lines: relaxed or strict."),
+                                QStringLiteral("rule")};
+    QCommandLineOption hyphenate{QStringLiteral("hyphenate"),
+                                 QStringLiteral("Let words break with a hyphen.")};
+    QCommandLineOption punctuation{QStringLiteral("punctuation"),
+                                   QStringLiteral(
+                                       "Set Han punctuation in half its width: compress."),
+                                   QStringLiteral("how")};
+    QCommandLineOption caret{QStringLiteral("caret"),
+                             QStringLiteral("Edit the text and show the caret at <position>."),
+                             QStringLiteral("position")};
+    QCommandLineOption select{QStringLiteral("select"),
+                              QStringLiteral("Edit the text and select from A to B; PNG only."),
+                              QStringLiteral("A:B")};
     QCommandLineOption
         background{QStringLiteral("background"),
                    QStringLiteral("Colour of the page: a name, #rrggbb or transparent (white)."),
@@ -60,7 +87,11 @@ public:
     {
     }
 
-    bool read() { return readFiles() && readTextStyle() && readPage() && readScale(); }
+    bool read()
+    {
+        return readFiles() && readTextStyle() && readBox() && readParagraphs() && checkBox()
+               && readSelection() && readPage() && readScale();
+    }
 
 private:
     bool fail(const QString &message)
@@ -111,6 +142,119 @@ private:
         m_result.color = color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb);
         return readNumber(m_options.size, std::numeric_limits<double>::denorm_min(),
                           std::numeric_limits<double>::max(), m_result.pointSize);
+    }
+
+    bool readBox()
+    {
+        m_result.autoHeight = m_parser.isSet(m_options.autoHeight);
+        if (!m_parser.isSet(m_options.box))
+            return true;
+        const QStringList sides = m_parser.value(m_options.box).split(QLatin1Char('x'));
+        double width = 0;
+        double height = 0;
+        if (sides.size() != 2 || !isSide(sides.at(0), width) || !isSide(sides.at(1), height)) {
+            return fail(
+                QStringLiteral("--box: '%1' is no size such as 300x200, above 0 and up to %2")
+                    .arg(m_parser.value(m_options.box))
+                    .arg(PageRenderer::maximumSide));
+        }
+        m_result.box = QSizeF(width, height);
+        return true;
+    }
+
+    static bool isSide(const QString &text, double &side)
+    {
+        bool isNumber = false;
+        side = text.toDouble(&isNumber);
+        return isNumber && side > 0 && side <= PageRenderer::maximumSide;
+    }
+
+    bool readParagraphs()
+    {
+        ParagraphStyle &style = m_result.paragraph;
+        int align = 0;
+        int punctuation = 0;
+        const QStringList names = alignmentNames();
+        if (!readWord(m_options.align, names, align)
+            || !readWord(m_options.headTail, {QStringLiteral("relaxed"), QStringLiteral("strict")},
+                         style.headTail)
+            || !readWord(m_options.punctuation, {QStringLiteral("compress")}, punctuation))
+            return false;
+        if (align > 0)
+            style.alignment = alignmentOf(names.at(align - 1));
+        style.hyphenate = m_parser.isSet(m_options.hyphenate);
+        style.compressPunctuation = punctuation > 0;
+        return true;
+    }
+
+    /// \param number receives the place of the value among \a words, from 1; 0 without the option
+    bool readWord(const QCommandLineOption &option, const QStringList &words, int &number)
+    {
+        if (!m_parser.isSet(option))
+            return true;
+        number = words.indexOf(m_parser.value(option)) + 1;
+        if (number > 0)
+            return true;
+        return fail(QStringLiteral("--%1: '%2' is none of %3")
+                        .arg(option.names().constFirst(), m_parser.value(option),
+                             words.join(QLatin1String(", "))));
+    }
+
+    /// What lines only have in a box is an error without one.
+    bool checkBox()
+    {
+        if (!m_result.box.isEmpty())
+            return true;
+        const QCommandLineOption *forBoxes[] = {&m_options.autoHeight, &m_options.headTail,
+                                                &m_options.hyphenate, &m_options.punctuation};
+        for (const QCommandLineOption *option : forBoxes) {
+            if (m_parser.isSet(*option)) {
+                return fail(QStringLiteral("--%1 is for a box only: give --box WxH")
+                                .arg(option->names().constFirst()));
+            }
+        }
+        if (m_result.paragraph.alignment.forBoxes) {
+            return fail(QStringLiteral("--align %1 is for a box only: give --box WxH")
+                            .arg(m_result.paragraph.alignment.name));
+        }
+        return true;
+    }
+
+    bool readSelection()
+    {
+        const bool caret = m_parser.isSet(m_options.caret);
+        const bool select = m_parser.isSet(m_options.select);
+        if (caret && select)
+            return fail(QStringLiteral("give one of --caret and --select"));
+        if (caret && !isPosition(m_parser.value(m_options.caret), m_result.selectionEnd)) {
+            return fail(QStringLiteral("--caret: '%1' is no position in a text")
+                            .arg(m_parser.value(m_options.caret)));
+        }
+        m_result.selectionStart = m_result.selectionEnd;
+        return !select || readRange(m_parser.value(m_options.select));
+    }
+
+    bool readRange(const QString &value)
+    {
+        const QStringList ends = value.split(QLatin1Char(':'));
+        int start = 0;
+        int end = 0;
+        if (ends.size() != 2 || !isPosition(ends.at(0), start) || !isPosition(ends.at(1), end)
+            || start == end) {
+            return fail(QStringLiteral("--select: '%1' is no range such as 2:5").arg(value));
+        }
+        if (m_result.format != PageRenderer::Format::Png)
+            return fail(QStringLiteral("--select is for PNG only"));
+        m_result.selectionStart = qMin(start, end);
+        m_result.selectionEnd = qMax(start, end);
+        return true;
+    }
+
+    static bool isPosition(const QString &text, int &position)
+    {
+        bool isNumber = false;
+        position = text.toInt(&isNumber);
+        return isNumber && position >= 0;
     }
 
     bool readPage()
@@ -175,9 +319,11 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
         QStringLiteral("Renders a text or a document to a PNG, SVG or PDF file."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({options.text, options.document, options.output, options.font, options.size,
-                       options.vertical, options.color, options.background, options.margin,
-                       options.dpi, options.scale, options.plugin});
+    parser.addOptions({options.text,        options.document, options.output,   options.font,
+                       options.size,        options.vertical, options.color,    options.box,
+                       options.autoHeight,  options.align,    options.headTail, options.hyphenate,
+                       options.punctuation, options.caret,    options.select,   options.background,
+                       options.margin,      options.dpi,      options.scale,    options.plugin});
     if (!parser.parse(arguments)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

@@ -4,7 +4,9 @@
 #define PAGERENDER_ARGUMENTS_H
 
 #include "app/page/pagerenderer.h"
+#include "app/page/paragraphstyle.h"
 
+#include <QSizeF>
 #include <QString>
 #include <QStringList>
 
@@ -20,7 +22,12 @@ struct Arguments {
     double pointSize = 0; ///< 0 for the default
     QString color;        ///< "#rrggbb" or "#aarrggbb"
     bool vertical = false;
-    QString message; ///< for Usage: what is wrong; for Show: what to print
+    QSizeF box; ///< page pixels; empty for line text
+    bool autoHeight = false;
+    ParagraphStyle paragraph;
+    int selectionStart = -1; ///< the same as the end for a caret alone
+    int selectionEnd = -1;   ///< below 0: the text is not in edit state
+    QString message;         ///< for Usage: what is wrong; for Show: what to print
 };
 
 enum class ParseResult { Run, Show, Usage };

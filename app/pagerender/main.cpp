@@ -6,6 +6,7 @@
 #include "app/page/page.h"
 #include "app/page/pagerenderer.h"
 #include "app/page/pluginloader.h"
+#include "app/page/textobject.h"
 #include "app/page/textrecord.h"
 #include "app/pagerender/arguments.h"
 #include "app/pagerender/inputfile.h"
@@ -88,8 +89,12 @@ bool readInput(const Arguments &arguments, Framework &framework, QString &string
         style.family = arguments.family;
     style.color = arguments.color;
     style.vertical = arguments.vertical;
+    // What does not fit in a box that stays as it is takes no part in the page.
+    const bool bounded = !arguments.box.isEmpty() && !arguments.autoHeight;
     if (content.size() > maximumCharacters
-        || !mayFit(1 + content.count(QLatin1Char('\n')), style.pointSize, arguments.options.dpi)) {
+        || (!bounded
+            && !mayFit(1 + content.count(QLatin1Char('\n')), style.pointSize,
+                       arguments.options.dpi))) {
         error = QStringLiteral("'%1' is too large for a page").arg(arguments.input);
         return false;
     }
@@ -97,19 +102,55 @@ bool readInput(const Arguments &arguments, Framework &framework, QString &string
     return true;
 }
 
+/// The document with what the command line asks of it, or a message.
+bool applyArguments(const Arguments &arguments, DocumentStringInfo &info, QString &string,
+                    QString &error)
+{
+    if (info.wrapped && arguments.box.isEmpty()) {
+        error = QStringLiteral("'%1' is box text: give --box WxH").arg(arguments.input);
+        return false;
+    }
+    if (arguments.selectionEnd > info.lastPosition) {
+        error = QStringLiteral("position %1 lies behind the end of the text, which is %2")
+                    .arg(arguments.selectionEnd)
+                    .arg(info.lastPosition);
+        return false;
+    }
+    DocumentChange change;
+    change.paragraph = paragraphAttributes(arguments.paragraph, info.vertical);
+    change.wrapped = !arguments.box.isEmpty();
+    change.selectionStart = arguments.selectionStart;
+    change.selectionEnd = arguments.selectionEnd;
+    string = changedDocument(string, change);
+    info.wrapped = change.wrapped;
+    return true;
+}
+
+/// The input as a document string that can be set, or a message.
+bool prepareDocument(const Arguments &arguments, Framework &framework, DocumentStringInfo &info,
+                     QString &string, QString &error)
+{
+    if (!readInput(arguments, framework, string, error))
+        return false;
+    info = inspectDocumentString(string);
+    if (!info.valid) {
+        error = QStringLiteral("'%1' is %2").arg(arguments.input, info.error);
+        return false;
+    }
+    if (info.characters > maximumCharacters) {
+        error = QStringLiteral("'%1' is too large for a page").arg(arguments.input);
+        return false;
+    }
+    return checkFonts(info.families, error) && applyArguments(arguments, info, string, error);
+}
+
 ExitCode render(const Arguments &arguments)
 {
     Framework framework;
+    DocumentStringInfo info;
     QString string;
     QString error;
-    if (!readInput(arguments, framework, string, error))
-        return report(Cannot, error);
-    const DocumentStringInfo info = inspectDocumentString(string);
-    if (!info.valid)
-        return report(Cannot, QStringLiteral("'%1' is %2").arg(arguments.input, info.error));
-    if (info.characters > maximumCharacters)
-        return report(Cannot, QStringLiteral("'%1' is too large for a page").arg(arguments.input));
-    if (!checkFonts(info.families, error))
+    if (!prepareDocument(arguments, framework, info, string, error))
         return report(Cannot, error);
 
     PluginLoader loader;
@@ -119,13 +160,23 @@ ExitCode render(const Arguments &arguments)
     Page page(&document);
     CVXRootObject *text = loader.createText(1, &page);
     page.addObject(text);
-    if (!loadDocumentString(text, string, info))
+    TextPlace place;
+    place.box = arguments.box;
+    if (!loadDocumentString(text, string, info, place))
         return report(Cannot, QStringLiteral("the text object refuses '%1'").arg(arguments.input));
     // A text object without text shows where it is; a picture of that is of no use to anybody.
     if (!text->canDo(OP_HasText))
         return report(Cannot, QStringLiteral("the page is empty"));
+    if (arguments.autoHeight)
+        TextObject::letBoxGrow(text);
+    PageRenderer::Options options = arguments.options;
+    options.foreground = arguments.selectionEnd >= 0;
+    if (options.foreground) {
+        page.takeFocus();
+        TextObject::beginEdit(text);
+    }
 
-    PageRenderer renderer(&page, arguments.options);
+    PageRenderer renderer(&page, options);
     if (!renderer.renderToFile(arguments.format, arguments.output))
         return report(Cannot, renderer.errorString());
     return Done;

@@ -4,6 +4,7 @@
 #include "app/page/page.h"
 #include "app/page/pagerenderer.h"
 #include "app/page/paintbounds.h"
+#include "app/page/paragraphstyle.h"
 #include "app/page/pluginloader.h"
 #include "app/page/textrecord.h"
 #include "host/framework/cbaseobject.h"
@@ -63,6 +64,11 @@ private Q_SLOTS:
     void brokenDocumentStringsAreNamed_data();
     void brokenDocumentStringsAreNamed();
     void documentStringIsInspected();
+    void changeReachesEveryParagraph();
+    void changeSetsSelectionAndBox();
+    void alignmentsHaveTwoValues_data();
+    void alignmentsHaveTwoValues();
+    void paragraphStyleBecomesAttributes();
     void paintBoundsFollowTransformAndPen();
     void paintBoundsOfNothingAreNull();
     void pageReleasesObjectsInReverseOrder();
@@ -166,9 +172,85 @@ void TestPage::documentStringIsInspected()
         "[{\"content\":\"de\",\"font_family\":\"A\"},{\"content\":\"f\",\"font_family\":\"C\"}]]}"));
     QVERIFY2(info.valid, qPrintable(info.error));
     QCOMPARE(info.characters, 6);
+    QCOMPARE(info.lastPosition, 7);
     QCOMPARE(info.families, QStringList({QStringLiteral("A"), QStringLiteral("C")}));
     QVERIFY(info.wrapped);
     QVERIFY(!info.vertical);
+}
+
+void TestPage::changeReachesEveryParagraph()
+{
+    DocumentChange change;
+    change.paragraph = {{QStringLiteral("textalignment"), 8}};
+    const QJsonObject root = parse(
+        changedDocument(QStringLiteral(
+                            "{\"block\":[{\"textalignment\":1,\"own\":2},{}],\"fragment\":[[],[]],"
+                            "\"text_wordwrap\":true,\"unknown\":\"kept\"}"),
+                        change));
+    const QJsonArray blocks = root.value(QLatin1String("block")).toArray();
+    QCOMPARE(blocks.at(0).toObject(),
+             QJsonObject({{QStringLiteral("textalignment"), 8}, {QStringLiteral("own"), 2}}));
+    QCOMPARE(blocks.at(1).toObject(), QJsonObject({{QStringLiteral("textalignment"), 8}}));
+    QCOMPARE(root.value(QLatin1String("unknown")), QJsonValue(QStringLiteral("kept")));
+    QCOMPARE(root.value(QLatin1String("text_wordwrap")), QJsonValue(true));
+    QVERIFY(!root.contains(QLatin1String("selection_start")));
+}
+
+void TestPage::changeSetsSelectionAndBox()
+{
+    DocumentChange change;
+    change.wrapped = true;
+    change.selectionStart = 2;
+    change.selectionEnd = 5;
+    const QJsonObject root = parse(
+        changedDocument(QStringLiteral("{\"block\":[],\"fragment\":[]}"), change));
+    QCOMPARE(root.value(QLatin1String("text_wordwrap")), QJsonValue(true));
+    QCOMPARE(root.value(QLatin1String("selection_start")).toInt(), 2);
+    QCOMPARE(root.value(QLatin1String("selection_end")).toInt(), 5);
+    QCOMPARE(root.value(QLatin1String("cursor_position")).toInt(), 5);
+}
+
+void TestPage::alignmentsHaveTwoValues_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("inLines");
+    QTest::addColumn<int>("inColumns");
+    QTest::newRow("left") << "left" << 1 << 32;
+    QTest::newRow("right") << "right" << 2 << 64;
+    QTest::newRow("center") << "center" << 4 << 128;
+    QTest::newRow("justify") << "justify" << 8 << 256;
+    QTest::newRow("justify-left") << "justify-left" << 512 << 512;
+    QTest::newRow("justify-center") << "justify-center" << 1024 << 1024;
+    QTest::newRow("justify-right") << "justify-right" << 2048 << 2048;
+    QTest::newRow("unknown") << "middle" << 0 << 0;
+}
+
+void TestPage::alignmentsHaveTwoValues()
+{
+    QFETCH(QString, name);
+    QFETCH(int, inLines);
+    QFETCH(int, inColumns);
+    const Alignment alignment = alignmentOf(name);
+    QCOMPARE(alignment.inLines, inLines);
+    QCOMPARE(alignment.inColumns, inColumns);
+    QCOMPARE(alignmentNames().contains(name), inLines > 0);
+}
+
+void TestPage::paragraphStyleBecomesAttributes()
+{
+    QVERIFY(paragraphAttributes(ParagraphStyle(), true).isEmpty());
+    ParagraphStyle style;
+    style.alignment = alignmentOf(QStringLiteral("justify"));
+    style.headTail = 2;
+    style.hyphenate = true;
+    style.compressPunctuation = true;
+    QJsonObject expected{{QStringLiteral("textalignment"), 256},
+                         {QStringLiteral("paragraph_head_tail_punctuation"), 2},
+                         {QStringLiteral("text_ligature"), true},
+                         {QStringLiteral("paragraph_punctuation_extra"), 1}};
+    QCOMPARE(paragraphAttributes(style, true), expected);
+    expected.insert(QStringLiteral("textalignment"), 8);
+    QCOMPARE(paragraphAttributes(style, false), expected);
 }
 
 void TestPage::paintBoundsFollowTransformAndPen()

@@ -72,6 +72,7 @@ private Q_SLOTS:
 
     void helpAndVersionAreShown_data();
     void helpAndVersionAreShown();
+    void everyOptionIsInTheManual();
     void wrongUsage_data();
     void wrongUsage();
     void whatCannotBeDone_data();
@@ -89,6 +90,12 @@ private Q_SLOTS:
     void dpiMultipliesThePage();
     void scaleDoublesThePicture();
     void marginIsAroundTheInk();
+    void alignmentMovesTheShortLine_data();
+    void alignmentMovesTheShortLine();
+    void caretStandsAtItsPosition();
+    void selectionIsInverted();
+    void selectionRunsEitherWay();
+    void editedBoxHasAFrame();
     void svgHasOutlinesAndLooksLikeThePng();
     void pdfHasOutlinesAndNoFont();
     void lineEndsAreEqual();
@@ -195,6 +202,23 @@ void TestPageRender::helpAndVersionAreShown()
     QVERIFY2(result.out.contains(part), qPrintable(result.out));
 }
 
+void TestPageRender::everyOptionIsInTheManual()
+{
+    QFile file(QStringLiteral(VX_SOURCE_DIR "/app/pagerender/pagerender.1"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString manual = QString::fromUtf8(file.readAll()).remove(QLatin1Char('\\'));
+    const QString help = run({QStringLiteral("--help")}).out;
+    const QRegularExpression option(QStringLiteral("^  .*(--[a-z-]+)"),
+                                    QRegularExpression::MultilineOption);
+    int options = 0;
+    for (auto it = option.globalMatch(help); it.hasNext(); ++options) {
+        const QString name = it.next().captured(1);
+        if (name != QLatin1String("--help-all"))
+            QVERIFY2(manual.contains(name), qPrintable(name));
+    }
+    QVERIFY2(options > 15, qPrintable(help));
+}
+
 void TestPageRender::wrongUsage_data()
 {
     QTest::addColumn<QString>("arguments");
@@ -224,6 +248,30 @@ void TestPageRender::wrongUsage_data()
     row("--text a.txt -o o.png --scale 1e9", "--scale: '1e9'");
     row("--text a.txt -o o.svg --scale 2", "--scale is for PNG only");
     row("--document a.json -o o.png --vertical", "--vertical is for --text only");
+    row("--text a.txt -o o.png --box 300", "--box: '300' is no size");
+    row("--text a.txt -o o.png --box 300x", "--box: '300x'");
+    row("--text a.txt -o o.png --box 1x2x3", "--box: '1x2x3'");
+    row("--text a.txt -o o.png --box 0x10", "--box: '0x10'");
+    row("--text a.txt -o o.png --box -5x10", "--box: '-5x10'");
+    row("--text a.txt -o o.png --box 10xnan", "--box: '10xnan'");
+    row("--text a.txt -o o.png --box 10xinf", "--box: '10xinf'");
+    row("--text a.txt -o o.png --box 32768x10", "--box: '32768x10'");
+    row("--text a.txt -o o.png --align middle", "--align: 'middle' is none of left, center");
+    row("--text a.txt -o o.png --align justify", "--align justify is for a box only");
+    row("--text a.txt -o o.png --auto-height", "--auto-height is for a box only");
+    row("--text a.txt -o o.png --head-tail strict", "--head-tail is for a box only");
+    row("--text a.txt -o o.png --box 9x9 --head-tail loose", "'loose' is none of relaxed, strict");
+    row("--text a.txt -o o.png --hyphenate", "--hyphenate is for a box only");
+    row("--text a.txt -o o.png --punctuation compress", "--punctuation is for a box only");
+    row("--text a.txt -o o.png --box 9x9 --punctuation x", "'x' is none of compress");
+    row("--text a.txt -o o.png --caret -1", "--caret: '-1' is no position");
+    row("--text a.txt -o o.png --caret 1.5", "--caret: '1.5'");
+    row("--text a.txt -o o.png --caret 3000000000", "--caret: '3000000000'");
+    row("--text a.txt -o o.png --select 3", "--select: '3' is no range");
+    row("--text a.txt -o o.png --select 3:3", "--select: '3:3'");
+    row("--text a.txt -o o.png --select 3:-1", "--select: '3:-1'");
+    row("--text a.txt -o o.svg --select 1:2", "--select is for PNG only");
+    row("--text a.txt -o o.png --select 1:2 --caret 1", "one of --caret and --select");
     row("--document a.json -o o.png --font BoxTest", "--font is for --text only");
 }
 
@@ -266,6 +314,12 @@ void TestPageRender::whatCannotBeDone_data()
         "above 32767");
     row("three million", QByteArray(3000000, 'a'), "--text a.txt --font BoxTest -o o.png",
         "too large for a page");
+    row("caret behind the end", "ab\nc", "--text a.txt --font BoxTest --caret 5 -o o.png",
+        "position 5 lies behind the end of the text, which is 4");
+    row("selection behind the end", "ab", "--text a.txt --font BoxTest --select 7:1 -o o.png",
+        "position 7");
+    row("caret in an empty text", "", "--text a.txt --font BoxTest --caret 0 -o o.png",
+        "the page is empty");
     row("no such folder", "a", "--text a.txt --font BoxTest -o none/o.png",
         "cannot write 'none/o.png'");
 }
@@ -307,6 +361,7 @@ void TestPageRender::badDocuments_data()
         "too large for a page");
     row("unknown font", document("{\"font_family\":\"NoSuchFamily\",\"content\":\"a\"}"),
         "unknown font 'NoSuchFamily'");
+    row("box text without a box", document(goodRun, ",\"text_wordwrap\":true"), "give --box WxH");
     row("no colour", document("{\"font_family\":\"BoxTest\",\"content\":\"ab\"}"), "empty");
     row("stretch 0", document(goodRun, ",\"transform_xx\":0,\"transform_yy\":0"), "empty");
 }
@@ -449,6 +504,101 @@ void TestPageRender::marginIsAroundTheInk()
     const QSize wide = picture("ag", {QStringLiteral("--margin"), QStringLiteral("50")}).size();
     QCOMPARE(wide, bare + QSize(100, 100));
     QCOMPARE(picture("ag").size(), bare + QSize(40, 40));
+}
+
+void TestPageRender::alignmentMovesTheShortLine_data()
+{
+    QTest::addColumn<QString>("alignment");
+    QTest::addColumn<bool>("vertical");
+    QTest::addColumn<int>("place");
+    QTest::newRow("left") << "left" << false << 0;
+    QTest::newRow("center") << "center" << false << 16;
+    QTest::newRow("right") << "right" << false << 32;
+    QTest::newRow("top") << "left" << true << 0;
+    QTest::newRow("middle") << "center" << true << 16;
+    QTest::newRow("bottom") << "right" << true << 32;
+}
+
+// Three squares of 16 px stand beside one: it has 32 px to move in.
+void TestPageRender::alignmentMovesTheShortLine()
+{
+    QFETCH(QString, alignment);
+    QFETCH(bool, vertical);
+    QFETCH(int, place);
+    QStringList options{QStringLiteral("--margin"), QStringLiteral("0"), QStringLiteral("--align"),
+                        alignment};
+    if (vertical)
+        options.append(QStringLiteral("--vertical"));
+    const QImage image = picture("中\n国国国", options);
+    QVERIFY(!image.isNull());
+    // The short line is the upper one, or the column on the right.
+    const int half = vertical ? image.width() - 14 : 14;
+    const QImage line = vertical ? image.copy(half, 0, 14, image.height())
+                                 : image.copy(0, 0, image.width(), half);
+    const QRect ink = inkOf(line).bounds;
+    QCOMPARE(vertical ? ink.top() : ink.left(), place);
+}
+
+// "aa" covers 6 + 2 + 6 pixels; the caret is two wide and stands between its letters.
+void TestPageRender::caretStandsAtItsPosition()
+{
+    const QImage image = picture("aa", {QStringLiteral("--caret"), QStringLiteral("1"),
+                                        QStringLiteral("--margin"), QStringLiteral("5"),
+                                        QStringLiteral("--color"), QStringLiteral("#ff0000")});
+    QVERIFY(!image.isNull());
+    QRect caret;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y) == QColor(Qt::black))
+                caret |= QRect(x, y, 1, 1);
+        }
+    }
+    QCOMPARE(caret.width(), 2);
+    QVERIFY2(caret.height() >= 16 && caret.height() <= 18, // the line, and the caps of the pen
+             qPrintable(QString::number(caret.height())));
+    const int amidTheLetters = caret.top() + 9;
+    QCOMPARE(image.pixelColor(caret.left() - 2, amidTheLetters), QColor(Qt::red));
+    QCOMPARE(image.pixelColor(caret.right() + 2, amidTheLetters), QColor(Qt::red));
+}
+
+void TestPageRender::selectionIsInverted()
+{
+    const QStringList options{QStringLiteral("--color"), QStringLiteral("#ff0000")};
+    const QImage image =
+        picture("a中a", options + QStringList{QStringLiteral("--select"), QStringLiteral("1:2")});
+    QVERIFY(!image.isNull());
+    int red = 0;
+    int inverted = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            red += image.pixelColor(x, y) == QColor(Qt::red);
+            inverted += image.pixelColor(x, y) == QColor(Qt::cyan);
+        }
+    }
+    // The baseline, and the caret at the end of the selection, lie over a part of each.
+    QVERIFY2(red >= 2 * 5 * 5, qPrintable(QString::number(red)));
+    QVERIFY2(inverted >= 12 * 12, qPrintable(QString::number(inverted)));
+}
+
+void TestPageRender::selectionRunsEitherWay()
+{
+    const QStringList forwards{QStringLiteral("--select"), QStringLiteral("1:3")};
+    const QStringList backwards{QStringLiteral("--select"), QStringLiteral("3:1")};
+    const QImage image = picture("aaaa", forwards);
+    QVERIFY(!image.isNull());
+    QCOMPARE(picture("aaaa", backwards), image);
+}
+
+// The frame of a box in edit state lies on its edges, whatever the text is.
+void TestPageRender::editedBoxHasAFrame()
+{
+    const QStringList options{QStringLiteral("--margin"), QStringLiteral("5"),
+                              QStringLiteral("--box"),    QStringLiteral("200x100"),
+                              QStringLiteral("--caret"),  QStringLiteral("0")};
+    const QSize size = picture("a", options).size();
+    QVERIFY2(size.width() >= 210 && size.width() <= 214, qPrintable(QString::number(size.width())));
+    QVERIFY2(size.height() >= 110 && size.height() <= 114,
+             qPrintable(QString::number(size.height())));
 }
 
 void TestPageRender::svgHasOutlinesAndLooksLikeThePng()
