@@ -58,10 +58,16 @@ inline QSizeF stretched(const QSizeF &size, double x, double y)
     return QSizeF(size.width() * x, size.height() * y);
 }
 
-/// \a dpi when it is one that a document can have (1 to 9 600), \a old otherwise.
+/// True for a resolution that a document can have.
+inline bool isDocumentDpi(int dpi)
+{
+    return dpi >= 1 && dpi <= 9600;
+}
+
+/// \a dpi when it is one that a document can have, \a old otherwise.
 inline int acceptedDpi(int dpi, int old)
 {
-    return dpi >= 1 && dpi <= 9600 ? dpi : old;
+    return isDocumentDpi(dpi) ? dpi : old;
 }
 
 #endif

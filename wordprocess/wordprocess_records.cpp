@@ -212,8 +212,8 @@ void CWordProcess::readDocumentData()
     m_autoWordWrap = false; // deliberate: a growing box is never restored from a record
     if (!m_saveParams.contains(Key::DocumentDpi))
         return;
-    const int storedDpi = m_saveParams.value(Key::DocumentDpi).toInt();
-    if (storedDpi != m_documentDpi && acceptedDpi(storedDpi, 0) == storedDpi)
+    const int storedDpi = toWhole(m_saveParams.value(Key::DocumentDpi));
+    if (storedDpi != m_documentDpi)
         px2pt(storedDpi);
 }
 
