@@ -22,6 +22,7 @@
 #include <atomic>
 #include <functional>
 #include <mutex>
+#include <optional>
 
 class CArtText;
 class CTextObjectBase;
@@ -167,6 +168,8 @@ public:
     // warping
     /// Makes the warped paths anew when a warp is set.
     void updateMorphTextPaths();
+    /// Baselines of the unwarped text, item coordinates at stretch 1.
+    QList<QLineF> getAllBaseLines() const;
 
     // attributes
     QTextCharFormat attr2CharFormat(const AttributeMap &attributes) const;
@@ -233,10 +236,26 @@ public:
                       double limit);
 
     // attribute commands
+    /// Carries out what a host's panel asks for: text, form, orientation, and formats, which land as
+    /// updateCharFormat() says. Unknown keys and values of no use do nothing. The object is laid out afterwards.
+    /// \param withUndo  records one step for all of it, unless "text_init_flag" is set; in edit state a format
+    ///                  at the caret is left to the step of the edit
+    /// \return true when something has changed that a step was wanted for, and for a change of the form
+    bool setAllAttributes(const AttributeMap &attributes, bool withUndo) override;
+    /// Adds every key: what all text has in common outside edit state, else the selection or the caret. What
+    /// differs is "". \return true
     bool getAllAttributes(AttributeMap &attributes) override;
 
     // properties
+    /// Carries out the command \a number with the arguments in \a stream; nothing when they are incomplete.
+    /// \return true for a number of our own, otherwise the host's answer
     bool SetSpecialProperty(int number, QDataStream &stream, bool flag) override;
+    /// Writes the answer to \a number into \a stream. \return as above
+    bool GetSpecialProperty(int number, QDataStream &stream) override;
+
+    // notifications
+    /// Tells the host's sink an operation of kind \a operation; \a map counts for the last two kinds only.
+    /// Nothing is sent without values, nor from within more than eight notifications.
     void notifyTextOperation(EnumTextOperation operation, const AttributeMap &map);
 
     // legacy layout
@@ -390,6 +409,12 @@ private:
     void takeDefaultLook();
 
     // undo
+    /// The document string of the present state, for a step: no composition is open in it.
+    QString stateForUndo()
+    {
+        endComposition();
+        return serialize(false);
+    }
     void adoptWordWrap(bool wasWrapped);
     void leaveFontImageOfOldVersion();
     void returnToFontImage();
@@ -412,9 +437,10 @@ private:
     QSizeF readBounds();
     void readPlacement(const QSizeF &size);
     void readPlacementMatrix();
+    void takeStretch(double m11, double m12, double m21, double m22);
     void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
     void finishLoading();
-    void showFontImage();
+    void showFontImage(const QString &documentString);
 
     // fonts and units
     QTextBlockFormat rescaled(QTextBlockFormat format, int fromDpi) const;
@@ -422,13 +448,30 @@ private:
     void leaveRewriting();
 
     // attribute commands
+    struct AttributeCommand;
     void foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat, int start,
                      int end) const;
     QTextCharFormat charFormatAtCaret() const;
     void addObjectAttributes(AttributeMap &attributes) const;
 
     // properties
+    struct Properties;
+    void setWarp(QDataStream &stream);
+    void replaceFont(QDataStream &stream);
+    void holdReplaceData();
+    void restoreReplaceData();
+    std::optional<QColor> colorOfFirstRun() const;
+
+    // properties that bring a text
+    struct PlacedText;
     void setFirstText(QDataStream &stream);
+    void setPlacedText(QDataStream &stream);
+    void takePlacement(const PlacedText &text);
+    void layOutPlacedText();
+    void setReplacedText(QDataStream &stream);
+
+    // notifications
+    int m_notificationDepth = 0;
     AttributeMap textOperationMap(EnumTextOperation operation, const AttributeMap &map);
 };
 

@@ -1,95 +1,154 @@
 // SPDX-License-Identifier: MIT
-// wordprocess_attributecommands.cpp -- CWordProcess: the attribute map that a host's panels show.
-// Changes nothing: asking for attributes leaves cursor and selection alone.
-#include "wordprocess/cwordprocess.h"
+// wordprocess_attributecommands.cpp -- CWordProcess: the attribute map that a host gives.
+// Changes: text, formats, form, orientation, default word; records a step or rebuilds the object.
+#include "wordprocess/attributecommand.h"
 
-#include "layout/textproperties.h"
+#include "layout/units.h"
+#include "layout/wordmanager.h"
 
-#include <QTextBlock>
-
-namespace {
-/// Folds formats one after the other into what all of them have in common.
-struct CommonFormats {
-    const CWordProcess &object;
-    QTextCharFormat &charFormat;
-    QTextBlockFormat &blockFormat;
-    bool hasChar = false;
-    bool hasBlock = false;
-
-    void fold(const QTextBlockFormat &format)
-    {
-        blockFormat = hasBlock ? object.compareBlockFormat(blockFormat, format) : format;
-        hasBlock = true;
-    }
-    void fold(const QTextCharFormat &format)
-    {
-        charFormat = hasChar ? object.compareCharFormat(charFormat, format) : format;
-        hasChar = true;
-    }
-};
-
-bool overlaps(int position, int length, int start, int end)
+bool CWordProcess::setAllAttributes(const AttributeMap &attributes, bool withUndo)
 {
-    return position < end && start < position + length;
+    return AttributeCommand(*this, attributes, withUndo).run();
 }
-} // namespace
 
-bool CWordProcess::getAllAttributes(AttributeMap &attributes)
+bool CWordProcess::AttributeCommand::run()
 {
-    QTextCharFormat charFormat;
-    QTextBlockFormat blockFormat;
-    int start = 0;
-    int end = 0;
-    if (!m_editing)
-        foldFormats(charFormat, blockFormat, 0, m_document->characterCount());
-    else if (selection(start, end))
-        foldFormats(charFormat, blockFormat, start, end);
-    if (charFormat.isEmpty())
-        charFormat = charFormatAtCaret();
-    if (blockFormat.isEmpty())
-        blockFormat = m_cursor->blockFormat();
-    charFormat2Attr(charFormat, attributes, true);
-    blockFormat2Attr(blockFormat, attributes, true);
-    addObjectAttributes(attributes);
+    const bool fromInputMethod = attributes.contains(AttributeKey::InputMethod);
+    if (!fromInputMethod)
+        object.endComposition();
+    if (records)
+        before = object.m_fontReplaceData.isEmpty() ? object.serialize(false)
+                                                    : object.m_fontReplaceData;
+    changed = object.CVXRootObject::setAllAttributes(attributes, withUndo);
+    if (takeWordWrap())
+        return true;
+    takeText();
+    takeDefaultWord();
+    if (isLetterSpacingOfOneCharacter())
+        return setLetterSpacingOfOneCharacter();
+    gatherFormats();
+    const bool blockChanged = !blockFormat.isEmpty() && object.updateBlockFormat(blockFormat);
+    const bool charChanged = !charFormat.isEmpty() && object.updateCharFormat(charFormat);
+    if (fromInputMethod)
+        return true;
+    layoutIsStale = layoutIsStale || blockChanged;
+    changed = changed || blockChanged || charChanged;
+    return changed && finish();
+}
+
+/// \return true when the text has become line text: everything is rebuilt then, and the other keys of the
+/// map do not count
+bool CWordProcess::AttributeCommand::takeWordWrap()
+{
+    const auto value = attributes.constFind(AttributeKey::WordWrap);
+    if (value == attributes.constEnd())
+        return false;
+    const bool wrapped = value->toBool();
+    object.m_autoWordWrap = attributes.value(AttributeKey::AutoWordWrap).toBool();
+    wrapKey = true;
+    changed = true;
+    if (wrapped == object.m_wordWrap)
+        return false;
+    if (!wrapped)
+        return turnIntoLineText();
+    object.m_wordWrap = true;
+    object.m_wordManager->setWordWrap(true);
+    object.updateControlHandles();
+    layoutIsStale = true;
+    return false;
+}
+
+bool CWordProcess::AttributeCommand::turnIntoLineText()
+{
+    QPointF anchor;
+    if (!object.wordwrap2single(anchor))
+        return false;
+    object.m_textOffset = anchor;
+    object.m_wordWrap = false;
+    object.m_wordManager->setWordWrap(false);
+    object.undoRedo(object.serialize(false), false);
+    object.m_scaleX *= object.m_transformScaleX; // line text has one stretch only
+    object.m_scaleY *= object.m_transformScaleY;
+    object.m_transformScaleX = 1.0;
+    object.m_transformScaleY = 1.0;
+    recordOrRebuild();
+    object.updateControlHandles();
     return true;
 }
 
-/// Folds the runs and blocks that overlap the document positions from \a start to \a end.
-void CWordProcess::foldFormats(QTextCharFormat &charFormat, QTextBlockFormat &blockFormat,
-                               int start, int end) const
+void CWordProcess::AttributeCommand::takeText()
 {
-    CommonFormats common{*this, charFormat, blockFormat};
-    for (QTextBlock block = m_document->findBlock(qMax(0, start));
-         block.isValid() && block.position() < end; block = block.next()) {
-        common.fold(block.blockFormat());
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            const QTextFragment run = it.fragment();
-            if (overlaps(run.position(), run.length(), start, end))
-                common.fold(run.charFormat());
-        }
-    }
+    const auto value = attributes.constFind(AttributeKey::Text);
+    if (value == attributes.constEnd())
+        return;
+    object.m_selStart = 0;
+    object.m_selEnd = object.m_document->characterCount() - 1;
+    object.removeSelectedText();
+    object.m_cursor->insertText(value->toString());
+    changed = true;
+    layoutIsStale = true;
 }
 
-/// The format at the caret; the character to its right decides the letter spacing.
-QTextCharFormat CWordProcess::charFormatAtCaret() const
+void CWordProcess::AttributeCommand::takeDefaultWord()
 {
-    QTextCharFormat format = m_cursor->charFormat();
-    QTextCursor right(*m_cursor);
-    right.setPosition(m_cursor->position());
-    if (right.movePosition(QTextCursor::NextCharacter))
-        format.setProperty(TextProperty::LeadingGap,
-                           right.charFormat().property(TextProperty::LeadingGap));
-    return format;
+    const auto value = attributes.constFind(AttributeKey::DefaultWord);
+    if (value == attributes.constEnd() || value->toString() == object.m_defaultWord)
+        return;
+    object.m_defaultWord = value->toString();
+    changed = true;
 }
 
-void CWordProcess::addObjectAttributes(AttributeMap &attributes) const
+/// In edit state the key alone, without a selection, spaces the one character at the caret.
+bool CWordProcess::AttributeCommand::isLetterSpacingOfOneCharacter() const
 {
-    attributes[QStringLiteral("text")] = toPlainText();
-    attributes[QStringLiteral("text_editflag")] = m_editing;
-    attributes[QStringLiteral("text_horizontal")] = m_textOrientation == Qt::Horizontal;
-    attributes[QStringLiteral("text_wordwrap")] = m_wordWrap;
-    attributes[QStringLiteral("text_auto_wordwrap")] = m_autoWordWrap;
-    addWarpAttributes(attributes);
-    attributes[QStringLiteral("transform_xx")] = m_scaleX;
-    attributes[QStringLiteral("transform_yy")] = m_scaleY;
+    return object.m_editing && attributes.size() == 1 && !hasSelection()
+           && attributes.contains(AttributeKey::LetterSpacing)
+           && !isMixed(attributes.value(AttributeKey::LetterSpacing));
+}
+
+bool CWordProcess::AttributeCommand::setLetterSpacingOfOneCharacter()
+{
+    object.setCharLetterSpacing(finiteReal(attributes.value(AttributeKey::LetterSpacing)));
+    if (withUndo)
+        object.pushUndoRedo(before, object.serialize(false));
+    else
+        object.updateBoundingRectImpl(false);
+    return withUndo;
+}
+
+bool CWordProcess::AttributeCommand::finish()
+{
+    const bool rebuilds = !object.m_editing || hasSelection();
+    if (records)
+        object.m_fontReplaceData.clear();
+    if (rebuilds || (records && wrapKey))
+        recordOrRebuild();
+    else
+        showCaretFormat();
+    return withUndo;
+}
+
+/// Both lay the object out anew and tell the listeners.
+void CWordProcess::AttributeCommand::recordOrRebuild()
+{
+    const QString after = object.serialize(false);
+    if (records)
+        object.pushUndoRedo(before, after);
+    else
+        object.undoRedo(after, true);
+}
+
+/// A format at the caret is for what is typed next: the text that results is recorded with the edit.
+void CWordProcess::AttributeCommand::showCaretFormat()
+{
+    if (layoutIsStale || object.toPlainText().isEmpty())
+        object.updateBoundingRectImpl(true);
+    object.notifyTextOperation(TextOperationAttributes, {});
+}
+
+bool CWordProcess::AttributeCommand::hasSelection() const
+{
+    int start = 0;
+    int end = 0;
+    return object.selection(start, end);
 }

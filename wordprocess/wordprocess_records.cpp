@@ -264,6 +264,12 @@ void CWordProcess::readPlacementMatrix()
         m_fontImageRotation = -m_fontImageRotation;
     if (m_fontImageRotation == 0.0 && rotation() != 0.0)
         m_fontImageRotation = rotation();
+    takeStretch(m11, m12, m21, m22);
+}
+
+/// Takes the stretch out of a matrix that turns by m_fontImageRotation.
+void CWordProcess::takeStretch(double m11, double m12, double m21, double m22)
+{
     const double cosine =
         QString::number(std::cos(qDegreesToRadians(m_fontImageRotation)), 'f', 6).toDouble();
     m_scaleX = cosine == 0.0 ? std::abs(m12) : std::abs(m11 / cosine);
@@ -299,12 +305,12 @@ void CWordProcess::finishLoading()
     if (m_fontImage.isNull())
         updateBoundingRectImpl(true);
     else
-        showFontImage();
+        showFontImage(m_saveParams.value(Key::DocumentData).toString());
     enableAllHandles();
 }
 
 /// Stands as the picture, and leaves it at once when all fonts are there.
-void CWordProcess::showFontImage()
+void CWordProcess::showFontImage(const QString &documentString)
 {
     rotateObj(-rotation(), false);
     updatePosition(this, QRectF(m_fontImagePos, m_fontImageSize));
@@ -316,7 +322,7 @@ void CWordProcess::showFontImage()
         m_fontImageClient = QRectF(m_fontImagePos, m_fontImageSize);
         m_textPathsRect.setSize(m_fontImageSize);
     }
-    if (!fontExists(m_saveParams.value(Key::DocumentData).toString()))
+    if (!fontExists(documentString))
         return;
     const bool locked = isLocked();
     if (locked)

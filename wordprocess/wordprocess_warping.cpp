@@ -4,6 +4,8 @@
 // the style, the object takes the box that it has without a warp.
 #include "wordprocess/cwordprocess.h"
 
+#include "layout/textlayout.h"
+#include "layout/wordmanager.h"
 #include "wordprocess/numbers.h"
 #include "wordprocess/warpkeys.h"
 
@@ -53,4 +55,9 @@ void CWordProcess::applyStretchToBox()
 {
     const QSizeF size(m_scaleX * m_clientRect.width(), m_scaleY * m_clientRect.height());
     updatePosition(this, QRectF(getPos(), size));
+}
+
+QList<QLineF> CWordProcess::getAllBaseLines() const
+{
+    return m_wordManager ? m_wordManager->textLayout().baselines() : QList<QLineF>();
 }

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+// attributecommand.h -- one call of CWordProcess::setAllAttributes(), for the two files that carry it out.
+#ifndef ATTRIBUTECOMMAND_H
+#define ATTRIBUTECOMMAND_H
+
+#include "wordprocess/cwordprocess.h"
+
+/// The words of attribute maps that are no property of a run or a paragraph.
+namespace AttributeKey {
+const QLatin1String Initialise("text_init_flag");
+const QLatin1String InputMethod("InputMethod");
+const QLatin1String WordWrap("text_wordwrap");
+const QLatin1String AutoWordWrap("text_auto_wordwrap");
+const QLatin1String Text("text");
+const QLatin1String EditFlag("text_editflag");
+const QLatin1String DefaultWord("defaultword");
+const QLatin1String DefaultFollow("defaultFollow");
+const QLatin1String AdjustSize("adjustSize");
+const QLatin1String Horizontal("text_horizontal");
+const QLatin1String LetterSpacing("font_letterspacing");
+const QLatin1String Subscript("text_subscript");
+const QLatin1String TransformXx("transform_xx");
+const QLatin1String TransformYy("transform_yy");
+} // namespace AttributeKey
+
+/// What a panel shows for runs that differ, and gives back untouched.
+inline bool isMixed(const QVariant &value)
+{
+    return value.userType() == QMetaType::QString && value.toString().isEmpty();
+}
+
+/// One call of setAllAttributes(): what it asks for, and what has come of it so far.
+struct CWordProcess::AttributeCommand {
+    /// Takes one value of the map into a format, or carries it out.
+    using Effect = void (AttributeCommand::*)(const QLatin1String &key, const QVariant &value);
+    struct Row {
+        QLatin1String key;
+        bool isNumber; ///< an empty string leaves the property alone
+        Effect effect;
+    };
+    static const Row rows[];
+
+    AttributeCommand(CWordProcess &commanded, const AttributeMap &map, bool undo)
+        : object(commanded)
+        , attributes(map)
+        , withUndo(undo)
+        , records(undo && !map.value(AttributeKey::Initialise).toBool())
+    {
+    }
+    bool run();
+
+private:
+    bool takeWordWrap();
+    bool turnIntoLineText();
+    void takeText();
+    void takeDefaultWord();
+    bool isLetterSpacingOfOneCharacter() const;
+    bool setLetterSpacingOfOneCharacter();
+    void gatherFormats();
+    bool finish();
+    void recordOrRebuild();
+    void showCaretFormat();
+    bool hasSelection() const;
+
+    void takeCharacter(const QLatin1String &key, const QVariant &value);
+    void takeParagraph(const QLatin1String &key, const QVariant &value);
+    template<int Id>
+    void takeCharacterNumber(const QLatin1String &key, const QVariant &value);
+    template<int Id>
+    void takeParagraphNumber(const QLatin1String &key, const QVariant &value);
+    void takeFamily(const QLatin1String &key, const QVariant &value);
+    void takeGap(const QLatin1String &key, const QVariant &value);
+    void takePointSize(const QLatin1String &key, const QVariant &value);
+    void takeScript(const QLatin1String &key, const QVariant &value);
+    void takeAlignment(const QLatin1String &key, const QVariant &value);
+    void takeOrientation(const QLatin1String &key, const QVariant &value);
+    void takeDefaultFollow(const QLatin1String &key, const QVariant &value);
+    void takeAdjustSize(const QLatin1String &key, const QVariant &value);
+
+    CWordProcess &object;
+    const AttributeMap attributes; ///< a copy: listeners may change theirs before the call returns
+    const bool withUndo;
+    const bool records; ///< a step is recorded when anything changes
+    QString before;     ///< the state that such a step goes back to
+    bool wrapKey = false;
+    bool changed = false;
+    bool layoutIsStale = false; ///< more than a format at the caret has changed
+    QTextCharFormat charFormat;
+    QTextBlockFormat blockFormat;
+};
+
+#endif

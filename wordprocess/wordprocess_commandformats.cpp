@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+// wordprocess_commandformats.cpp -- CWordProcess: what each key of a given attribute map asks for.
+// Changes: the two formats that the command gathers; a few keys change the object at once.
+#include "wordprocess/attributecommand.h"
+
+#include "layout/textproperties.h"
+#include "wordprocess/numbers.h"
+
+namespace {
+/// The values of TextProperty::Alignment between which the alignments of columns lie.
+constexpr int firstColumnAlignment = Qt::AlignTop;
+constexpr int lastColumnAlignment = Qt::AlignVCenter;
+constexpr int lastLineAlignment = Qt::AlignHCenter;
+
+/// \a value as it came when it is a number or converts to one; 0.0 when it is none or not finite.
+QVariant numberAsItCame(const QVariant &value)
+{
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? value : QVariant(0.0);
+}
+} // namespace
+
+// The object's own rows come first, since an alignment depends on the orientation. The others stand in the
+// order of the translators: formats are equal only when their properties were set in the same order.
+// clang-format off
+#define ROW(name, isNumber, effect) {QLatin1String(name), isNumber, &AttributeCommand::effect}
+const CWordProcess::AttributeCommand::Row CWordProcess::AttributeCommand::rows[] = {
+    ROW("text_horizontal",                 false, takeOrientation),
+    ROW("defaultFollow",                   false, takeDefaultFollow),
+    ROW("adjustSize",                      false, takeAdjustSize),
+    ROW("font_family",                     false, takeFamily),
+    ROW("font_bold",                       false, takeCharacter),
+    ROW("font_italic",                     false, takeCharacter),
+    ROW("font_letterspacing",              true,  takeGap),
+    ROW("selected_letterspacing",          true,  takeCharacter),
+    ROW("font_pointsize",                  true,  takePointSize),
+    ROW("font_underline",                  false, takeCharacter),
+    ROW("font_strikeout",                  false, takeCharacter),
+    ROW("pen_color",                       false, takeCharacter),
+    ROW("font_style",                      false, takeCharacter),
+    ROW("vertical_scaled",                 true,  takeCharacterNumber<TextProperty::VerticalScale>),
+    ROW("horizontal_scaled",               true,  takeCharacter),
+    ROW("baseline_offset",                 true,  takeCharacterNumber<TextProperty::BaselineOffset>),
+    ROW("text_upper",                      false, takeCharacter),
+    ROW("text_superscript",                false, takeScript),
+    ROW("font_rowspacing",                 true,  takeCharacter),
+    ROW("textalignment",                   true,  takeAlignment),
+    ROW("paragraph_left_indent",           true,  takeParagraph),
+    ROW("paragraph_right_indent",          true,  takeParagraph),
+    ROW("paragraph_after_space",           true,  takeParagraphNumber<TextProperty::SpaceAheadOfBlock>),
+    ROW("paragraph_before_space",          true,  takeParagraphNumber<TextProperty::SpaceBehindBlock>),
+    ROW("paragraph_first_indent",          true,  takeParagraph),
+    ROW("text_ligature",                   false, takeParagraph),
+    ROW("paragraph_head_tail_punctuation", true,  takeParagraph),
+    ROW("paragraph_punctuation_extra",     true,  takeParagraph),
+};
+#undef ROW
+// clang-format on
+
+/// Works through the keys of the map in the order of the rows.
+void CWordProcess::AttributeCommand::gatherFormats()
+{
+    for (const Row &row : rows) {
+        const auto value = attributes.constFind(row.key);
+        if (value != attributes.constEnd() && !(row.isNumber && isMixed(*value)))
+            (this->*row.effect)(row.key, *value);
+    }
+}
+
+void CWordProcess::AttributeCommand::takeCharacter(const QLatin1String &key, const QVariant &value)
+{
+    charFormat.merge(object.attr2CharFormat({{key, value}}));
+}
+
+void CWordProcess::AttributeCommand::takeParagraph(const QLatin1String &key, const QVariant &value)
+{
+    blockFormat.merge(object.attr2BlockFormat({{key, value}}));
+}
+
+template<int Id>
+void CWordProcess::AttributeCommand::takeCharacterNumber(const QLatin1String & /*key*/,
+                                                         const QVariant &value)
+{
+    charFormat.setProperty(Id, numberAsItCame(value));
+}
+
+template<int Id>
+void CWordProcess::AttributeCommand::takeParagraphNumber(const QLatin1String & /*key*/,
+                                                         const QVariant &value)
+{
+    blockFormat.setProperty(Id, numberAsItCame(value));
+}
+
+/// A family for the text stands in for all that were missing.
+void CWordProcess::AttributeCommand::takeFamily(const QLatin1String &key, const QVariant &value)
+{
+    takeCharacter(key, value);
+    object.m_replacedFonts = object.m_missingFonts;
+}
+
+/// Deliberate: outside edit state gaps are only ever closed, whatever the value says; the spacing of whole
+/// runs travels in "selected_letterspacing".
+void CWordProcess::AttributeCommand::takeGap(const QLatin1String &key, const QVariant & /*value*/)
+{
+    if (!object.m_editing)
+        takeCharacter(key, 0.0);
+}
+
+void CWordProcess::AttributeCommand::takePointSize(const QLatin1String &key, const QVariant &value)
+{
+    if (finiteReal(value) > 0.0)
+        takeCharacter(key, value);
+}
+
+/// Both keys are needed: together they say one of three positions.
+void CWordProcess::AttributeCommand::takeScript(const QLatin1String & /*key*/,
+                                                const QVariant &value)
+{
+    const auto subscript = attributes.constFind(AttributeKey::Subscript);
+    if (subscript == attributes.constEnd())
+        return;
+    const int position = value.toBool()        ? QTextCharFormat::AlignSuperScript
+                         : subscript->toBool() ? QTextCharFormat::AlignSubScript
+                                               : QTextCharFormat::AlignNormal;
+    charFormat.setProperty(QTextFormat::TextVerticalAlignment, position);
+}
+
+/// Line text has fewer alignments than a box, and each direction its own.
+void CWordProcess::AttributeCommand::takeAlignment(const QLatin1String & /*key*/,
+                                                   const QVariant &value)
+{
+    int alignment = toWhole(value);
+    if (!object.m_wordWrap) {
+        if (object.m_textOrientation == Qt::Horizontal) {
+            if (alignment > lastLineAlignment)
+                alignment = Qt::AlignLeft;
+        } else if (alignment < firstColumnAlignment || alignment > lastColumnAlignment) {
+            alignment = Qt::AlignTop;
+        }
+    }
+    blockFormat.setProperty(TextProperty::Alignment, alignment);
+}
+
+void CWordProcess::AttributeCommand::takeOrientation(const QLatin1String & /*key*/,
+                                                     const QVariant &value)
+{
+    const int orientation = value.toBool() ? Qt::Horizontal : Qt::Vertical;
+    changed = orientation != object.m_textOrientation; // deliberate: whatever has changed before
+    if (!changed)
+        return;
+    layoutIsStale = true;
+    if (object.m_wordWrap) {
+        object.m_textOrientation = orientation;
+        return;
+    }
+    object.img2paths();
+    object.m_textOrientation = orientation;
+    object.updatePosition(&object, QRectF(object.mapToScene(object.m_textOffset), QSizeF(0, 0)));
+}
+
+void CWordProcess::AttributeCommand::takeDefaultFollow(const QLatin1String & /*key*/,
+                                                       const QVariant &value)
+{
+    if (attributes.contains(AttributeKey::DefaultWord))
+        object.m_defaultFollow = value.toBool();
+}
+
+void CWordProcess::AttributeCommand::takeAdjustSize(const QLatin1String & /*key*/,
+                                                    const QVariant &value)
+{
+    object.CVXRootObject::setSize(object.getDefaultTextSize(value.toString()), false, true);
+}

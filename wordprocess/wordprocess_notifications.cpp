@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+// wordprocess_notifications.cpp -- CWordProcess: what the host's panels are told.
+// Changes nothing, but whoever listens may command the object again before the call returns.
+#include "wordprocess/cwordprocess.h"
+
+#include "host/framework/iappframework.h"
+
+namespace {
+namespace Tool {
+constexpr int Text = 300;
+constexpr int HoverWhileEditing = 91;
+} // namespace Tool
+
+// A listener that answers every notification with a command would never let the first one return.
+constexpr int deepestNotification = 8;
+
+IObjectEventSink *eventSink()
+{
+    IAppFramework *framework = GetFramework();
+    return framework ? framework->getEventSink() : nullptr;
+}
+
+bool reportsHover(bool editing)
+{
+    IAppFramework *framework = GetFramework();
+    const int tool = framework ? framework->getCurrentTool() : 0;
+    return tool == Tool::Text || (tool == Tool::HoverWhileEditing && editing);
+}
+} // namespace
+
+void CWordProcess::notifyTextOperation(EnumTextOperation operation, const AttributeMap &map)
+{
+    IObjectEventSink *sink = eventSink();
+    if (!sink || m_notificationDepth >= deepestNotification) // without a listener nothing is built
+        return;
+    AttributeMap values = textOperationMap(operation, map);
+    if (values.isEmpty())
+        return;
+    values[QStringLiteral("sub_operator")] = static_cast<int>(operation);
+    ++m_notificationDepth;
+    sink->notifyObjectEvent(this, QStringLiteral("text_operation"), values);
+    --m_notificationDepth;
+}
+
+/// What is sent beside the kind of the operation; empty when nothing is to be sent.
+AttributeMap CWordProcess::textOperationMap(EnumTextOperation operation, const AttributeMap &map)
+{
+    const AttributeMap horizontal{
+        {QStringLiteral("horizontal"), m_textOrientation == Qt::Horizontal}};
+    AttributeMap values;
+    switch (operation) {
+    case TextOperationAttributes:
+        getAllAttributes(values);
+        return values;
+    case TextOperationMissingFonts:
+        if (!m_missingFonts.isEmpty())
+            values[QStringLiteral("familys")] = m_missingFonts;
+        return values;
+    case TextOperationAboutToEdit:
+        return horizontal;
+    case TextOperationEditState:
+        return {{QStringLiteral("editflag"), m_editing}};
+    case TextOperationPointerEntered:
+    case TextOperationPointerLeft:
+        return reportsHover(m_editing) ? horizontal : values;
+    case TextOperationAttributeCommand:
+        return map;
+    case TextOperationPointerShape:
+        values = map;
+        if (!values.isEmpty())
+            values[QStringLiteral("horizontal")] = m_textOrientation == Qt::Horizontal;
+        return values;
+    }
+    return values;
+}
