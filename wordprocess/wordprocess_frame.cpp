@@ -12,6 +12,7 @@
 
 #include <QCoreApplication>
 #include <QDataStream>
+#include <QGraphicsScene>
 #include <QGraphicsSceneContextMenuEvent>
 #include <QScopedValueRollback>
 #include <QThread>
@@ -81,7 +82,15 @@ CWordProcess::~CWordProcess()
 
 void CWordProcess::Release()
 {
-    CVXRootObject::Release();
+    if (m_notificationDepth == 0) {
+        CVXRootObject::Release();
+        return;
+    }
+    // A listener ends the object in the middle of a call: it leaves the page now and goes after that call.
+    if (scene())
+        scene()->removeItem(this);
+    QMetaObject::invokeMethod(
+        this, [this] { CVXRootObject::Release(); }, Qt::QueuedConnection);
 }
 
 bool CWordProcess::canDo(OperationType operation)
