@@ -26,6 +26,34 @@ BlockMeasures readBlockMeasures(const QTextBlockFormat &format, int dpi, bool is
     return measures;
 }
 
+BlockMeasures BlockMeasures::stretched(qreal along, qreal across) const
+{
+    BlockMeasures result = *this;
+    result.left *= along;
+    result.right *= along;
+    result.indent *= along;
+    result.before *= across;
+    if (result.after)
+        *result.after *= across;
+    return result;
+}
+
+BlockRules readBlockRules(const QTextBlockFormat &format)
+{
+    BlockRules rules;
+    rules.headTailMode = format.property(TextProperty::HeadTailRule).toInt();
+    rules.hyphenate = format.property(TextProperty::Hyphenate).toBool();
+    rules.compressPunctuation = format.property(TextProperty::PunctuationExtra).toInt() == 1;
+    return rules;
+}
+
+int boxAlignment(const QTextBlockFormat &format, int silent)
+{
+    if (!format.hasProperty(TextProperty::Alignment))
+        return silent;
+    return format.property(TextProperty::Alignment).toInt();
+}
+
 int horizontalLineAlignment(const QTextBlockFormat &format)
 {
     if (!format.hasProperty(TextProperty::Alignment))

@@ -1,28 +1,141 @@
 // SPDX-License-Identifier: MIT
+// CMultiTextOjbect: what both directions of box text begin and end with, splits, placeholder.
 #include "layout/multitextobject.h"
+
+#include "layout/multitextrun.h"
+#include "layout/textproperties.h"
+#include "layout/textrun.h"
+#include "layout/texttools.h"
+
+#include <QTextCursor>
+
+namespace {
+
+// Distance of the placeholder's caret from the side of the box that it is aligned to.
+constexpr qreal rowCaretMargin = 2.0;
+constexpr qreal columnCaretMargin = 5.0;
+
+// Where a placeholder and its caret stand along the line.
+struct PlaceholderPlace {
+    qreal start = 0;
+    qreal caret = 0;
+};
+
+PlaceholderPlace placeInRow(int alignment, qreal room, qreal length)
+{
+    if (alignment == Qt::AlignHCenter)
+        return {(room - length) / 2, room / 2};
+    if (alignment == Qt::AlignRight)
+        return {room - length, room - rowCaretMargin};
+    return {0, rowCaretMargin};
+}
+
+PlaceholderPlace placeInColumn(int alignment, qreal room, qreal length)
+{
+    if (alignment == Qt::AlignVCenter)
+        return {(room - length) / 2, room / 2};
+    if (alignment == Qt::AlignBottom)
+        return {room - length, room - columnCaretMargin};
+    return {0, columnCaretMargin};
+}
+
+QList<QString> codePoints(const QString &text)
+{
+    QList<QString> result;
+    for (int i = 0; i < text.length();) {
+        const int length = text.at(i).isHighSurrogate() && i + 1 < text.length()
+                                   && text.at(i + 1).isLowSurrogate()
+                               ? 2
+                               : 1;
+        result.append(text.mid(i, length));
+        i += length;
+    }
+    return result;
+}
+
+// The first character alone decides how all of them stand.
+QList<QPainterPath> columnPlaceholderPieces(const QString &text, const QFont &font)
+{
+    const QPointF pen(0, 0);
+    QList<QPainterPath> pieces;
+    if (!CTextTools::isCJKChar(text.at(0))) {
+        pieces.append(CTextTools::getRotatePath(textOutline(pen, font, text), pen, 90));
+        return pieces;
+    }
+    const QList<QString> characters = codePoints(text);
+    for (const QString &character : characters)
+        pieces.append(textOutline(pen, font, character));
+    return pieces;
+}
+
+} // namespace
 
 CMultiTextOjbect::CMultiTextOjbect(CWordProcess *object)
     : CTextObjectBase(object)
 {
 }
 
-void CMultiTextOjbect::verticalLayout()
+QList<QString> CMultiTextOjbect::punctSplit(const QString &text) const
 {
-    reportEmptyBox();
+    return punctuationPieces(text);
 }
 
-void CMultiTextOjbect::horizontalLayout()
+QList<QString> CMultiTextOjbect::CJKSplit(const QString &text) const
 {
-    reportEmptyBox();
+    return uprightPieces(text);
+}
+
+BoxPass CMultiTextOjbect::startPass() const
+{
+    const TextScales factors = scales();
+    BoxPass pass(box(), dpi(), factors.transformScaleX * factors.scaleX,
+                 factors.transformScaleY * factors.scaleY, orientation());
+    pass.layout = startLayout();
+    pass.followsText = autoWordWrap();
+    pass.search = m_search;
+    return pass;
+}
+
+// Ends every layout. A pending stretch has taken effect now and is folded into the lasting one.
+void CMultiTextOjbect::publish(const BoxPass &pass, const QRectF &box)
+{
+    updateData(pass.layout, box, pathRectOf(pass), pass.outlines);
+    setScales({1.0, 1.0, pass.kx, pass.ky});
 }
 
 void CMultiTextOjbect::defaultWordLayout()
 {
-    reportEmptyBox();
-}
-
-void CMultiTextOjbect::reportEmptyBox()
-{
+    const QString text = defaultWord();
+    if (text.isEmpty())
+        return;
     const QRectF rect = box();
-    updateData(TextLayout(), rect, rect, QPainterPath());
+    const QFont font = placeholderFont(cursor()->charFormat(), dpi());
+    const int alignment = cursor()->blockFormat().property(TextProperty::Alignment).toInt();
+    QPainterPath outline;
+    if (orientation() == Qt::Horizontal) {
+        outline = textOutline(QPointF(0, 0), font, text);
+        const QRectF ink = outline.boundingRect();
+        const PlaceholderPlace place = placeInRow(alignment, rect.width(), ink.width());
+        outline.translate(place.start - ink.left(), -ink.top());
+        outline.setFillRule(Qt::WindingFill);
+        m_defaultCursorLine = QLineF(place.caret, 0, place.caret, ink.height());
+    } else {
+        const QList<QPainterPath> pieces = columnPlaceholderPieces(text, font);
+        qreal total = 0;
+        qreal widest = 0;
+        for (const QPainterPath &piece : pieces) {
+            total += piece.boundingRect().height();
+            widest = qMax(widest, piece.boundingRect().width());
+        }
+        const PlaceholderPlace place = placeInColumn(alignment, rect.height(), total);
+        qreal top = place.start;
+        for (const QPainterPath &piece : pieces) {
+            const QRectF ink = piece.boundingRect();
+            outline.addPath(piece.translated(rect.width() - widest - ink.left(), top - ink.top()));
+            top += ink.height();
+        }
+        const QRectF ink = outline.boundingRect();
+        m_defaultCursorLine = QLineF(ink.left(), place.caret, ink.right(), place.caret);
+    }
+    updateData(TextLayout(), rect, rect, outline);
 }

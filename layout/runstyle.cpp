@@ -4,6 +4,8 @@
 #include "layout/textproperties.h"
 #include "layout/units.h"
 
+#include <QtMath>
+
 namespace {
 
 // Thousandths of the point size in pixels. The point size is deliberately cut to whole points.
@@ -15,21 +17,25 @@ qreal spacingPixels(const QTextCharFormat &format, int id, qreal pointSize, int 
     return (thousandths / 1000 * truncated(pointSize)) / 72 * dpi;
 }
 
-qreal rowSpacing(const QTextCharFormat &format, int dpi)
-{
-    const qreal points = finiteReal(format.property(TextProperty::RowSpacing));
-    return points > 0 ? pointsToPixels(points, dpi) : 0;
-}
-
 } // namespace
 
 QFont RunStyle::spacedFont() const
 {
-    // Fonts keep spacing in 26.6 fixed point: beyond this it would overflow.
-    constexpr qreal limit = 1000000;
-    QFont spaced(font);
-    spaced.setLetterSpacing(QFont::AbsoluteSpacing, qBound(-limit, letterSpacing, limit));
-    return spaced;
+    return withLetterSpacing(font, letterSpacing);
+}
+
+RunStyle RunStyle::stretched(qreal kx, qreal ky, Qt::Orientation orientation) const
+{
+    const qreal along = orientation == Qt::Horizontal ? kx : ky;
+    const qreal across = orientation == Qt::Horizontal ? ky : kx;
+    RunStyle style = *this;
+    style.letterSpacing *= along;
+    style.gap *= along;
+    style.offset *= across;
+    style.rowSpacing *= across;
+    style.scaleX *= kx;
+    style.scaleY *= ky;
+    return style;
 }
 
 RunStyle readRunStyle(const QTextCharFormat &format, int dpi)
@@ -41,7 +47,7 @@ RunStyle readRunStyle(const QTextCharFormat &format, int dpi)
     style.scaleY = scaleFactor(format, TextProperty::VerticalScale);
     style.letterSpacing = spacingPixels(format, TextProperty::LetterSpacing, pointSize, dpi);
     style.gap = spacingPixels(format, TextProperty::LeadingGap, pointSize, dpi);
-    style.rowSpacing = rowSpacing(format, dpi);
+    style.rowSpacing = fixedRowSpacing(format, dpi);
     style.isSuperscript = format.verticalAlignment() == QTextCharFormat::AlignSuperScript;
     style.isSubscript = format.verticalAlignment() == QTextCharFormat::AlignSubScript;
     style.font = format.font();
@@ -49,6 +55,32 @@ RunStyle readRunStyle(const QTextCharFormat &format, int dpi)
     style.font.setUnderline(false);
     style.font.setStrikeOut(false);
     return style;
+}
+
+qreal fixedRowSpacing(const QTextCharFormat &format, int dpi)
+{
+    const qreal points = finiteReal(format.property(TextProperty::RowSpacing));
+    return points > 0 ? pointsToPixels(points, dpi) : 0;
+}
+
+QFont withLetterSpacing(const QFont &font, qreal pixels)
+{
+    // Fonts keep spacing in 26.6 fixed point: beyond this it would overflow.
+    constexpr qreal limit = 1000000;
+    QFont spaced(font);
+    spaced.setLetterSpacing(QFont::AbsoluteSpacing,
+                            qIsFinite(pixels) ? qBound(-limit, pixels, limit) : 0);
+    return spaced;
+}
+
+QFont placeholderFont(const QTextCharFormat &format, int dpi)
+{
+    QFont font = format.font();
+    font.setUnderline(false);
+    font.setStrikeOut(false);
+    if (font.pointSize() > 0 && font.pixelSize() < 0)
+        setMeasuringPixelSize(font, truncated(pointsToPixels(font.pointSize(), dpi)));
+    return withBoundedSize(font);
 }
 
 qreal baselineOffset(const QTextCharFormat &format, int dpi)

@@ -20,10 +20,23 @@ struct RunStyle {
 
     /// The measuring font with the letter spacing set.
     QFont spacedFont() const;
+
+    /// The style in a text that is stretched by \a kx and \a ky, written in \a orientation: lengths
+    /// along the line follow one factor, those across it the other one.
+    RunStyle stretched(qreal kx, qreal ky, Qt::Orientation orientation) const;
 };
 
 /// Reads \a format for a document of \a dpi.
 RunStyle readRunStyle(const QTextCharFormat &format, int dpi);
+
+/// Fixed distance to the row before in pixels, 0 when \a format leaves it automatic.
+qreal fixedRowSpacing(const QTextCharFormat &format, int dpi);
+
+/// \a font with an absolute letter spacing of \a pixels.
+QFont withLetterSpacing(const QFont &font, qreal pixels);
+
+/// The font in which a placeholder is shown: that of \a format in pixels, without bars.
+QFont placeholderFont(const QTextCharFormat &format, int dpi);
 
 /// Baseline offset of \a format in pixels, 0 when the format is silent.
 qreal baselineOffset(const QTextCharFormat &format, int dpi);

@@ -3,7 +3,7 @@
 #include "layout/singletextobject.h"
 
 #include "layout/blockmeasures.h"
-#include "layout/singletextrun.h"
+#include "layout/textrun.h"
 #include "layout/texttools.h"
 
 #include <QFontMetricsF>
@@ -34,12 +34,7 @@ struct RowDistance {
 TextLine emptyRow(const QTextBlock &block, RowPass &pass, LineExtent &extent)
 {
     const QTextCharFormat format = block.charFormat();
-    TextLine line;
-    line.fragments.append(emptyBlockFragment(block.position(), format));
-    line.isEmptyBlock = true;
-    line.position = block.position();
-    line.length = block.length();
-    line.font = emptyBlockFont(format, pass.dpi);
+    TextLine line = emptyBlockLine(block, pass.dpi);
 
     const QFontMetricsF metrics(line.font);
     const qreal fixed = emptyBlockRowDistance(format, pass.dpi);
@@ -103,20 +98,6 @@ void placeRow(TextLine &line, const RowDistance &distance, RowPass &pass)
     line.origin = QPointF(pass.anchor.x(), pass.y + pass.anchor.y());
 }
 
-// Halves the outline about the pen point and raises or lowers it. Returns the movement.
-qreal setSuperOrSubscript(QPainterPath &outline, const QPointF &pen, const RunStyle &style)
-{
-    const QRectF full = outline.boundingRect();
-    outline = scaleAbout(pen, 0.5, 0.5).map(outline);
-    if (outline.isEmpty())
-        return 0;
-    const QRectF half = outline.boundingRect();
-    const qreal movement = style.isSuperscript ? full.top() - half.top()
-                                               : (full.bottom() - 0.5 * half.height()) - half.top();
-    outline.translate(0, movement);
-    return movement;
-}
-
 // Second pass, one run: outline and measures, with the line still starting at the anchor.
 void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, LineExtent &extent)
 {
@@ -132,13 +113,12 @@ void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, 
 
     run.scaleX = style.scaleX;
     run.scaleY = style.scaleY;
-    run.path.addText(pen, run.font, run.text);
-    run.path = scaleAbout(pen, run.scaleX, run.scaleY).map(run.path);
+    run.path = scaleAbout(pen, run.scaleX, run.scaleY).map(textOutline(pen, run.font, run.text));
     qreal movement = 0;
     if (style.isSuperscript || style.isSubscript) {
         run.scaleX *= 0.5;
         run.scaleY *= 0.5;
-        movement = setSuperOrSubscript(run.path, pen, style);
+        movement = setSuperOrSubscript(run.path, pen, style.isSuperscript);
         if (style.isSubscript)
             descent += qAbs(movement);
     }

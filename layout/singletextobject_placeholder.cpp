@@ -3,10 +3,9 @@
 #include "layout/singletextobject.h"
 
 #include "layout/runstyle.h"
-#include "layout/singletextrun.h"
+#include "layout/textrun.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
-#include "layout/units.h"
 
 #include <QTextCursor>
 
@@ -28,12 +27,7 @@ PlaceholderStyle readPlaceholderStyle(const QTextCursor &cursor, int dpi)
     style.offset = baselineOffset(format, dpi);
     style.scaleX = scaleFactor(format, TextProperty::HorizontalScale);
     style.scaleY = scaleFactor(format, TextProperty::VerticalScale);
-    style.font = format.font();
-    style.font.setUnderline(false);
-    style.font.setStrikeOut(false);
-    if (style.font.pointSize() > 0 && style.font.pixelSize() < 0)
-        setMeasuringPixelSize(style.font, truncated(pointsToPixels(style.font.pointSize(), dpi)));
-    style.font = withBoundedSize(style.font);
+    style.font = placeholderFont(format, dpi);
     style.alignment = cursor.blockFormat().property(TextProperty::Alignment).toInt();
     return style;
 }

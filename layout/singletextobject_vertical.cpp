@@ -3,7 +3,7 @@
 #include "layout/singletextobject.h"
 
 #include "layout/blockmeasures.h"
-#include "layout/singletextrun.h"
+#include "layout/textrun.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
 
@@ -38,9 +38,7 @@ PieceStyle readPieceStyle(const QTextCharFormat &format, int dpi)
     static_cast<RunStyle &>(style) = readRunStyle(format, dpi);
     style.fontHeight = QFontMetricsF(style.font).height();
     style.sidewaysFont = style.spacedFont();
-    QPainterPath capital;
-    capital.addText(0, 0, style.sidewaysFont, QStringLiteral("A"));
-    style.halfCapital = capital.boundingRect().height() / 2;
+    style.halfCapital = halfCapitalHeight(style.sidewaysFont);
     return style;
 }
 
@@ -114,20 +112,13 @@ Column readColumn(const QTextBlock &block, int dpi)
 
 Column emptyColumn(const QTextBlock &block, int dpi)
 {
-    const QTextCharFormat format = block.charFormat();
     Column column;
-    column.styles.append(readPieceStyle(format, dpi));
+    column.styles.append(readPieceStyle(block.charFormat(), dpi));
     column.styleOfPiece.append(0);
     const PieceStyle &style = column.styles.first();
 
-    TextLine &line = column.line;
-    line.fragments.append(emptyBlockFragment(block.position(), format));
-    line.isEmptyBlock = true;
-    line.position = block.position();
-    line.length = block.length();
-    line.font = emptyBlockFont(format, dpi);
-
-    const QFontMetricsF metrics(line.font);
+    column.line = emptyBlockLine(block, dpi);
+    const QFontMetricsF metrics(column.line.font);
     column.height = metrics.height();
     column.descent = metrics.descent();
     column.isAutomatic = style.rowSpacing <= 0;
@@ -158,15 +149,8 @@ qreal addPieceOutline(TextFragment &piece, const PieceStyle &style, const QPoint
     const qreal width = QFontMetricsF(piece.font).horizontalAdvance(piece.text);
     if (piece.isEmptyBlock)
         return width;
-    piece.path.addText(pen, piece.font, piece.text);
-    if (!piece.isCJK) {
-        piece.path = CTextTools::getRotatePath(piece.path, pen, 90);
-        piece.path.translate(-style.halfCapital, 0);
-    } else if (!piece.path.isEmpty()) {
-        // The ink is centred in a cell as high as the character is wide.
-        const QRectF ink = piece.path.boundingRect();
-        piece.path.translate(-width / 2, pen.y() + (width - ink.height()) / 2 - ink.top());
-    }
+    piece.path = piece.isCJK ? uprightOutline(pen, piece.font, piece.text, width, width)
+                             : sidewaysOutline(pen, piece.font, piece.text, style.halfCapital);
     return width;
 }
 
