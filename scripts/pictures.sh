@@ -23,11 +23,13 @@ picture kana-vertical --text samples/kana.txt --font "Noto Serif CJK JP" --size 
 picture title --document samples/title.json
 picture article --text samples/article.txt --font "Noto Serif CJK SC" --size 16 \
     --box 560x400 --auto-height --align justify-left --head-tail strict
-picture article-vertical --text samples/article.txt --font "Noto Serif CJK SC" --size 16 --vertical \
-    --box 640x420 --align justify-left --head-tail strict
-picture column --text samples/column.txt --font "Noto Serif" --size 14 \
-    --box 300x400 --auto-height --align justify-left --hyphenate
-picture japanese --text samples/japanese.txt --font "Noto Serif CJK JP" --size 16 --vertical \
-    --box 640x420 --align justify-left --head-tail strict
+picture article-compressed --text samples/article.txt --font "Noto Serif CJK SC" --size 16 \
+    --box 560x400 --auto-height --align justify-left --punctuation compress
+picture article-vertical --text samples/article.txt --font "Noto Serif CJK SC" --size 12 --vertical \
+    --box 700x420 --align justify-left --head-tail strict
+picture column --text samples/column.txt --font "Noto Serif" --size 13 \
+    --box 400x400 --auto-height --align justify-left --hyphenate
+picture japanese --text samples/japanese.txt --font "Noto Serif CJK JP" --size 12 --vertical \
+    --box 640x400 --align justify-left --head-tail strict
+picture selection --text samples/column.txt --font "Noto Serif" --size 13 --box 420x300 --select 60:330
 picture underlines --document samples/underlines.json --box 640x600
-picture selection --text samples/column.txt --font "Noto Serif" --size 14 --box 420x300 --select 60:330
