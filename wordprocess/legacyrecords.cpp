@@ -18,7 +18,7 @@ void STextItem::spaceCounts(const QString &text, int &leading, int &trailing)
     }
     if (leading == text.size() || !text.endsWith(QLatin1Char(' ')))
         return;
-    while (text.at(text.size() - 1 - trailing).isSpace())
+    while (trailing < text.size() && text.at(text.size() - 1 - trailing).isSpace())
         ++trailing;
 }
 
