@@ -4,6 +4,8 @@
 
 #include "wordprocess/cwordprocess.h"
 
+int CTextDataCommand::s_stepsAtWork = 0;
+
 CTextDataCommand::CTextDataCommand(CWordProcess *object, const QString &before,
                                    const QString &after, QUndoCommand *parent)
     : CWbUndoCmd(parent)
@@ -26,6 +28,8 @@ void CTextDataCommand::redo()
 
 void CTextDataCommand::rebuildFrom(const QString &data)
 {
+    ++s_stepsAtWork;
     if (auto *object = dynamic_cast<CWordProcess *>(m_object)) // null once the object has gone
         object->undoRedo(data, /*notify=*/true);
+    --s_stepsAtWork;
 }

@@ -11,14 +11,26 @@
 
 void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
 {
-    undoStack()->push(new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
+    if (CTextDataCommand::isAtWork()) // what a listener commands meanwhile belongs to that step
+        undoRedo(after, /*notify=*/true);
+    else
+        undoStack()->push(
+            new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
 }
 
 void CWordProcess::undoRedo(const QString &data, bool notify)
 {
     endComposition(); // the text that it stands in is replaced
     const bool wasWrapped = m_wordWrap;
+    const double scaleX = m_scaleX;
+    const double scaleY = m_scaleY;
     deserialization(data, /*insertAtCursor=*/false);
+    if (m_wordWrap && m_newVersion) {
+        // Deliberate: each layout of a box folds the stretch into the lasting one, which no string holds. A
+        // stretch from a string, folded meanwhile, would count twice.
+        m_scaleX = scaleX;
+        m_scaleY = scaleY;
+    }
     int start = 0;
     int end = 0;
     if (selection(start, end))
@@ -76,6 +88,11 @@ void CWordProcess::returnToFontImage()
     if (m_fontImage.isNull() || m_fontImageSize.isEmpty()) { // there is no picture to stand as
         updateBoundingRectImpl(true);
         return;
+    }
+    if (!m_showFontImage && m_wordWrap
+        && m_newVersion) { // the box has folded the picture's stretch
+        m_transformScaleX /= divisor(fontImageStretch().width());
+        m_transformScaleY /= divisor(fontImageStretch().height());
     }
     rotateObj(-rotation(), false);
     const QSizeF size = stretched(m_fontImageSize, m_fontImageScaleX, m_fontImageScaleY);
