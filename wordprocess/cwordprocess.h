@@ -389,6 +389,7 @@ private:
     void paintAnchorAndBaselines(QPainter *painter, const QTransform &toScene);
     void paintCaret(QPainter *painter, const QTransform &toScene);
     QFont hintFont() const;
+    QSizeF fontImageStretch() const;
 
     // warping
     void addWarpAttributes(AttributeMap &attributes) const;
@@ -465,6 +466,7 @@ private:
     // properties that bring a text
     struct PlacedText;
     void setFirstText(QDataStream &stream);
+    void writeInDefaultLook(const QString &text);
     void setPlacedText(QDataStream &stream);
     void takePlacement(const PlacedText &text);
     void layOutPlacedText();

@@ -75,11 +75,14 @@ struct CWordProcess::PlacedText {
 void CWordProcess::setFirstText(QDataStream &stream)
 {
     QString text;
-    if (stream.device()) // whatever arrives: the object is to be finished in any case
-        stream >> text;
-    if (Qt::mightBeRichText(text))
-        text = getPlainTextFromHtmlText(text);
+    if (readAll(stream, text))
+        writeInDefaultLook(Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text);
+    m_defaultWord = defaultInputWord();
+    finishNewObject(); // whatever has arrived
+}
 
+void CWordProcess::writeInDefaultLook(const QString &text)
+{
     QTextBlockFormat blockFormat;
     blockFormat.setProperty(QTextFormat::BlockLeftMargin, 0.0);
     QTextCharFormat charFormat;
@@ -90,8 +93,6 @@ void CWordProcess::setFirstText(QDataStream &stream)
     m_cursor->setBlockFormat(blockFormat);
     m_cursor->setCharFormat(charFormat);
     m_cursor->insertText(text);
-    m_defaultWord = defaultInputWord();
-    finishNewObject();
 }
 
 void CWordProcess::setPlacedText(QDataStream &stream)

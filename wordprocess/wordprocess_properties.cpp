@@ -152,7 +152,7 @@ void CWordProcess::Properties::documentDpi(CWordProcess &object, QDataStream &in
     int dpi = 0;
     double factorX = 0;
     double factorY = 0;
-    if (!readAll(in, dpi, factorX, factorY) || acceptedDpi(dpi, 0) != dpi)
+    if (!readAll(in, dpi, factorX, factorY) || acceptedDpi(dpi, object.m_documentDpi) != dpi)
         return;
     object.m_documentDpi = dpi;
     if (factorX == 1.0 && factorY == 1.0)
