@@ -466,7 +466,6 @@ private:
     // properties that bring a text
     struct PlacedText;
     void setFirstText(QDataStream &stream);
-    void writeInDefaultLook(const QString &text);
     void setPlacedText(QDataStream &stream);
     void takePlacement(const PlacedText &text);
     void layOutPlacedText();

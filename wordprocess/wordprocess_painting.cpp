@@ -196,6 +196,13 @@ QFont CWordProcess::hintFont() const
     return font;
 }
 
+/// The picture's stretch along the axes of the text.
+QSizeF CWordProcess::fontImageStretch() const
+{
+    const QSizeF stretch(m_fontImageScaleX, m_fontImageScaleY);
+    return isQuarterTurned(m_fontImageRotation) ? stretch.transposed() : stretch;
+}
+
 void CWordProcess::img2paths()
 {
     if (!m_showFontImage)
@@ -209,12 +216,11 @@ void CWordProcess::img2paths()
     rotateObj(m_fontImageRotation, false);
     m_showFontImage = false;
     m_textOffset = QPointF(0, 0);
-    const bool crosswise = isQuarterTurned(m_fontImageRotation);
-    const double factorX = crosswise ? m_fontImageScaleY : m_fontImageScaleX;
-    const double factorY = crosswise ? m_fontImageScaleX : m_fontImageScaleY;
-    m_scaleX *= factorX;
-    m_scaleY *= factorY;
-    updateBoundsRectForImage2Path(pos, stretched(m_fontImageClient.size(), factorX, factorY));
+    const QSizeF factors = fontImageStretch();
+    m_scaleX *= factors.width();
+    m_scaleY *= factors.height();
+    updateBoundsRectForImage2Path(pos, stretched(m_fontImageClient.size(), factors.width(),
+                                                 factors.height()));
     updateAfterObjRectChanged(this, true);
     rotateObj(angle, false);
     if (!m_wordWrap)
