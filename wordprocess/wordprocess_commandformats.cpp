@@ -6,6 +6,8 @@
 #include "layout/textproperties.h"
 #include "wordprocess/numbers.h"
 
+namespace T = TextProperty;
+
 namespace {
 /// The values of TextProperty::Alignment between which the alignments of columns lie.
 constexpr int firstColumnAlignment = Qt::AlignTop;
@@ -24,38 +26,36 @@ QVariant numberAsItCame(const QVariant &value)
 // The object's own rows come first, since an alignment depends on the orientation. The others stand in the
 // order of the translators: formats are equal only when their properties were set in the same order.
 // clang-format off
-#define ROW(name, isNumber, effect) {QLatin1String(name), isNumber, &AttributeCommand::effect}
 const CWordProcess::AttributeCommand::Row CWordProcess::AttributeCommand::rows[] = {
-    ROW("text_horizontal",                 false, takeOrientation),
-    ROW("defaultFollow",                   false, takeDefaultFollow),
-    ROW("adjustSize",                      false, takeAdjustSize),
-    ROW("font_family",                     false, takeFamily),
-    ROW("font_bold",                       false, takeCharacter),
-    ROW("font_italic",                     false, takeCharacter),
-    ROW("font_letterspacing",              true,  takeGap),
-    ROW("selected_letterspacing",          true,  takeCharacter),
-    ROW("font_pointsize",                  true,  takePointSize),
-    ROW("font_underline",                  false, takeCharacter),
-    ROW("font_strikeout",                  false, takeCharacter),
-    ROW("pen_color",                       false, takeCharacter),
-    ROW("font_style",                      false, takeCharacter),
-    ROW("vertical_scaled",                 true,  takeCharacterNumber<TextProperty::VerticalScale>),
-    ROW("horizontal_scaled",               true,  takeCharacter),
-    ROW("baseline_offset",                 true,  takeCharacterNumber<TextProperty::BaselineOffset>),
-    ROW("text_upper",                      false, takeCharacter),
-    ROW("text_superscript",                false, takeScript),
-    ROW("font_rowspacing",                 true,  takeCharacter),
-    ROW("textalignment",                   true,  takeAlignment),
-    ROW("paragraph_left_indent",           true,  takeParagraph),
-    ROW("paragraph_right_indent",          true,  takeParagraph),
-    ROW("paragraph_after_space",           true,  takeParagraphNumber<TextProperty::SpaceAheadOfBlock>),
-    ROW("paragraph_before_space",          true,  takeParagraphNumber<TextProperty::SpaceBehindBlock>),
-    ROW("paragraph_first_indent",          true,  takeParagraph),
-    ROW("text_ligature",                   false, takeParagraph),
-    ROW("paragraph_head_tail_punctuation", true,  takeParagraph),
-    ROW("paragraph_punctuation_extra",     true,  takeParagraph),
+    {QLatin1String("text_horizontal"),                 false, &AttributeCommand::takeOrientation},
+    {QLatin1String("defaultFollow"),                   false, &AttributeCommand::takeDefaultFollow},
+    {QLatin1String("adjustSize"),                      false, &AttributeCommand::takeAdjustSize},
+    {QLatin1String("font_family"),                     false, &AttributeCommand::takeFamily},
+    {QLatin1String("font_bold"),                       false, &AttributeCommand::takeCharacter},
+    {QLatin1String("font_italic"),                     false, &AttributeCommand::takeCharacter},
+    {QLatin1String("font_letterspacing"),              true,  &AttributeCommand::takeGap},
+    {QLatin1String("selected_letterspacing"),          true,  &AttributeCommand::takeCharacter},
+    {QLatin1String("font_pointsize"),                  true,  &AttributeCommand::takePointSize},
+    {QLatin1String("font_underline"),                  false, &AttributeCommand::takeCharacter},
+    {QLatin1String("font_strikeout"),                  false, &AttributeCommand::takeCharacter},
+    {QLatin1String("pen_color"),                       false, &AttributeCommand::takeCharacter},
+    {QLatin1String("font_style"),                      false, &AttributeCommand::takeCharacter},
+    {QLatin1String("vertical_scaled"),                 true,  &AttributeCommand::takeCharacterNumber<T::VerticalScale>},
+    {QLatin1String("horizontal_scaled"),               true,  &AttributeCommand::takeCharacter},
+    {QLatin1String("baseline_offset"),                 true,  &AttributeCommand::takeCharacterNumber<T::BaselineOffset>},
+    {QLatin1String("text_upper"),                      false, &AttributeCommand::takeCharacter},
+    {QLatin1String("text_superscript"),                false, &AttributeCommand::takeScript},
+    {QLatin1String("font_rowspacing"),                 true,  &AttributeCommand::takeCharacter},
+    {QLatin1String("textalignment"),                   true,  &AttributeCommand::takeAlignment},
+    {QLatin1String("paragraph_left_indent"),           true,  &AttributeCommand::takeParagraph},
+    {QLatin1String("paragraph_right_indent"),          true,  &AttributeCommand::takeParagraph},
+    {QLatin1String("paragraph_after_space"),           true,  &AttributeCommand::takeParagraphNumber<T::SpaceAheadOfBlock>},
+    {QLatin1String("paragraph_before_space"),          true,  &AttributeCommand::takeParagraphNumber<T::SpaceBehindBlock>},
+    {QLatin1String("paragraph_first_indent"),          true,  &AttributeCommand::takeParagraph},
+    {QLatin1String("text_ligature"),                   false, &AttributeCommand::takeParagraph},
+    {QLatin1String("paragraph_head_tail_punctuation"), true,  &AttributeCommand::takeParagraph},
+    {QLatin1String("paragraph_punctuation_extra"),     true,  &AttributeCommand::takeParagraph},
 };
-#undef ROW
 // clang-format on
 
 /// Works through the keys of the map in the order of the rows.

@@ -3,9 +3,8 @@
 // Changes: the document; for a placed text also the form, the place, the stretch, the warp and the picture.
 #include "wordprocess/cwordprocess.h"
 
-#include "layout/textproperties.h"
+#include "host/framework/iappframework.h"
 #include "layout/wordmanager.h"
-#include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
 #include "wordprocess/streamreading.h"
 
@@ -75,24 +74,13 @@ struct CWordProcess::PlacedText {
 void CWordProcess::setFirstText(QDataStream &stream)
 {
     QString text;
-    if (readAll(stream, text))
-        writeInDefaultLook(Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text);
+    if (readAll(stream, text)) {
+        dropCursorSelection();
+        takeDefaultLook();
+        m_cursor->insertText(Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text);
+    }
     m_defaultWord = defaultInputWord();
     finishNewObject(); // whatever has arrived
-}
-
-void CWordProcess::writeInDefaultLook(const QString &text)
-{
-    QTextBlockFormat blockFormat;
-    blockFormat.setProperty(QTextFormat::BlockLeftMargin, 0.0);
-    QTextCharFormat charFormat;
-    charFormat.setForeground(QBrush(Qt::black, Qt::SolidPattern));
-    charFormat.setFont(hostDefaultFont());
-    charFormat.setProperty(TextProperty::RowSpacing, 0);
-    dropCursorSelection();
-    m_cursor->setBlockFormat(blockFormat);
-    m_cursor->setCharFormat(charFormat);
-    m_cursor->insertText(text);
 }
 
 void CWordProcess::setPlacedText(QDataStream &stream)
