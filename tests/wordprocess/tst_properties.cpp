@@ -26,6 +26,10 @@ private Q_SLOTS:
     void commandChangesStepsAndTells();
     void answerIsWritten_data();
     void answerIsWritten();
+    void questionIsReplacedByItsAnswer_data();
+    void questionIsReplacedByItsAnswer();
+    void colourOfTextWithoutRunsIsNotFound();
+    void colourOfOlderTextIsThatOfItsItems();
     void unknownNumbersAreTheHosts();
 
     // edit state
@@ -330,6 +334,71 @@ void TestProperties::answerIsWritten()
     QVERIFY(known);
     QCOMPARE(text.string(), start);
     QVERIFY(text.host.events.isEmpty());
+}
+
+void TestProperties::questionIsReplacedByItsAnswer_data()
+{
+    QTest::addColumn<int>("question");
+    QTest::addColumn<bool>("state"); // of all that may be asked for
+    QTest::addColumn<QByteArray>("stream");
+    for (int question = 0; question <= 3; ++question) {
+        for (bool state : {false, true})
+            QTest::addRow("%d, %d", question, state)
+                << question << state << QByteArray::fromHex(state ? "01" : "00");
+    }
+    QTest::newRow("unknown") << 4 << true << QByteArray::fromHex("00000004");
+    QTest::newRow("negative") << -1 << true << QByteArray::fromHex("ffffffff");
+}
+
+void TestProperties::questionIsReplacedByItsAnswer()
+{
+    QFETCH(int, question);
+    QFETCH(bool, state);
+    QFETCH(QByteArray, stream);
+    OpenWord word;
+    word.m_editing = state;
+    word.m_wordWrap = state;
+    word.m_textOrientation = state ? 1 : 2;
+    word.m_created = state;
+    QBuffer buffer;
+    buffer.open(QIODevice::ReadWrite);
+    QDataStream both(&buffer);
+    both << question;
+    buffer.seek(0);
+    QVERIFY(word.GetSpecialProperty(101, both));
+    QCOMPARE(buffer.data().left(stream.size()), stream);
+    QCOMPARE(buffer.pos(), qint64(stream.size() == 1 ? 1 : 0)); // rewound ahead of the answer
+    word.m_editing = false;
+    // A question that is cut short gets none.
+    QBuffer shortBuffer;
+    shortBuffer.setData(QByteArray(2, '\0'));
+    shortBuffer.open(QIODevice::ReadWrite);
+    QDataStream cut(&shortBuffer);
+    QVERIFY(word.GetSpecialProperty(101, cut));
+    QCOMPARE(shortBuffer.data(), QByteArray(2, '\0'));
+}
+
+void TestProperties::colourOfTextWithoutRunsIsNotFound()
+{
+    OpenWord word;
+    QCOMPARE(ask(word, 117), bytesOf(false));
+    word.m_newVersion = false;
+    QCOMPARE(ask(word, 117), bytesOf(false));
+    word.m_legacyLines.append(STextLine());
+    QCOMPARE(ask(word, 117), bytesOf(false));
+}
+
+void TestProperties::colourOfOlderTextIsThatOfItsItems()
+{
+    Text text; // black
+    STextItem item;
+    item.format.setForeground(QColor(9, 8, 7));
+    STextLine line;
+    line.items.append(item);
+    text.word.m_legacyLines.append(line);
+    QCOMPARE(ask(text.word, 117), bytesOf(true, 0, 0, 0, 255));
+    text.word.m_newVersion = false;
+    QCOMPARE(ask(text.word, 117), bytesOf(true, 9, 8, 7, 255));
 }
 
 void TestProperties::unknownNumbersAreTheHosts()
@@ -964,16 +1033,17 @@ void TestProperties::strangeNumbersInStreams()
 {
     QFETCH(int, number);
     QFETCH(QByteArray, stream);
-    // Every eight bytes in turn become a real that no text should have, every four an absurd int.
+    // Wherever a number stands, a real that no text should have is put, or an absurd int.
     QVector<QByteArray> strange;
     for (double value : {qQNaN(), qInf(), -qInf(), 1e308, -1e308, 5e-324, 0.0, -1.0})
         strange.append(bytesOf(value));
     for (int value : {-1, 0, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
         strange.append(bytesOf(value));
-    // Inside a document string one place is as good as another.
-    const int inside = number == 108 ? stream.size() - (stream.size() > 1400 ? 190 : 126) : 0;
+    // The numbers of a placed text stand behind its document string and one byte.
+    const bool isBox = stream.size() > placedText(bodyOf(key("xy"))).size();
+    const int first = number == 108 ? stream.size() - (isBox ? 180 : 116) : 0;
     for (const QByteArray &bytes : qAsConst(strange)) {
-        for (int at = inside; at + bytes.size() <= stream.size(); ++at) {
+        for (int at = first; at + bytes.size() <= stream.size(); at += 4) {
             Text text;
             if (number == 112 || number == 113)
                 text.loseFont();
