@@ -89,6 +89,10 @@ bool PageRenderer::fail(const QString &error)
 /// also the picture's.
 bool PageRenderer::measure()
 {
+    if (!m_options.page.isEmpty()) {
+        m_area = QRect(QPoint(0, 0), m_options.page);
+        return true;
+    }
     PaintBounds bounds(m_options.dpi);
     QPainter painter(&bounds);
     paintObjects(painter);

@@ -6,14 +6,15 @@
 #include <QByteArray>
 #include <QColor>
 #include <QRect>
+#include <QSize>
 #include <QString>
 
 class Page;
 class QPainter;
 
 /// Renders what the objects of a page paint: their content, with a selection inverted, and, when
-/// told so, what they show above all objects: handles, frames and the caret. The picture is the ink
-/// of the page with a margin around it; a page pixel is 1/dpi inch.
+/// told so, what they show above all objects: handles, frames and the caret. The picture is a page
+/// of a told size, or the ink with a margin around it; a page pixel is 1/dpi inch.
 class PageRenderer
 {
 public:
@@ -24,7 +25,8 @@ public:
         double scale = 1.0;            ///< PNG only: pixels of the picture for one of the page
         double margin = 20.0;          ///< page pixels on each side
         QColor background = Qt::white; ///< fully transparent for none
-        bool foreground = false;       ///< handles, frames and caret too
+        QSize page;              ///< what is shown, from (0, 0); empty: the ink and its margin
+        bool foreground = false; ///< handles, frames and caret too
     };
 
     /// Sides in pixels above which no picture is made.

@@ -3,6 +3,11 @@
 #ifndef APP_TEXTOBJECT_H
 #define APP_TEXTOBJECT_H
 
+#include "host/framework/hosttypes.h"
+
+#include <QPointF>
+#include <QStringList>
+
 class CVXRootObject;
 
 /// The properties of text objects. Each does nothing to an object that does not know it.
@@ -14,6 +19,19 @@ void endEdit(CVXRootObject *object);
 /// Makes the box of box text follow its text from now on: downwards under lines, to the left under
 /// columns.
 void letBoxGrow(CVXRootObject *object);
+bool isVertical(CVXRootObject *object);
+/// How far the text of a box reaches beyond its left and upper edge: 0 or below.
+QPointF overhang(CVXRootObject *object);
+
+/// The families that the text names, that are not installed, and that nothing has replaced.
+QStringList missingFonts(CVXRootObject *object);
+/// Sets what stands in the missing \a family in \a replacement. A family that is not missing: nothing.
+void replaceFont(CVXRootObject *object, const QString &family, const QString &replacement);
+/// The words above an object that misses fonts; an empty \a hint takes them away.
+void setMissingFontHint(CVXRootObject *object, const QString &hint);
+/// Sets attributes of the whole text. Of a pair of keys that only act together the absent one is
+/// taken to be false.
+void setAttributes(CVXRootObject *object, AttributeMap attributes);
 
 } // namespace TextObject
 

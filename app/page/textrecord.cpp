@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/textrecord.h"
 
+#include "app/page/jsonfields.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QJsonArray>
@@ -43,14 +44,6 @@ QStringList paragraphs(const QString &text)
     if (normal.endsWith(QLatin1Char('\n')))
         normal.chop(1);
     return normal.split(QLatin1Char('\n'));
-}
-
-QJsonObject runObject(const QString &content, const TextStyle &style)
-{
-    return {{familyKey, style.family},
-            {QStringLiteral("font_pointsize"), style.pointSize},
-            {QStringLiteral("pen_color"), style.color},
-            {contentKey, content}};
 }
 
 DocumentStringInfo invalid(const QString &error)
@@ -112,18 +105,28 @@ QString parametersKey(const QJsonObject &record)
 
 QString documentString(const QString &text, const TextStyle &style)
 {
+    const QJsonObject run{{familyKey, style.family},
+                          {QStringLiteral("font_pointsize"), style.pointSize},
+                          {QStringLiteral("pen_color"), style.color}};
+    return documentString(text, run, {{QStringLiteral("textalignment"), 1}}, style.vertical);
+}
+
+QString documentString(const QString &text, const QJsonObject &runAttributes,
+                       const QJsonObject &paragraphAttributes, bool vertical)
+{
     QJsonArray blocks;
     QJsonArray fragments;
-    const QJsonObject block{{QStringLiteral("textalignment"), 1}};
     const QStringList lines = paragraphs(text);
     for (const QString &line : lines) {
-        blocks.append(block);
-        fragments.append(QJsonArray{runObject(line, style)});
+        QJsonObject run = runAttributes;
+        run.insert(contentKey, line);
+        blocks.append(paragraphAttributes);
+        fragments.append(QJsonArray{run});
     }
     const QJsonObject document{{blockKey, blocks},
                                {fragmentKey, fragments},
                                {directionKey,
-                                style.vertical ? Direction::Vertical : Direction::Horizontal},
+                                vertical ? Direction::Vertical : Direction::Horizontal},
                                {wordWrapKey, false},
                                {QStringLiteral("text_auto_wordwrap"), false}};
     return QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact));
@@ -131,12 +134,10 @@ QString documentString(const QString &text, const TextStyle &style)
 
 DocumentStringInfo inspectDocumentString(const QString &string)
 {
-    QJsonParseError parse;
-    const QJsonDocument document = QJsonDocument::fromJson(string.toUtf8(), &parse);
-    if (parse.error != QJsonParseError::NoError) {
-        return invalid(
-            QStringLiteral("no JSON, at byte %1: %2").arg(parse.offset).arg(parse.errorString()));
-    }
+    QJsonDocument document;
+    QString error;
+    if (!parseJson(string.toUtf8(), document, error))
+        return invalid(error);
     const QJsonObject root = document.object();
     if (!root.value(blockKey).isArray() || !root.value(fragmentKey).isArray())
         return invalid(
@@ -200,7 +201,13 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
     parameters.insert(QStringLiteral("TextOrientation"),
                       info.vertical ? Direction::Vertical : Direction::Horizontal);
     insertPlace(parameters, place);
+    // Without a picture too: an object looks for missing fonts where it looks for its picture.
+    parameters.insert(QStringLiteral("font_imgage"), place.picture);
+    parameters.insert(QStringLiteral("img_x"), place.picturePos.x());
+    parameters.insert(QStringLiteral("img_y"), place.picturePos.y());
     record.insert(key, parameters);
+    record.insert(QStringLiteral("flip"), place.flip);
+    record.insert(QStringLiteral("mirror"), place.mirror);
     record.insert(QStringLiteral("x"), place.pos.x());
     record.insert(QStringLiteral("y"), place.pos.y());
     return object->loadJson(record);

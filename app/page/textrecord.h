@@ -11,6 +11,10 @@
 
 class CVXRootObject;
 
+/// Texts of more UTF-16 units than this are refused before they are set. The outlines of a Han
+/// character take some ten kilobytes while they are laid out, and those of a Latin one about five.
+constexpr int maximumCharacters = 250000;
+
 /// How a plain text is set.
 struct TextStyle {
     QString family;        ///< of every run
@@ -23,6 +27,9 @@ struct TextStyle {
 /// one), one run a paragraph, line text without wrapping. A line end at the very end of the text does
 /// not open an empty paragraph.
 QString documentString(const QString &text, const TextStyle &style);
+/// The same, with \a runAttributes for its runs and \a paragraphAttributes for its paragraphs.
+QString documentString(const QString &text, const QJsonObject &runAttributes,
+                       const QJsonObject &paragraphAttributes, bool vertical);
 
 /// What a program wants to know of a document string before it gives it to an object.
 struct DocumentStringInfo {
@@ -47,10 +54,14 @@ struct DocumentChange {
 /// The valid document \a string with \a change in it.
 QString changedDocument(const QString &string, const DocumentChange &change);
 
-/// Where a text goes.
+/// Where a text goes, and the picture of it.
 struct TextPlace {
     QPointF pos; ///< top left of the object, page pixels
     QSizeF box;  ///< of box text, page pixels; empty for line text
+    bool flip = false;
+    bool mirror = false;
+    QString picture; ///< name of an image of the document, shown while a font is missing; or empty
+    QPointF picturePos; ///< page pixels
 };
 
 /// Gives the document \a string to \a object as a record. In a box the stretch that the string

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagerender/arguments.h"
 
+#include "app/page/attributekeys.h"
 #include "app/page/document.h"
 
 #include <QCommandLineParser>
@@ -16,7 +17,7 @@ struct Options {
     QCommandLineOption text{QStringLiteral("text"), QStringLiteral("Set the UTF-8 text <file>."),
                             QStringLiteral("file")};
     QCommandLineOption document{QStringLiteral("document"),
-                                QStringLiteral("Set the document string in <file>."),
+                                QStringLiteral("The same as a FILE without --document."),
                                 QStringLiteral("file")};
     QCommandLineOption output{{QStringLiteral("o"), QStringLiteral("output")},
                               QStringLiteral("Write <file>: .png, .svg or .pdf."),
@@ -59,6 +60,16 @@ struct Options {
                               QStringLiteral("Edit the text and select from A to B; PNG only."),
                               QStringLiteral("A:B")};
     QCommandLineOption
+        set{QStringLiteral("set"),
+            QStringLiteral("Set an attribute of one object, told by name or number, or of all."),
+            QStringLiteral("[object:]key=value")};
+    QCommandLineOption
+        missingFonts{QStringLiteral("missing-fonts"),
+                     QStringLiteral("Print the font families that are not installed, one a line.")};
+    QCommandLineOption replaceFont{QStringLiteral("replace-font"),
+                                   QStringLiteral("Set text of the missing family A in B."),
+                                   QStringLiteral("A=B")};
+    QCommandLineOption
         background{QStringLiteral("background"),
                    QStringLiteral("Colour of the page: a name, #rrggbb or transparent (white)."),
                    QStringLiteral("colour")};
@@ -89,8 +100,11 @@ public:
 
     bool read()
     {
+        noteOptionsOfTexts();
+        m_result.hasBackground = m_parser.isSet(m_options.background);
         return readFiles() && readTextStyle() && readBox() && readParagraphs() && checkBox()
-               && readSelection() && readPage() && readScale();
+               && readSelection() && readSettings() && readReplacements() && readPage()
+               && readScale();
     }
 
 private:
@@ -102,17 +116,22 @@ private:
 
     bool readFiles()
     {
-        if (!m_parser.positionalArguments().isEmpty()) {
-            return fail(QStringLiteral("unexpected argument '%1'")
-                            .arg(m_parser.positionalArguments().constFirst()));
-        }
-        const bool text = m_parser.isSet(m_options.text);
-        m_result.isDocument = m_parser.isSet(m_options.document);
-        if (text == m_result.isDocument)
-            return fail(QStringLiteral("give one of --text and --document"));
-        m_result.input = m_parser.value(text ? m_options.text : m_options.document);
-        m_result.output = m_parser.value(m_options.output);
+        QStringList inputs = m_parser.positionalArguments();
+        inputs += m_parser.values(m_options.document);
+        m_result.isPlainText = m_parser.isSet(m_options.text);
+        if (m_result.isPlainText)
+            inputs += m_parser.values(m_options.text);
+        if (inputs.isEmpty())
+            return fail(QStringLiteral("no input: give a FILE or --text FILE"));
+        if (inputs.size() > 1)
+            return fail(QStringLiteral("more than one input: '%1' and '%2'")
+                            .arg(inputs.at(0), inputs.at(1)));
+        m_result.input = inputs.constFirst();
         m_result.plugin = m_parser.value(m_options.plugin);
+        m_result.listMissingFonts = m_parser.isSet(m_options.missingFonts);
+        m_result.output = m_parser.value(m_options.output);
+        if (m_result.output.isEmpty() && m_result.listMissingFonts)
+            return true;
         if (m_result.output.isEmpty())
             return fail(QStringLiteral("no output: give -o FILE"));
         if (!PageRenderer::formatOf(m_result.output, m_result.format)) {
@@ -122,12 +141,72 @@ private:
         return true;
     }
 
+    bool readSettings()
+    {
+        const QStringList values = m_parser.values(m_options.set);
+        for (const QString &value : values) {
+            Setting setting;
+            if (!readSetting(value, setting))
+                return false;
+            m_result.settings.append(setting);
+        }
+        return true;
+    }
+
+    bool readSetting(const QString &given, Setting &setting)
+    {
+        const int equals = given.indexOf(QLatin1Char('='));
+        if (equals < 0)
+            return fail(QStringLiteral("--set: '%1' is no key=value").arg(given));
+        setting.value = given.mid(equals + 1);
+        const QString target = given.left(equals);
+        const int colon = target.lastIndexOf(QLatin1Char(':'));
+        setting.object = target.left(qMax(0, colon));
+        setting.key = target.mid(colon + 1);
+        const AttributeKey *attribute = attributeKey(setting.key);
+        if (!attribute)
+            return fail(QStringLiteral("--set: there is no attribute '%1'").arg(setting.key));
+        QVariant value;
+        QString reason;
+        if (attributeValue(*attribute, setting.value, /*vertical=*/false, value, reason))
+            return true;
+        return fail(QStringLiteral("--set: %1: '%2' %3").arg(setting.key, setting.value, reason));
+    }
+
+    bool readReplacements()
+    {
+        const QStringList values = m_parser.values(m_options.replaceFont);
+        for (const QString &value : values) {
+            const int equals = value.indexOf(QLatin1Char('='));
+            const FontReplacement replacement{value.left(equals).trimmed(),
+                                              value.mid(equals + 1).trimmed()};
+            if (equals < 0 || replacement.family.isEmpty() || replacement.replacement.isEmpty())
+                return fail(QStringLiteral("--replace-font: '%1' is no A=B").arg(value));
+            m_result.replacements.append(replacement);
+        }
+        return true;
+    }
+
+    /// What a page file says for itself.
+    void noteOptionsOfTexts()
+    {
+        const QCommandLineOption *forTexts[] = {
+            &m_options.margin,    &m_options.dpi,         &m_options.box,   &m_options.autoHeight,
+            &m_options.align,     &m_options.headTail,    &m_options.caret, &m_options.select,
+            &m_options.hyphenate, &m_options.punctuation,
+        };
+        for (const QCommandLineOption *option : forTexts) {
+            if (m_parser.isSet(*option))
+                m_result.notForPages.append(option->names().constFirst());
+        }
+    }
+
     bool readTextStyle()
     {
         const QCommandLineOption *forText[] = {&m_options.font, &m_options.size,
                                                &m_options.vertical, &m_options.color};
         for (const QCommandLineOption *option : forText) {
-            if (m_result.isDocument && m_parser.isSet(*option)) {
+            if (!m_result.isPlainText && m_parser.isSet(*option)) {
                 return fail(QStringLiteral("--%1 is for --text only: a document has its own")
                                 .arg(option->names().constFirst()));
             }
@@ -316,14 +395,19 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
     const Options options;
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        QStringLiteral("Renders a text or a document to a PNG, SVG or PDF file."));
+        QStringLiteral("Renders a text, a document or a page to a PNG, SVG or PDF file."));
+    parser.addPositionalArgument(QStringLiteral("file"),
+                                 QStringLiteral("A page file or a document string (JSON)."),
+                                 QStringLiteral("[FILE]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({options.text,        options.document, options.output,   options.font,
-                       options.size,        options.vertical, options.color,    options.box,
-                       options.autoHeight,  options.align,    options.headTail, options.hyphenate,
-                       options.punctuation, options.caret,    options.select,   options.background,
-                       options.margin,      options.dpi,      options.scale,    options.plugin});
+    parser.addOptions(
+        {options.text,         options.document,    options.output,     options.font,
+         options.size,         options.vertical,    options.color,      options.box,
+         options.autoHeight,   options.align,       options.headTail,   options.hyphenate,
+         options.punctuation,  options.caret,       options.select,     options.set,
+         options.missingFonts, options.replaceFont, options.background, options.margin,
+         options.dpi,          options.scale,       options.plugin});
     if (!parser.parse(arguments)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

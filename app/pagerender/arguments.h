@@ -9,14 +9,29 @@
 #include <QSizeF>
 #include <QString>
 #include <QStringList>
+#include <QVector>
+
+/// An attribute that the command line sets.
+struct Setting {
+    QString object; ///< its name or number; empty for all
+    QString key;    ///< a known one
+    QString value;  ///< one that the key can have
+};
+
+/// A missing family, and what takes its place.
+struct FontReplacement {
+    QString family;
+    QString replacement;
+};
 
 /// What the command line asks for. All values are valid when parseArguments() returns Run.
 struct Arguments {
-    bool isDocument = false; ///< the input is a document string, not plain text
+    bool isPlainText = false; ///< the input is no JSON
     QString input;
-    QString output;
+    QString output; ///< empty when only missing fonts are asked for
     PageRenderer::Format format = PageRenderer::Format::Png;
     PageRenderer::Options options;
+    bool hasBackground = false;
     QString plugin;       ///< path of the library; empty to search
     QString family;       ///< empty for the default
     double pointSize = 0; ///< 0 for the default
@@ -27,6 +42,10 @@ struct Arguments {
     ParagraphStyle paragraph;
     int selectionStart = -1; ///< the same as the end for a caret alone
     int selectionEnd = -1;   ///< below 0: the text is not in edit state
+    QVector<Setting> settings;
+    QVector<FontReplacement> replacements;
+    bool listMissingFonts = false;
+    QStringList notForPages; ///< the given options that make no sense for a page file
     QString message;         ///< for Usage: what is wrong; for Show: what to print
 };
 

@@ -1,40 +1,11 @@
 // SPDX-License-Identifier: MIT
 // Runs the built program, with the font of squares as the only font that is installed.
-#include <QImage>
+#include "tests/app/renderfolder.h"
+
 #include <QPainter>
-#include <QProcess>
 #include <QSvgRenderer>
-#include <QtTest>
 
 namespace {
-
-constexpr int runTimeout = 100000; ///< milliseconds; far above what the slowest run takes
-
-struct Run {
-    int exitCode = -1;
-    bool ended = false; ///< by itself: neither killed nor crashed
-    QString out;
-    QString err;
-};
-
-struct Ink {
-    int pixels = 0;
-    QRect bounds;
-};
-
-Ink inkOf(const QImage &image)
-{
-    Ink ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qGray(image.pixel(x, y)) < 128) {
-                ++ink.pixels;
-                ink.bounds |= QRect(x, y, 1, 1);
-            }
-        }
-    }
-    return ink;
-}
 
 /// All streams of a PDF, uncompressed.
 QByteArray pdfStreams(const QByteArray &pdf)
@@ -67,7 +38,6 @@ class TestPageRender : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void init();
 
     void helpAndVersionAreShown_data();
@@ -104,63 +74,21 @@ private Q_SLOTS:
     void endsWithoutALibrary();
 
 private:
-    Run run(const QStringList &arguments) const;
-    QString path(const char *name) const { return m_dir->filePath(QLatin1String(name)); }
-    QString write(const char *name, const QByteArray &bytes) const;
-    QByteArray read(const char *name) const;
+    Run run(const QStringList &arguments) const { return m_folder->run(arguments); }
+    QString path(const char *name) const { return m_folder->path(name); }
+    QString write(const char *name, const QByteArray &bytes) const
+    {
+        return m_folder->write(name, bytes);
+    }
+    QByteArray read(const char *name) const { return m_folder->read(name); }
     QImage picture(const QByteArray &text, const QStringList &more = QStringList()) const;
 
-    QTemporaryDir m_fonts;
-    std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<RenderFolder> m_folder;
 };
-
-void TestPageRender::initTestCase()
-{
-    QFile config(m_fonts.filePath(QStringLiteral("fonts.conf")));
-    QVERIFY(config.open(QIODevice::WriteOnly));
-    config.write("<?xml version=\"1.0\"?><fontconfig><dir>" VX_SOURCE_DIR "/tests/support</dir>"
-                 "<cachedir>"
-                 + QFile::encodeName(m_fonts.path()) + "</cachedir></fontconfig>\n");
-}
 
 void TestPageRender::init()
 {
-    m_dir = std::make_unique<QTemporaryDir>();
-    QVERIFY(m_dir->isValid());
-}
-
-Run TestPageRender::run(const QStringList &arguments) const
-{
-    QProcess process;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("FONTCONFIG_FILE"),
-                       m_fonts.filePath(QStringLiteral("fonts.conf")));
-    for (const char *display : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-        environment.remove(QLatin1String(display));
-    process.setProcessEnvironment(environment);
-    process.setWorkingDirectory(m_dir->path());
-    process.start(QStringLiteral(PAGERENDER_PROGRAM), arguments);
-    Run result;
-    result.ended = process.waitForFinished(runTimeout)
-                   && process.exitStatus() == QProcess::NormalExit;
-    result.exitCode = process.exitCode();
-    result.out = QString::fromUtf8(process.readAllStandardOutput());
-    result.err = QString::fromUtf8(process.readAllStandardError());
-    return result;
-}
-
-QString TestPageRender::write(const char *name, const QByteArray &bytes) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", name);
-    return file.fileName();
-}
-
-QByteArray TestPageRender::read(const char *name) const
-{
-    QFile file(path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    m_folder = std::make_unique<RenderFolder>();
 }
 
 /// The PNG of \a text in squares of 16 px, or a null image, with the program's message in the log.
@@ -227,12 +155,13 @@ void TestPageRender::wrongUsage_data()
         QTest::newRow(*arguments ? arguments : "nothing")
             << QString::fromLatin1(arguments) << QString::fromLatin1(part);
     };
-    row("", "one of --text and --document");
-    row("--text a.txt --document a.json -o o.png", "one of --text and --document");
+    row("", "no input");
+    row("--text a.txt --document a.json -o o.png", "more than one input");
+    row("a.json b.json -o o.png", "more than one input: 'a.json' and 'b.json'");
     row("--text a.txt", "no output");
     row("--text a.txt -o o.bmp", "unknown kind of output");
     row("--text a.txt -o png", "unknown kind of output");
-    row("--text a.txt -o o.png b.txt", "unexpected argument 'b.txt'");
+    row("--text a.txt -o o.png b.txt", "more than one input");
     row("--text a.txt -o o.png --colour red", "colour");
     row("--text a.txt -o o.png --color nocolour", "--color: 'nocolour'");
     row("--text a.txt -o o.png --background #12", "--background: '#12'");
@@ -272,6 +201,21 @@ void TestPageRender::wrongUsage_data()
     row("--text a.txt -o o.png --select 3:-1", "--select: '3:-1'");
     row("--text a.txt -o o.svg --select 1:2", "--select is for PNG only");
     row("--text a.txt -o o.png --select 1:2 --caret 1", "one of --caret and --select");
+    row("a.json", "no output");
+    row("a.json --set font_bold=true", "no output");
+    row("a.json -o o.png --set font_bold", "--set: 'font_bold' is no key=value");
+    row("a.json -o o.png --set font_fat=1", "there is no attribute 'font_fat'");
+    row("a.json -o o.png --set 1:=1", "there is no attribute ''");
+    row("a.json -o o.png --set font_bold=maybe", "must be true or false");
+    row("a.json -o o.png --set font_pointsize=0", "above 0");
+    row("a.json -o o.png --set font_pointsize=nan", "above 0");
+    row("a.json -o o.png --set font_pointsize=1e308", "up to 1e+06");
+    row("a.json -o o.png --set pen_color=nocolour", "must be a colour");
+    row("a.json -o o.png --set textalignment=middle", "must be one of left, center");
+    row("a.json -o o.png --set paragraph_head_tail_punctuation=3", "from 0 to 2");
+    row("a.json -o o.png --replace-font A", "'A' is no A=B");
+    row("a.json -o o.png --replace-font A=", "'A=' is no A=B");
+    row("a.json -o o.png --replace-font =B", "'=B' is no A=B");
     row("--document a.json -o o.png --font BoxTest", "--font is for --text only");
 }
 
@@ -334,7 +278,7 @@ void TestPageRender::whatCannotBeDone()
     QVERIFY2(result.ended, qPrintable(result.err));
     QVERIFY2(result.exitCode == 1, qPrintable(result.err));
     QVERIFY2(result.err.contains(part), qPrintable(result.err));
-    const QStringList left = QDir(m_dir->path()).entryList(QDir::Files);
+    const QStringList left = QDir(m_folder->folder()).entryList(QDir::Files);
     QCOMPARE(left, QStringList({QStringLiteral("a.txt")}));
 }
 
@@ -437,7 +381,7 @@ void TestPageRender::oldFileIsKeptOnFailure()
 void TestPageRender::unwritableOutput()
 {
     write("a.txt", "a");
-    QVERIFY(QDir(m_dir->path()).mkdir(QStringLiteral("folder.png")));
+    QVERIFY(QDir(m_folder->folder()).mkdir(QStringLiteral("folder.png")));
     const Run result = run({QStringLiteral("--text"), QStringLiteral("a.txt"),
                             QStringLiteral("--font"), QStringLiteral("BoxTest"),
                             QStringLiteral("-o"), QStringLiteral("folder.png")});
@@ -484,6 +428,7 @@ void TestPageRender::dpiMultipliesThePage()
 {
     const QStringList noMargin{QStringLiteral("--margin"), QStringLiteral("0")};
     const QSize once = picture("ag", noMargin).size();
+    QVERIFY(!once.isEmpty());
     const QImage twice =
         picture("ag", noMargin + QStringList{QStringLiteral("--dpi"), QStringLiteral("192")});
     QCOMPARE(twice.size(), once * 2);
@@ -493,6 +438,7 @@ void TestPageRender::dpiMultipliesThePage()
 void TestPageRender::scaleDoublesThePicture()
 {
     const QImage once = picture("ag");
+    QVERIFY(!once.isNull());
     const QImage twice = picture("ag", {QStringLiteral("--scale"), QStringLiteral("2")});
     QCOMPARE(twice.size(), once.size() * 2);
     QCOMPARE(inkOf(twice).pixels, inkOf(once).pixels * 4);
