@@ -60,6 +60,20 @@ QString rewriteBetween(const QString &html, QLatin1String mark, QLatin1String en
     return result;
 }
 
+/// The size of \a format in points of \a documentDpi; points that it has are those of \a dpi.
+double pointsOf(const QTextCharFormat &format, double dpi, int documentDpi)
+{
+    const QFont font = format.font();
+    double pixels = font.pixelSize();
+    if (pixels < 1)
+        pixels = font.pointSizeF() / 72.0 * dpi;
+    // Whole pixels that were cut off from the run's own points stand for these: no size is rounded.
+    const double exact = finiteReal(format.property(QTextFormat::FontPointSize));
+    if (font.pixelSize() >= 1 && truncated(exact * documentDpi / 72.0) == font.pixelSize())
+        return exact;
+    return pixels / documentDpi * 72.0;
+}
+
 QRectF inkOf(const QFont &font, const QString &text)
 {
     QPainterPath path;
@@ -200,11 +214,7 @@ QTextBlockFormat CWordProcess::rescaled(QTextBlockFormat format, int fromDpi) co
 
 QTextCharFormat CWordProcess::rescaled(QTextCharFormat format, int fromDpi, double dpi) const
 {
-    const QFont font = format.font();
-    double pixels = font.pixelSize();
-    if (pixels < 1)
-        pixels = font.pointSizeF() / 72.0 * dpi;
-    const double points = pixels / m_documentDpi * 72.0;
+    const double points = pointsOf(format, dpi, m_documentDpi);
     if (std::isfinite(points))
         format.setProperty(QTextFormat::FontPointSize, points);
     const auto rescale = [&](double value) {

@@ -21,6 +21,7 @@ private Q_SLOTS:
     void pixelSizeBecomesPoints();
     void pointSizeOfTheSameResolutionStays();
     void sizesAreNeverRounded();
+    void pixelsCutOffFromPointsStandForThem();
     void pointSizeOfAnotherResolutionIsRescaled();
     void marginsAndSpacesAreRescaled();
     void spacingsOfRunsAreRescaledAsDoubles();
@@ -184,6 +185,20 @@ void TestFonts::sizesAreNeverRounded()
     word.px2pt(96);
     for (int i = 0; i < sizes.size(); ++i)
         QVERIFY(std::abs(formatAt(word, i).fontPointSize() - sizes.at(i) * 0.32) < 1e-9);
+}
+
+void TestFonts::pixelsCutOffFromPointsStandForThem()
+{
+    OpenWord word;
+    word.add(QStringLiteral("ab"), OpenWord::format(11)); // 14.67 pixels
+    word.refreshPixel();
+    QCOMPARE(formatAt(word, 0).intProperty(F::FontPixelSize), 14);
+    word.px2pt(96);
+    QCOMPARE(formatAt(word, 0).property(F::FontPointSize), QVariant(11.0));
+    // At another resolution it is the pixels that count.
+    word.m_documentDpi = 192;
+    word.px2pt(192);
+    QCOMPARE(formatAt(word, 0).property(F::FontPointSize), QVariant(5.25));
 }
 
 void TestFonts::pointSizeOfAnotherResolutionIsRescaled()
