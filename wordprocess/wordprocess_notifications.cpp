@@ -11,8 +11,9 @@ constexpr int Text = 300;
 constexpr int HoverWhileEditing = 91;
 } // namespace Tool
 
-// A listener that answers every notification with a command would never let the first one return.
-constexpr int deepestNotification = 8;
+// A listener that answers every notification with a command would never let the first one return. Each level
+// multiplies what such a listener does.
+constexpr int deepestNotification = 3;
 
 IObjectEventSink *eventSink()
 {
