@@ -167,6 +167,20 @@ struct Text {
     QVector<int> told() const { return operationsOf(host); }
 };
 
+/// The top-level words of two document strings whose values differ, sorted.
+QStringList changedWords(const QString &before, const QString &after)
+{
+    const QJsonObject old = jsonOf(before);
+    const QJsonObject now = jsonOf(after);
+    QStringList words;
+    const QStringList keys = now.keys();
+    for (const QString &word : keys) {
+        if (now.value(word) != old.value(word))
+            words.append(word);
+    }
+    return words;
+}
+
 double pointsOf(const OpenWord &word)
 {
     QTextCursor cursor(word.m_document);
@@ -216,47 +230,54 @@ void TestProperties::commandChangesStepsAndTells_data()
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("stream");
     QTest::addColumn<QString>("state");
-    QTest::addColumn<QString>("result"); // plain text afterwards
+    QTest::addColumn<QString>("result");  // plain text afterwards
+    QTest::addColumn<QString>("changed"); // words of the document string with other values
     QTest::addColumn<int>("steps");
     QTest::addColumn<QVector<int>>("told");
     using Told = QVector<int>;
-    const QString ab = key("ab");
-    QTest::newRow("begin edit") << 101 << QByteArray() << key("") << ab << 0 << Told{3};
-    QTest::newRow("end edit") << 102 << QByteArray() << key("edit") << ab << 0 << Told{0, 0, 3};
-    QTest::newRow("end no edit") << 102 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("first text") << 106 << bytesOf(key("x")) << key("") << key("abx") << 0
-                                << Told{0};
-    QTest::newRow("107") << 107 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("placed text") << 108 << placedText(bodyOf(key("xyz"))) << key("") << key("xyz")
-                                 << 0 << Told{};
-    QTest::newRow("replaced text")
-        << 109 << bytesOf(key("xyz")) << key("") << key("xyz") << 1 << Told{0};
-    QTest::newRow("resolution, pixels")
-        << 110 << bytesOf(96, 1.0, 1.0) << key("") << ab << 0 << Told{0};
-    QTest::newRow("resolution, points")
-        << 110 << bytesOf(96, 2.0, 1.0) << key("") << ab << 0 << Told{};
-    QTest::newRow("preview") << 112 << replacement("Lost Font", "BoxTest", "preview") << key("lost")
-                             << ab << 0 << Told{};
-    QTest::newRow("confirm") << 112 << replacement("Lost Font", "BoxTest", "confirm") << key("lost")
-                             << ab << 1 << Told{0};
-    QTest::newRow("cancel nothing")
-        << 112 << replacement("Lost Font", "BoxTest", "cancel") << key("lost") << ab << 0 << Told{};
-    QTest::newRow("hint") << 113 << bytesOf(true, key("hint")) << key("lost") << ab << 0 << Told{};
-    QTest::newRow("hold") << 114 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("give back") << 115 << QByteArray() << key("") << ab << 0 << Told{0};
-    QTest::newRow("warp preview") << 118 << warpStream(3, 0.5, false) << key("") << ab << 0
-                                  << Told{};
-    QTest::newRow("warp") << 118 << warpStream(3, 0.5, true) << key("") << ab << 1 << Told{0};
-    QTest::newRow("warp, font lost")
-        << 118 << warpStream(3, 0.5, true) << key("lost") << ab << 0 << Told{1, 0};
-    QTest::newRow("to paths") << 120 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("cut") << 125 << QByteArray() << key("selection") << key("a") << 0 << Told{0};
-    QTest::newRow("copy") << 126 << QByteArray() << key("selection") << ab << 0 << Told{};
-    QTest::newRow("paste") << 127 << bytesOf(false, true) << key("clip") << key("abclip") << 0
-                           << Told{0};
-    QTest::newRow("504") << 504 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("505") << 505 << QByteArray() << key("") << ab << 0 << Told{};
-    QTest::newRow("position") << 2604 << QByteArray() << key("") << ab << 0 << Told{};
+    const QByteArray none;
+    const auto row = [](const char *name, int number, const QByteArray &stream, const char *state,
+                        const char *result, const char *changed, int steps, const Told &told) {
+        QTest::newRow(name) << number << stream << key(state) << key(result) << key(changed)
+                            << steps << told;
+    };
+    const QByteArray xyz = bytesOf(key("xyz"));
+    const QByteArray placed = placedText(bodyOf(key("xyz")));
+    const QByteArray preview = replacement("Lost Font", "BoxTest", "preview");
+    const QByteArray confirm = replacement("Lost Font", "BoxTest", "confirm");
+    const QByteArray cancel = replacement("Lost Font", "BoxTest", "cancel");
+    const QByteArray hint = bytesOf(true, key("hint"));
+    const char *const warpWords = "warp_horizontal_value warp_oriention warp_style warp_value "
+                                  "warp_vertical_value";
+    const char *const placedWords = "cursor_position fragment warp_horizontal_value warp_oriention "
+                                    "warp_style warp_value warp_vertical_value";
+    // clang-format off
+    row("begin edit",         101, none,                           "",     "ab",  "", 0, {3});
+    row("end edit",           102, none,                           "edit", "ab",  "", 0, {0, 0, 3});
+    row("end no edit",        102, none,                           "",     "ab",  "", 0, {});
+    row("first text",         106, bytesOf(key("x")),              "",     "abx", "block cursor_position fragment", 0, {0});
+    row("107",                107, none,                           "",     "ab",  "", 0, {});
+    row("placed text",        108, placed,                         "",     "xyz", placedWords, 0, {});
+    row("replaced text",      109, xyz,                            "",     "xyz", "cursor_position fragment", 1, {0});
+    row("resolution, pixels", 110, bytesOf(96, 1.0, 1.0),          "",     "ab",  "", 0, {0});
+    row("resolution, points", 110, bytesOf(96, 2.0, 1.0),          "",     "ab",  "", 0, {});
+    row("preview",            112, preview,                        "lost", "ab",  "font_replaced fragment", 0, {});
+    row("confirm",            112, confirm,                        "lost", "ab",  "font_replaced fragment", 1, {0});
+    row("cancel nothing",     112, cancel,                         "lost", "ab",  "", 0, {});
+    row("hint",               113, hint,                           "lost", "ab",  "", 0, {});
+    row("hold",               114, none,                           "",     "ab",  "", 0, {});
+    row("give back",          115, none,                           "",     "ab",  "", 0, {0});
+    row("warp preview",       118, warpStream(3, 0.5, false),      "",     "ab",  warpWords, 0, {});
+    row("warp",               118, warpStream(3, 0.5, true),       "",     "ab",  warpWords, 1, {0});
+    row("warp, font lost",    118, warpStream(3, 0.5, true),       "lost", "ab",  "", 0, {1, 0});
+    row("to paths",           120, none,                           "",     "ab",  "", 0, {});
+    row("cut",                125, none,                           "selection", "a", "cursor_position fragment selection_start", 0, {0});
+    row("copy",               126, none,                           "selection", "ab", "", 0, {});
+    row("paste",              127, bytesOf(false, true),           "clip", "abclip", "cursor_position fragment", 0, {0});
+    row("504",                504, none,                           "",     "ab",  "", 0, {});
+    row("505",                505, none,                           "",     "ab",  "", 0, {});
+    row("position",          2604, none,                           "",     "ab",  "", 0, {});
+    // clang-format on
 }
 
 void TestProperties::commandChangesStepsAndTells()
@@ -265,6 +286,7 @@ void TestProperties::commandChangesStepsAndTells()
     QFETCH(QByteArray, stream);
     QFETCH(QString, state);
     QFETCH(QString, result);
+    QFETCH(QString, changed);
     QFETCH(int, steps);
     QFETCH(QVector<int>, told);
     Text text;
@@ -286,6 +308,7 @@ void TestProperties::commandChangesStepsAndTells()
     QCOMPARE(text.steps(), steps);
     QCOMPARE(text.told(), told);
     const QString end = text.string();
+    QCOMPARE(changedWords(start, end).join(QLatin1Char(' ')), changed);
     for (int i = 0; i < steps; ++i)
         text.host.stack().undo();
     if (steps > 0)
@@ -554,6 +577,9 @@ void TestProperties::placedTextTurnsFlipsAndMirrors_data()
     // Left and right exchanged is the same as half a turn and upside down.
     QTest::newRow("mirrored") << QTransform(-2, 0, 0, 3, 0, 0) << 180.0 << true << false << 2.0
                               << 3.0;
+    // Turned by a quarter ahead of that, the axes have changed places.
+    QTest::newRow("mirrored, quarter")
+        << QTransform(0, -2, -3, 0, 0, 0) << -90.0 << false << true << 2.0 << 3.0;
     QTest::newRow("nothing") << QTransform(0, 0, 0, 0, 0, 0) << 0.0 << false << false << 0.0 << 0.0;
 }
 
