@@ -67,6 +67,7 @@ private Q_SLOTS:
     void everyFieldOfAnyTypeEnds();
     void pageFilesAreToldByTheirKeys();
     void brokenJsonIsFoundByLine();
+    void fileCutShortIsRefused();
     void attributesOfTheCommandLine_data();
     void attributesOfTheCommandLine();
     void colorsOfTheCommandLineAreColors();
@@ -348,6 +349,23 @@ void TestPageFile::brokenJsonIsFoundByLine()
     QString error;
     QVERIFY(!parseJson("{\n  \"a\": x\n}", document, error));
     QVERIFY2(error.contains(QLatin1String("line 2, column")), qPrintable(error));
+}
+
+void TestPageFile::fileCutShortIsRefused()
+{
+    const QByteArray whole =
+        QJsonDocument(pageOf("'name':'\u4e2d','attributes':{'font_bold':true}")).toJson();
+    QJsonDocument document;
+    QString error;
+    QVERIFY(parseJson(whole.trimmed(), document, error));
+    for (int bytes = 0; bytes < whole.trimmed().size(); ++bytes) {
+        error.clear();
+        PageFile file;
+        const bool ok = parseJson(whole.left(bytes), document, error)
+                        && file.read(document.object(), error);
+        QVERIFY2(!ok, qPrintable(QString::number(bytes)));
+        QVERIFY(!error.isEmpty());
+    }
 }
 
 void TestPageFile::attributesOfTheCommandLine_data()

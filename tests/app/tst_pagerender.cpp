@@ -66,6 +66,15 @@ private Q_SLOTS:
     void selectionIsInverted();
     void selectionRunsEitherWay();
     void editedBoxHasAFrame();
+    void boxWrapsLinesAndCutsThem();
+    void boxGrowsWithItsText();
+    void boxOfColumnsGrowsToTheLeft();
+    void justifiedLinesFillTheBox_data();
+    void justifiedLinesFillTheBox();
+    void hyphenBreaksAWord();
+    void headRuleMovesACharacterOfColumns();
+    void punctuationIsCompressed();
+    void documentIsSetInABox();
     void svgHasOutlinesAndLooksLikeThePng();
     void pdfHasOutlinesAndNoFont();
     void lineEndsAreEqual();
@@ -545,6 +554,133 @@ void TestPageRender::editedBoxHasAFrame()
     QVERIFY2(size.width() >= 210 && size.width() <= 214, qPrintable(QString::number(size.width())));
     QVERIFY2(size.height() >= 110 && size.height() <= 114,
              qPrintable(QString::number(size.height())));
+}
+
+// Four cells of 8 px go on a line of 34, and a line is 16 px high.
+void TestPageRender::boxWrapsLinesAndCutsThem()
+{
+    const QByteArray text("aaa aaa aaa");
+    const auto ink = [&](const char *box) {
+        return inkOf(picture(text, {QStringLiteral("--margin"), QStringLiteral("0"),
+                                    QStringLiteral("--box"), QLatin1String(box)}));
+    };
+    QCOMPARE(ink("34x100").pixels, 9 * 36);
+    QCOMPARE(ink("34x100").bounds.size(), QSize(3 * 8 - 2, 2 * 16 + 6));
+    QCOMPARE(ink("34x34").pixels, 6 * 36);
+    QCOMPARE(ink("34x18").pixels, 3 * 36);
+    QCOMPARE(ink("200x18").bounds.size(), QSize(11 * 8 - 2, 6));
+}
+
+void TestPageRender::boxGrowsWithItsText()
+{
+    const QImage image = picture("aaa aaa aaa", {QStringLiteral("--box"), QStringLiteral("34x18"),
+                                                 QStringLiteral("--auto-height")});
+    QCOMPARE(inkOf(image).pixels, 9 * 36);
+    const QImage framed = picture("aaa aaa aaa", {QStringLiteral("--box"), QStringLiteral("34x18"),
+                                                  QStringLiteral("--auto-height"),
+                                                  QStringLiteral("--margin"), QStringLiteral("0"),
+                                                  QStringLiteral("--caret"), QStringLiteral("11")});
+    QVERIFY2(framed.height() >= 48 && framed.height() <= 54,
+             qPrintable(QString::number(framed.height())));
+}
+
+void TestPageRender::boxOfColumnsGrowsToTheLeft()
+{
+    const QStringList options{QStringLiteral("--box"), QStringLiteral("16x34"),
+                              QStringLiteral("--vertical"), QStringLiteral("--margin"),
+                              QStringLiteral("0")};
+    const QByteArray text = QByteArrayLiteral("中中中中中中");
+    QCOMPARE(inkOf(picture(text, options)).bounds.width(), 14);
+    const Ink grown = inkOf(picture(text, options + QStringList{QStringLiteral("--auto-height")}));
+    QCOMPARE(grown.pixels, 6 * 14 * 14);
+    QVERIFY2(grown.bounds.width() > 40, qPrintable(QString::number(grown.bounds.width())));
+}
+
+void TestPageRender::justifiedLinesFillTheBox_data()
+{
+    QTest::addColumn<QString>("alignment");
+    QTest::addColumn<bool>("firstIsSpread");
+    QTest::addColumn<bool>("lastIsSpread");
+    QTest::addColumn<int>("lastLeft"); // of its ink, in the box
+    QTest::newRow("left") << "left" << false << false << 1;
+    QTest::newRow("justify") << "justify" << true << true << 1;
+    QTest::newRow("justify-left") << "justify-left" << true << false << 1;
+    QTest::newRow("justify-center") << "justify-center" << true << false << 15;
+    QTest::newRow("justify-right") << "justify-right" << true << false << 29;
+}
+
+// In a box of 44 px five letters go on the first line and two on the last: 4 and 28 px are spare.
+void TestPageRender::justifiedLinesFillTheBox()
+{
+    QFETCH(QString, alignment);
+    QFETCH(bool, firstIsSpread);
+    QFETCH(bool, lastIsSpread);
+    QFETCH(int, lastLeft);
+    const QImage image = picture("aaaaaaa", {QStringLiteral("--margin"), QStringLiteral("0"),
+                                             QStringLiteral("--box"), QStringLiteral("44x40"),
+                                             QStringLiteral("--align"), alignment});
+    QVERIFY(!image.isNull());
+    const QRect first = inkOf(image.copy(0, 0, image.width(), 8)).bounds;
+    const QRect last = inkOf(image.copy(0, 12, image.width(), 10)).bounds;
+    QVERIFY(first.isValid());
+    QVERIFY(last.isValid());
+    QCOMPARE(first.width(), firstIsSpread ? 5 * 8 - 2 + 4 : 5 * 8 - 2);
+    QCOMPARE(last.width(), lastIsSpread ? 2 * 8 - 2 + 28 : 2 * 8 - 2);
+    QCOMPARE(last.left() - first.left(), lastLeft - 1);
+}
+
+void TestPageRender::hyphenBreaksAWord()
+{
+    const QStringList options{QStringLiteral("--margin"), QStringLiteral("0"),
+                              QStringLiteral("--box"), QStringLiteral("66x40")};
+    const QByteArray text("aaa aaaaaaa");
+    const QImage whole = picture(text, options);
+    const QImage broken = picture(text, options + QStringList{QStringLiteral("--hyphenate")});
+    QCOMPARE(inkOf(whole.copy(0, 0, whole.width(), 8)).bounds.width(), 3 * 8 - 2);
+    QVERIFY(inkOf(broken.copy(0, 0, broken.width(), 8)).bounds.width() > 5 * 8);
+    QVERIFY(inkOf(broken).pixels > inkOf(whole).pixels); // by the hyphen
+}
+
+// The full stop may not begin a column, and so the last character of the column goes with it.
+void TestPageRender::headRuleMovesACharacterOfColumns()
+{
+    const QStringList options{QStringLiteral("--margin"), QStringLiteral("0"),
+                              QStringLiteral("--vertical"), QStringLiteral("--box"),
+                              QStringLiteral("60x66")};
+    const auto rightColumn = [&](const QStringList &more) {
+        const QImage image = picture("中中中中。国", options + more);
+        return inkOf(image.copy(image.width() - 14, 0, 14, image.height())).bounds.height();
+    };
+    const int free = rightColumn({});
+    QCOMPARE(rightColumn({QStringLiteral("--head-tail"), QStringLiteral("strict")}), free - 16);
+    QCOMPARE(rightColumn({QStringLiteral("--head-tail"), QStringLiteral("relaxed")}), free - 16);
+}
+
+void TestPageRender::punctuationIsCompressed()
+{
+    const QStringList options{QStringLiteral("--margin"), QStringLiteral("0"),
+                              QStringLiteral("--box"), QStringLiteral("200x40")};
+    const int full = picture("中，中", options).width();
+    const int compressed = picture("中，中", options
+                                                 + QStringList{QStringLiteral("--punctuation"),
+                                                               QStringLiteral("compress")})
+                               .width();
+    QCOMPARE(full, 3 * 16 - 2);
+    QCOMPARE(compressed, full - 8);
+}
+
+void TestPageRender::documentIsSetInABox()
+{
+    write("a.json", document("{\"font_family\":\"BoxTest\",\"font_pointsize\":12,"
+                             "\"pen_color\":\"#000000\",\"content\":\"aaa aaa\"}",
+                             ",\"text_wordwrap\":true,\"transform_xx\":3,\"transform_yy\":3"));
+    const Run result = m_folder->run("a.json --box 34x100 --align right --margin 0 -o o.png");
+    QVERIFY2(result.exitCode == 0, qPrintable(result.err));
+    const QImage text = picture("aaa aaa", {QStringLiteral("--box"), QStringLiteral("34x100"),
+                                            QStringLiteral("--align"), QStringLiteral("right"),
+                                            QStringLiteral("--margin"), QStringLiteral("0")});
+    QVERIFY(!text.isNull());
+    QCOMPARE(QImage(path("o.png")), text);
 }
 
 void TestPageRender::svgHasOutlinesAndLooksLikeThePng()
