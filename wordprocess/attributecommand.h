@@ -31,12 +31,14 @@ inline bool isMixed(const QVariant &value)
 
 /// One call of setAllAttributes(): what it asks for, and what has come of it so far.
 struct CWordProcess::AttributeCommand {
+    struct Row;
     /// Takes one value of the map into a format, or carries it out.
-    using Effect = void (AttributeCommand::*)(const QLatin1String &key, const QVariant &value);
+    using Effect = void (AttributeCommand::*)(const Row &row, const QVariant &value);
     struct Row {
         QLatin1String key;
         bool isNumber; ///< an empty string leaves the property alone
         Effect effect;
+        int property = 0; ///< for the effects that store a number as it came
     };
     static const Row rows[];
 
@@ -62,20 +64,18 @@ private:
     void showCaretFormat();
     bool hasSelection() const;
 
-    void takeCharacter(const QLatin1String &key, const QVariant &value);
-    void takeParagraph(const QLatin1String &key, const QVariant &value);
-    template<int Id>
-    void takeCharacterNumber(const QLatin1String &key, const QVariant &value);
-    template<int Id>
-    void takeParagraphNumber(const QLatin1String &key, const QVariant &value);
-    void takeFamily(const QLatin1String &key, const QVariant &value);
-    void takeGap(const QLatin1String &key, const QVariant &value);
-    void takePointSize(const QLatin1String &key, const QVariant &value);
-    void takeScript(const QLatin1String &key, const QVariant &value);
-    void takeAlignment(const QLatin1String &key, const QVariant &value);
-    void takeOrientation(const QLatin1String &key, const QVariant &value);
-    void takeDefaultFollow(const QLatin1String &key, const QVariant &value);
-    void takeAdjustSize(const QLatin1String &key, const QVariant &value);
+    void takeCharacter(const Row &row, const QVariant &value);
+    void takeParagraph(const Row &row, const QVariant &value);
+    void takeCharacterNumber(const Row &row, const QVariant &value);
+    void takeParagraphNumber(const Row &row, const QVariant &value);
+    void takeFamily(const Row &row, const QVariant &value);
+    void takeGap(const Row &row, const QVariant &value);
+    void takePointSize(const Row &row, const QVariant &value);
+    void takeScript(const Row &row, const QVariant &value);
+    void takeAlignment(const Row &row, const QVariant &value);
+    void takeOrientation(const Row &row, const QVariant &value);
+    void takeDefaultFollow(const Row &row, const QVariant &value);
+    void takeAdjustSize(const Row &row, const QVariant &value);
 
     CWordProcess &object;
     const AttributeMap attributes; ///< a copy: listeners may change theirs before the call returns

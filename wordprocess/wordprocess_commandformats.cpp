@@ -40,17 +40,17 @@ const CWordProcess::AttributeCommand::Row CWordProcess::AttributeCommand::rows[]
     {QLatin1String("font_strikeout"),                  false, &AttributeCommand::takeCharacter},
     {QLatin1String("pen_color"),                       false, &AttributeCommand::takeCharacter},
     {QLatin1String("font_style"),                      false, &AttributeCommand::takeCharacter},
-    {QLatin1String("vertical_scaled"),                 true,  &AttributeCommand::takeCharacterNumber<T::VerticalScale>},
+    {QLatin1String("vertical_scaled"),                 true,  &AttributeCommand::takeCharacterNumber, T::VerticalScale},
     {QLatin1String("horizontal_scaled"),               true,  &AttributeCommand::takeCharacter},
-    {QLatin1String("baseline_offset"),                 true,  &AttributeCommand::takeCharacterNumber<T::BaselineOffset>},
+    {QLatin1String("baseline_offset"),                 true,  &AttributeCommand::takeCharacterNumber, T::BaselineOffset},
     {QLatin1String("text_upper"),                      false, &AttributeCommand::takeCharacter},
     {QLatin1String("text_superscript"),                false, &AttributeCommand::takeScript},
     {QLatin1String("font_rowspacing"),                 true,  &AttributeCommand::takeCharacter},
     {QLatin1String("textalignment"),                   true,  &AttributeCommand::takeAlignment},
     {QLatin1String("paragraph_left_indent"),           true,  &AttributeCommand::takeParagraph},
     {QLatin1String("paragraph_right_indent"),          true,  &AttributeCommand::takeParagraph},
-    {QLatin1String("paragraph_after_space"),           true,  &AttributeCommand::takeParagraphNumber<T::SpaceAheadOfBlock>},
-    {QLatin1String("paragraph_before_space"),          true,  &AttributeCommand::takeParagraphNumber<T::SpaceBehindBlock>},
+    {QLatin1String("paragraph_after_space"),           true,  &AttributeCommand::takeParagraphNumber, T::SpaceAheadOfBlock},
+    {QLatin1String("paragraph_before_space"),          true,  &AttributeCommand::takeParagraphNumber, T::SpaceBehindBlock},
     {QLatin1String("paragraph_first_indent"),          true,  &AttributeCommand::takeParagraph},
     {QLatin1String("text_ligature"),                   false, &AttributeCommand::takeParagraph},
     {QLatin1String("paragraph_head_tail_punctuation"), true,  &AttributeCommand::takeParagraph},
@@ -64,58 +64,53 @@ void CWordProcess::AttributeCommand::gatherFormats()
     for (const Row &row : rows) {
         const auto value = attributes.constFind(row.key);
         if (value != attributes.constEnd() && !(row.isNumber && isMixed(*value)))
-            (this->*row.effect)(row.key, *value);
+            (this->*row.effect)(row, *value);
     }
 }
 
-void CWordProcess::AttributeCommand::takeCharacter(const QLatin1String &key, const QVariant &value)
+void CWordProcess::AttributeCommand::takeCharacter(const Row &row, const QVariant &value)
 {
-    charFormat.merge(object.attr2CharFormat({{key, value}}));
+    charFormat.merge(object.attr2CharFormat({{row.key, value}}));
 }
 
-void CWordProcess::AttributeCommand::takeParagraph(const QLatin1String &key, const QVariant &value)
+void CWordProcess::AttributeCommand::takeParagraph(const Row &row, const QVariant &value)
 {
-    blockFormat.merge(object.attr2BlockFormat({{key, value}}));
+    blockFormat.merge(object.attr2BlockFormat({{row.key, value}}));
 }
 
-template<int Id>
-void CWordProcess::AttributeCommand::takeCharacterNumber(const QLatin1String & /*key*/,
-                                                         const QVariant &value)
+void CWordProcess::AttributeCommand::takeCharacterNumber(const Row &row, const QVariant &value)
 {
-    charFormat.setProperty(Id, numberAsItCame(value));
+    charFormat.setProperty(row.property, numberAsItCame(value));
 }
 
-template<int Id>
-void CWordProcess::AttributeCommand::takeParagraphNumber(const QLatin1String & /*key*/,
-                                                         const QVariant &value)
+void CWordProcess::AttributeCommand::takeParagraphNumber(const Row &row, const QVariant &value)
 {
-    blockFormat.setProperty(Id, numberAsItCame(value));
+    blockFormat.setProperty(row.property, numberAsItCame(value));
 }
 
 /// A family for the text stands in for all that were missing.
-void CWordProcess::AttributeCommand::takeFamily(const QLatin1String &key, const QVariant &value)
+void CWordProcess::AttributeCommand::takeFamily(const Row &row, const QVariant &value)
 {
-    takeCharacter(key, value);
+    takeCharacter(row, value);
     object.m_replacedFonts = object.m_missingFonts;
 }
 
 /// Deliberate: outside edit state gaps are only ever closed, whatever the value says; the spacing of whole
 /// runs travels in "selected_letterspacing".
-void CWordProcess::AttributeCommand::takeGap(const QLatin1String &key, const QVariant & /*value*/)
+void CWordProcess::AttributeCommand::takeGap(const Row &row, const QVariant & /*value*/)
 {
     if (!object.m_editing)
-        takeCharacter(key, 0.0);
+        takeCharacter(row, 0.0);
 }
 
-void CWordProcess::AttributeCommand::takePointSize(const QLatin1String &key, const QVariant &value)
+void CWordProcess::AttributeCommand::takePointSize(const Row &row, const QVariant &value)
 {
     if (finiteReal(value) > 0.0)
-        takeCharacter(key, value);
+        takeCharacter(row, value);
 }
 
 /// Both keys are needed: together they say one of three positions.
-void CWordProcess::AttributeCommand::takeScript(const QLatin1String & /*key*/,
-                                                const QVariant &value)
+void CWordProcess::AttributeCommand::takeScript(const Row & /*row*/, const QVariant &value)
 {
     const auto subscript = attributes.constFind(AttributeKey::Subscript);
     if (subscript == attributes.constEnd())
@@ -127,8 +122,7 @@ void CWordProcess::AttributeCommand::takeScript(const QLatin1String & /*key*/,
 }
 
 /// Line text has fewer alignments than a box, and each direction its own.
-void CWordProcess::AttributeCommand::takeAlignment(const QLatin1String & /*key*/,
-                                                   const QVariant &value)
+void CWordProcess::AttributeCommand::takeAlignment(const Row & /*row*/, const QVariant &value)
 {
     int alignment = toWhole(value);
     if (!object.m_wordWrap) {
@@ -142,8 +136,7 @@ void CWordProcess::AttributeCommand::takeAlignment(const QLatin1String & /*key*/
     blockFormat.setProperty(TextProperty::Alignment, alignment);
 }
 
-void CWordProcess::AttributeCommand::takeOrientation(const QLatin1String & /*key*/,
-                                                     const QVariant &value)
+void CWordProcess::AttributeCommand::takeOrientation(const Row & /*row*/, const QVariant &value)
 {
     const int orientation = value.toBool() ? Qt::Horizontal : Qt::Vertical;
     changed = orientation != object.m_textOrientation; // deliberate: whatever has changed before
@@ -159,15 +152,13 @@ void CWordProcess::AttributeCommand::takeOrientation(const QLatin1String & /*key
     object.updatePosition(&object, QRectF(object.mapToScene(object.m_textOffset), QSizeF(0, 0)));
 }
 
-void CWordProcess::AttributeCommand::takeDefaultFollow(const QLatin1String & /*key*/,
-                                                       const QVariant &value)
+void CWordProcess::AttributeCommand::takeDefaultFollow(const Row & /*row*/, const QVariant &value)
 {
     if (attributes.contains(AttributeKey::DefaultWord))
         object.m_defaultFollow = value.toBool();
 }
 
-void CWordProcess::AttributeCommand::takeAdjustSize(const QLatin1String & /*key*/,
-                                                    const QVariant &value)
+void CWordProcess::AttributeCommand::takeAdjustSize(const Row & /*row*/, const QVariant &value)
 {
     object.CVXRootObject::setSize(object.getDefaultTextSize(value.toString()), false, true);
 }

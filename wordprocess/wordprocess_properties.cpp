@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <iterator>
 #include <utility>
+#include <vector>
 
 /// The effects of all numbers, and the tables that tell them apart. The numbers are part of the contract.
 struct CWordProcess::Properties {
@@ -20,15 +21,14 @@ struct CWordProcess::Properties {
         int number;
         Effect effect;
     };
-    static const Row setRows[];
-    static const Row getRows[];
+    static const std::vector<Row> setRows;
+    static const std::vector<Row> getRows;
 
-    template<std::size_t Size>
-    static Effect find(const Row (&rows)[Size], int number)
+    static Effect find(const std::vector<Row> &rows, int number)
     {
-        const auto row = std::find_if(std::begin(rows), std::end(rows),
+        const auto row = std::find_if(rows.begin(), rows.end(),
                                       [=](const Row &r) { return r.number == number; });
-        return row == std::end(rows) ? nullptr : row->effect;
+        return row == rows.end() ? nullptr : row->effect;
     }
 
     // edit state
@@ -69,7 +69,7 @@ struct CWordProcess::Properties {
 };
 
 // clang-format off
-const CWordProcess::Properties::Row CWordProcess::Properties::setRows[] = {
+const std::vector<CWordProcess::Properties::Row> CWordProcess::Properties::setRows{
     {101,  beginEdit},
     {102,  endEdit},
     {106,  firstText},
@@ -90,7 +90,7 @@ const CWordProcess::Properties::Row CWordProcess::Properties::setRows[] = {
     {505,  nothing},
     {2604, fontImagePosition},
 };
-const CWordProcess::Properties::Row CWordProcess::Properties::getRows[] = {
+const std::vector<CWordProcess::Properties::Row> CWordProcess::Properties::getRows{
     {101, stateFlag},
     {111, fontsToReplace},
     {116, plainText},
