@@ -237,7 +237,7 @@ void TestAttributeCommands::keyOnSelectionChangesItAlone()
     QFETCH(QVariant, value);
     QFETCH(bool, ofBlock);
     QFETCH(QJsonValue, stored);
-    Text text(QStringLiteral("abc\nd"));
+    Text text(QStringLiteral("abc\ncd"));
     text.edit(1, 2);
     const QString start = text.string();
 
