@@ -206,7 +206,7 @@ void CWordProcess::takeEditAppearance()
 
 void CWordProcess::endEdit()
 {
-    if (m_changingEditState || !isOnApplicationThread() || !m_created)
+    if (!isOnApplicationThread() || m_changingEditState || !m_created)
         return;
     QString text;
     {
