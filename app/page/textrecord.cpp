@@ -23,6 +23,7 @@ const QLatin1String familyKey("font_family");
 const QLatin1String directionKey("text_direction");
 const QLatin1String wordWrapKey("text_wordwrap");
 const QLatin1String documentDataKey("document_data");
+const QLatin1String pictureKey("font_imgage"); // spelled so in every record
 
 /// The parameters of a record that say how the object looks: they are left out of the record that
 /// carries a document string, so that the string alone decides.
@@ -32,7 +33,7 @@ bool isParameterOfLook(const QString &key)
            || key.startsWith(QLatin1String("boxBounds_"))
            || key.startsWith(QLatin1String("boundingBox_"))
            || key.startsWith(QLatin1String("warp_")) || key.startsWith(QLatin1String("img_"))
-           || key == QLatin1String("font_imgage") || key == QLatin1String("document_dpi");
+           || key == pictureKey || key == QLatin1String("document_dpi");
 }
 
 QStringList paragraphs(const QString &text)
@@ -59,6 +60,7 @@ void inspectRuns(const QJsonArray &runs, DocumentStringInfo &info)
         const QJsonObject run = value.toObject();
         const QString content = run.value(contentKey).toString();
         info.characters += content.size();
+        info.text += content;
         const QString family = run.value(familyKey).toString();
         if (!content.isEmpty() && !family.isEmpty() && !info.families.contains(family))
             info.families.append(family);
@@ -153,10 +155,21 @@ DocumentStringInfo inspectDocumentString(const QString &string)
     info.valid = true;
     info.vertical = root.value(directionKey).toInt() == Direction::Vertical;
     info.wrapped = root.value(wordWrapKey).toBool();
-    for (const QJsonValue &runs : fragments)
-        inspectRuns(runs.toArray(), info);
-    info.lastPosition = info.characters + qMax(0, blocks.size() - 1);
+    for (int i = 0; i < fragments.size(); ++i) {
+        if (i > 0)
+            info.text += QLatin1Char('\n');
+        inspectRuns(fragments.at(i).toArray(), info);
+    }
     return info;
+}
+
+bool DocumentStringInfo::isCaretPosition(int position) const
+{
+    if (position < 0 || position > text.size())
+        return false;
+    const bool isInside = position > 0 && position < text.size();
+    return !isInside || !text.at(position - 1).isHighSurrogate()
+           || !text.at(position).isLowSurrogate();
 }
 
 QString changedDocument(const QString &string, const DocumentChange &change)
@@ -172,11 +185,6 @@ QString changedDocument(const QString &string, const DocumentChange &change)
     root.insert(blockKey, blocks);
     if (change.wrapped)
         root.insert(wordWrapKey, true);
-    if (change.selectionEnd >= 0) {
-        root.insert(QStringLiteral("cursor_position"), change.selectionEnd);
-        root.insert(QStringLiteral("selection_start"), change.selectionStart);
-        root.insert(QStringLiteral("selection_end"), change.selectionEnd);
-    }
     return QString::fromUtf8(QJsonDocument(root).toJson(QJsonDocument::Compact));
 }
 
@@ -202,7 +210,7 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
                       info.vertical ? Direction::Vertical : Direction::Horizontal);
     insertPlace(parameters, place);
     // Without a picture too: an object looks for missing fonts where it looks for its picture.
-    parameters.insert(QStringLiteral("font_imgage"), place.picture);
+    parameters.insert(pictureKey, place.picture);
     parameters.insert(QStringLiteral("img_x"), place.picturePos.x());
     parameters.insert(QStringLiteral("img_y"), place.picturePos.y());
     record.insert(key, parameters);
@@ -210,5 +218,26 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
     record.insert(QStringLiteral("mirror"), place.mirror);
     record.insert(QStringLiteral("x"), place.pos.x());
     record.insert(QStringLiteral("y"), place.pos.y());
+    return object->loadJson(record);
+}
+
+bool setSelection(CVXRootObject *object, int start, int end)
+{
+    QJsonObject record;
+    if (!object || !object->saveJson(record))
+        return false;
+    const QString key = parametersKey(record);
+    if (key.isEmpty())
+        return false;
+    QJsonObject parameters = record.value(key).toObject();
+    QJsonObject document =
+        QJsonDocument::fromJson(parameters.value(documentDataKey).toString().toUtf8()).object();
+    document.insert(QStringLiteral("cursor_position"), end);
+    document.insert(QStringLiteral("selection_start"), start);
+    document.insert(QStringLiteral("selection_end"), end);
+    parameters.insert(documentDataKey,
+                      QString::fromUtf8(QJsonDocument(document).toJson(QJsonDocument::Compact)));
+    parameters.insert(pictureKey, QString()); // what it was saved with is the text itself
+    record.insert(key, parameters);
     return object->loadJson(record);
 }

@@ -37,9 +37,12 @@ struct DocumentStringInfo {
     QString error;         ///< why not, when not valid
     bool vertical = false; ///< "text_direction" 2
     bool wrapped = false;  ///< "text_wordwrap"
+    QString text;          ///< of all runs, paragraphs parted by line feeds
     int characters = 0;    ///< UTF-16 units of all runs
-    int lastPosition = 0;  ///< of the caret: the characters and the ends of all paragraphs but one
     QStringList families;  ///< named by runs with text, each once
+
+    /// True when a caret can stand at \a position: not behind the end, nor inside a character.
+    bool isCaretPosition(int position) const;
 };
 DocumentStringInfo inspectDocumentString(const QString &string);
 
@@ -69,5 +72,10 @@ struct TextPlace {
 /// \return false when the object writes no record with parameters, or refuses the new one
 bool loadDocumentString(CVXRootObject *object, const QString &string,
                         const DocumentStringInfo &info, const TextPlace &place = TextPlace());
+
+/// Puts the selection of the text of \a object from \a start to \a end, and the caret to the end. The
+/// object takes its own record anew for it, in which the box is one that does not grow.
+/// \return false when the object writes no record with parameters, or refuses the new one
+bool setSelection(CVXRootObject *object, int start, int end);
 
 #endif

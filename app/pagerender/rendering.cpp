@@ -123,19 +123,27 @@ bool Rendering::prepareDocument(const QString &string)
         return fail(QStringLiteral("'%1' is too large for a page").arg(m_arguments.input));
     if (m_info.wrapped && m_arguments.box.isEmpty())
         return fail(QStringLiteral("'%1' is box text: give --box WxH").arg(m_arguments.input));
-    if (m_arguments.selectionEnd > m_info.lastPosition) {
-        return fail(QStringLiteral("position %1 lies behind the end of the text, which is %2")
-                        .arg(m_arguments.selectionEnd)
-                        .arg(m_info.lastPosition));
-    }
+    if (!checkPosition(m_arguments.selectionStart) || !checkPosition(m_arguments.selectionEnd))
+        return false;
     DocumentChange change;
     change.paragraph = paragraphAttributes(m_arguments.paragraph, m_info.vertical);
     change.wrapped = !m_arguments.box.isEmpty();
-    change.selectionStart = m_arguments.selectionStart;
-    change.selectionEnd = m_arguments.selectionEnd;
     m_string = changedDocument(string, change);
     m_info.wrapped = change.wrapped;
     return true;
+}
+
+/// \param position below 0 for none
+bool Rendering::checkPosition(int position)
+{
+    if (position < 0 || m_info.isCaretPosition(position))
+        return true;
+    if (position > m_info.text.size()) {
+        return fail(QStringLiteral("position %1 lies behind the end of the text, which is %2")
+                        .arg(position)
+                        .arg(m_info.text.size()));
+    }
+    return fail(QStringLiteral("position %1 lies inside a character").arg(position));
 }
 
 bool Rendering::loadLibrary()
@@ -276,9 +284,14 @@ bool Rendering::arrange()
     // A text object without text shows where it is; a picture of that is of no use to anybody.
     if (!singleObject()->canDo(OP_HasText))
         return fail(QStringLiteral("the page is empty"));
+    // Now, since attributes that are set move the caret.
+    const bool isEdited = m_arguments.selectionEnd >= 0;
+    if (isEdited
+        && !setSelection(singleObject(), m_arguments.selectionStart, m_arguments.selectionEnd))
+        return fail(QStringLiteral("the text object refuses '%1'").arg(m_arguments.input));
     if (m_arguments.autoHeight)
         TextObject::letBoxGrow(singleObject());
-    if (m_arguments.selectionEnd >= 0) {
+    if (isEdited) {
         m_page->takeFocus();
         TextObject::beginEdit(singleObject());
     }

@@ -35,6 +35,7 @@ private:
     bool readPlainText(const QString &content);
     bool readJson(const QString &content);
     bool prepareDocument(const QString &string);
+    bool checkPosition(int position);
     bool loadLibrary();
     bool makePage();
     bool makeDocument();

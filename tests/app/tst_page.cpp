@@ -64,8 +64,9 @@ private Q_SLOTS:
     void brokenDocumentStringsAreNamed_data();
     void brokenDocumentStringsAreNamed();
     void documentStringIsInspected();
+    void noCaretStandsInsideACharacter();
     void changeReachesEveryParagraph();
-    void changeSetsSelectionAndBox();
+    void changeMakesBoxText();
     void alignmentsHaveTwoValues_data();
     void alignmentsHaveTwoValues();
     void paragraphStyleBecomesAttributes();
@@ -172,10 +173,22 @@ void TestPage::documentStringIsInspected()
         "[{\"content\":\"de\",\"font_family\":\"A\"},{\"content\":\"f\",\"font_family\":\"C\"}]]}"));
     QVERIFY2(info.valid, qPrintable(info.error));
     QCOMPARE(info.characters, 6);
-    QCOMPARE(info.lastPosition, 7);
+    QCOMPARE(info.text, QStringLiteral("abc\ndef"));
+    QVERIFY(info.isCaretPosition(0) && info.isCaretPosition(7));
+    QVERIFY(!info.isCaretPosition(-1) && !info.isCaretPosition(8));
     QCOMPARE(info.families, QStringList({QStringLiteral("A"), QStringLiteral("C")}));
     QVERIFY(info.wrapped);
     QVERIFY(!info.vertical);
+}
+
+void TestPage::noCaretStandsInsideACharacter()
+{
+    const DocumentStringInfo info = inspectDocumentString(QStringLiteral(
+        "{\"block\":[{}],\"fragment\":[[{\"content\":\"a\\ud83d\"},{\"content\":\"\\ude00b\"}]]}"));
+    QVERIFY2(info.valid, qPrintable(info.error));
+    const bool expected[] = {true, true, false, true, true};
+    for (int position = 0; position < 5; ++position)
+        QCOMPARE(info.isCaretPosition(position), expected[position]);
 }
 
 void TestPage::changeReachesEveryParagraph()
@@ -193,21 +206,15 @@ void TestPage::changeReachesEveryParagraph()
     QCOMPARE(blocks.at(1).toObject(), QJsonObject({{QStringLiteral("textalignment"), 8}}));
     QCOMPARE(root.value(QLatin1String("unknown")), QJsonValue(QStringLiteral("kept")));
     QCOMPARE(root.value(QLatin1String("text_wordwrap")), QJsonValue(true));
-    QVERIFY(!root.contains(QLatin1String("selection_start")));
 }
 
-void TestPage::changeSetsSelectionAndBox()
+void TestPage::changeMakesBoxText()
 {
     DocumentChange change;
     change.wrapped = true;
-    change.selectionStart = 2;
-    change.selectionEnd = 5;
     const QJsonObject root = parse(
         changedDocument(QStringLiteral("{\"block\":[],\"fragment\":[]}"), change));
     QCOMPARE(root.value(QLatin1String("text_wordwrap")), QJsonValue(true));
-    QCOMPARE(root.value(QLatin1String("selection_start")).toInt(), 2);
-    QCOMPARE(root.value(QLatin1String("selection_end")).toInt(), 5);
-    QCOMPARE(root.value(QLatin1String("cursor_position")).toInt(), 5);
 }
 
 void TestPage::alignmentsHaveTwoValues_data()

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void alignmentMovesTheShortLine_data();
     void alignmentMovesTheShortLine();
     void caretStandsAtItsPosition();
+    void caretStaysWhereItIsToldWhenAttributesAreSet();
     void selectionIsInverted();
     void selectionRunsEitherWay();
     void editedBoxHasAFrame();
@@ -271,6 +272,8 @@ void TestPageRender::whatCannotBeDone_data()
         "position 5 lies behind the end of the text, which is 4");
     row("selection behind the end", "ab", "--text a.txt --font BoxTest --select 7:1 -o o.png",
         "position 7");
+    row("caret inside a character", "\xF0\x9F\x98\x80", "--text a.txt --caret 1 -o o.png",
+        "position 1 lies inside a character");
     row("caret in an empty text", "", "--text a.txt --font BoxTest --caret 0 -o o.png",
         "the page is empty");
     row("no such folder", "a", "--text a.txt --font BoxTest -o none/o.png",
@@ -514,6 +517,23 @@ void TestPageRender::caretStandsAtItsPosition()
     const int amidTheLetters = caret.top() + 9;
     QCOMPARE(image.pixelColor(caret.left() - 2, amidTheLetters), QColor(Qt::red));
     QCOMPARE(image.pixelColor(caret.right() + 2, amidTheLetters), QColor(Qt::red));
+}
+
+void TestPageRender::caretStaysWhereItIsToldWhenAttributesAreSet()
+{
+    const QStringList caret{QStringLiteral("--caret"), QStringLiteral("1")};
+    const QStringList green{QStringLiteral("--set"), QStringLiteral("pen_color=#00ff00")};
+    const QImage told =
+        picture("aaa", caret + QStringList{QStringLiteral("--color"), QStringLiteral("#00ff00")});
+    QVERIFY(!told.isNull());
+    QCOMPARE(picture("aaa", caret + green), told);
+    const QStringList box{QStringLiteral("--box"), QStringLiteral("34x18"),
+                          QStringLiteral("--auto-height")};
+    const QImage inBox = picture("aaa aaa aaa", box + caret
+                                                    + QStringList{QStringLiteral("--color"),
+                                                                  QStringLiteral("#00ff00")});
+    QVERIFY(inBox.height() > 48);
+    QCOMPARE(picture("aaa aaa aaa", box + caret + green), inBox);
 }
 
 void TestPageRender::selectionIsInverted()
