@@ -9,13 +9,39 @@
 #include "wordprocess/numbers.h"
 #include "wordprocess/textdatacommand.h"
 
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+/// True when two document strings hold the same text in the same formats, wherever the caret stands.
+bool haveSameContent(const QString &a, const QString &b)
+{
+    const QJsonObject first = QJsonDocument::fromJson(a.toUtf8()).object();
+    const QJsonObject second = QJsonDocument::fromJson(b.toUtf8()).object();
+    for (const QLatin1String &key : {QLatin1String("block"), QLatin1String("fragment")}) {
+        if (first.value(key) != second.value(key))
+            return false;
+    }
+    return true;
+}
+} // namespace
+
 void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
 {
-    if (CTextDataCommand::isAtWork()) // what a listener commands meanwhile belongs to that step
+    if (CTextDataCommand::isAtWork()) { // what a listener commands meanwhile belongs to that step
         undoRedo(after, /*notify=*/true);
-    else
-        undoStack()->push(
-            new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
+        return;
+    }
+    const bool withinEdit = m_editing && !m_editStartData.isEmpty();
+    // Deliberate: what was typed ahead of a command becomes a step of its own. Otherwise the step of the edit
+    // would reach back over that of the command, and undoing both would bring the typed text back.
+    if (withinEdit && !haveSameContent(before, m_editStartData))
+        undoStack()->push(new CTextDataCommand(this, m_editStartData, before));
+    undoStack()->push(new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
+    if (withinEdit && m_editing) { // the step of the edit begins here now
+        m_editStartText = toPlainText();
+        m_editStartData = serialize(false);
+    }
 }
 
 void CWordProcess::undoRedo(const QString &data, bool notify)

@@ -96,6 +96,7 @@ private Q_SLOTS:
     void endEditAfterFormatChangePushesNoStep();
     void endEditWithTheOldTextAgainPushesNoStep();
     void beginEditAgainMovesTheStartOfTheStep();
+    void typingAheadOfACommandIsAStepOfItsOwn();
     void secondEndEditPushesNothingMore();
     void stepsOfAStretchedBoxKeepStretchAndPlace_data();
     void stepsOfAStretchedBoxKeepStretchAndPlace();
@@ -316,6 +317,36 @@ void TestUndo::beginEditAgainMovesTheStartOfTheStep()
     QCOMPARE(host.stack().count(), 1);
     host.stack().undo();
     QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
+    host.stack().clear();
+}
+
+void TestUndo::typingAheadOfACommandIsAStepOfItsOwn()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("a"));
+    settled(word);
+    const AttributeMap bold{{QStringLiteral("font_bold"), true}};
+    word.beginEdit();
+    word.m_cursor->insertText(QStringLiteral("b"), OpenWord::format());
+    word.selectAll();
+    word.setAllAttributes(bold, true);
+    QCOMPARE(host.stack().count(), 2);
+    word.setAllAttributes({{QStringLiteral("font_italic"), true}}, true);
+    QCOMPARE(host.stack().count(), 3); // nothing was typed between the two
+    word.m_cursor->movePosition(QTextCursor::End);
+    word.m_cursor->insertText(QStringLiteral("c"), OpenWord::format());
+    word.endEdit();
+    QCOMPARE(host.stack().count(), 4);
+    const QStringList texts{QStringLiteral("a"), QStringLiteral("ab"), QStringLiteral("ab"),
+                            QStringLiteral("ab"), QStringLiteral("abc")};
+    const QVector<int> weights{50, 50, 75, 75, 75};
+    for (int index : {4, 3, 2, 1, 0, 1, 2, 3, 4}) {
+        host.stack().setIndex(index);
+        QCOMPARE(word.toPlainText(), texts.at(index));
+        const QTextFragment run = word.m_document->firstBlock().begin().fragment();
+        QCOMPARE(run.charFormat().fontWeight(), weights.at(index));
+    }
     host.stack().clear();
 }
 
@@ -947,17 +978,12 @@ public:
     }
 
     /// Typing, removing and pasting from beginEdit() to endEdit(). The text is another one at the end.
-    /// Formats, which have steps of their own, are given to selections before anything is typed.
+    /// Formats, which have steps of their own, are given to selections.
     void edit(bool withFormats)
     {
         m_word.beginEdit();
-        for (int i = withFormats ? m_random.bounded(3) : 0; i > 0; --i) {
-            selectSomething();
-            if (m_word.m_selStart < m_word.m_selEnd)
-                m_word.setAllAttributes(attributes(), true);
-        }
         for (int i = m_random.bounded(1, 5); i > 0; --i)
-            editStep();
+            editStep(withFormats);
         m_word.m_cursor->movePosition(QTextCursor::End);
         m_word.m_cursor->insertText(QString::number(1000 + ++m_edits), format());
         m_word.endEdit();
@@ -997,9 +1023,13 @@ private:
         return result;
     }
 
-    void editStep()
+    void editStep(bool withFormats)
     {
         selectSomething();
+        if (withFormats && m_word.m_selStart < m_word.m_selEnd && m_random.bounded(2) == 0) {
+            m_word.setAllAttributes(attributes(), true);
+            return;
+        }
         switch (m_random.bounded(4)) {
         case 0:
             m_word.cut();
