@@ -3,6 +3,8 @@
 // the fast road looks only near the place where the line is expected to end.
 #include "layout/fittingsearch.h"
 
+#include "layout/outlines.h"
+
 #include <QtMath>
 
 namespace {
@@ -12,30 +14,6 @@ constexpr int shortText = 8;
 
 // No script joins characters over a longer distance than this.
 constexpr int longestJoin = 512;
-
-struct CodeRange {
-    ushort low;
-    ushort high;
-};
-
-// Characters that stand for themselves: they have an advance, and neighbours change it by kerning
-// at most. Both ends included.
-constexpr CodeRange simpleRanges[] = {
-    {0x0020, 0x007E}, {0x00A0, 0x00AC}, {0x00AE, 0x024F}, {0x0386, 0x03FF}, {0x0400, 0x0482},
-    {0x048A, 0x052F}, {0x2010, 0x2027}, {0x2030, 0x205E}, {0x3000, 0x3029}, {0x3030, 0x303F},
-    {0x3041, 0x3096}, {0x309B, 0x30FF}, {0x3105, 0x312F}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
-    {0xAC00, 0xD7A3}, {0xF900, 0xFAD9}, {0xFF01, 0xFFDC},
-};
-
-bool standsForItself(QChar character)
-{
-    const ushort code = character.unicode();
-    for (const CodeRange &range : simpleRanges) {
-        if (code <= range.high)
-            return code >= range.low;
-    }
-    return false;
-}
 
 } // namespace
 

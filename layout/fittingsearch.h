@@ -31,6 +31,9 @@ public:
     QChar at(int index) const { return m_text.at(m_start + index); }
     QString left(int count) const { return m_text.mid(m_start, count); }
 
+    /// Says the unscaled width of all that is left, so that it need not be measured.
+    void setWidth(qreal width) { m_latest[0] = {length(), width}; }
+
     /// The first \a count characters are placed.
     void skip(int count);
 

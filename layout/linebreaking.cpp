@@ -135,6 +135,8 @@ int LineFiller::add(const Piece &piece, const CloseLine &closeLine)
     const qreal scale = alongScale(piece.run, m_rules.orientation);
     MeasuredText rest(piece.run.text, piece.run.font, piece.run.isHalfPunct ? scale * 0.5 : scale,
                       m_rules.search);
+    if (piece.width)
+        rest.setWidth(*piece.width);
     MeasuredText::Fit fit = rest.fit(penPosition(), m_rules.limit);
     if (fit.isWhole) {
         append(piece.run, rest.width(rest.length()) + piece.extraAdvance);

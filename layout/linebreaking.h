@@ -34,8 +34,9 @@ struct LineRules {
 
 /// A piece of a run on its way to the lines.
 struct Piece {
-    TextFragment run;       ///< position, text, format, font, scales and marks of the whole piece
-    qreal extraAdvance = 0; ///< added where the piece goes onto a line without wrapping
+    TextFragment run; ///< position, text, format, font, scales and marks of the whole piece
+    std::optional<qreal> width; ///< unscaled width of the text, where it is known already
+    qreal extraAdvance = 0;     ///< added where the piece goes onto a line without wrapping
 };
 
 /// Fills the lines of one block, run after run, with widths alone.

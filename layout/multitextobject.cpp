@@ -99,7 +99,7 @@ BoxPass CMultiTextOjbect::startPass() const
 // Ends every layout. A pending stretch has taken effect now and is folded into the lasting one.
 void CMultiTextOjbect::publish(const BoxPass &pass, const QRectF &box)
 {
-    updateData(pass.layout, box, pathRectOf(pass), pass.outlines);
+    updateData(pass.layout, box, unitedLineRects(pass.layout.lines), outlinesOf(pass.layout));
     setScales({1.0, 1.0, pass.kx, pass.ky});
 }
 

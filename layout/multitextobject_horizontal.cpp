@@ -162,13 +162,20 @@ struct RowExtent {
     qreal descent = 0;
 };
 
+// The hull of the control points decides most cases at a lower price than the exact bounds.
+bool isBelow(const QPainterPath &outline, qreal bottom)
+{
+    return !outline.isEmpty() && outline.controlPointRect().bottom() > bottom
+           && outline.boundingRect().bottom() > bottom;
+}
+
 // Outline of one run. A run whose ink would leave the box below stays without.
 void outlineRun(TextFragment &run, qreal baseline, bool isLast, qreal &thickness, RowExtent &extent,
                 RowPass &pass)
 {
     const QPointF pen(run.start, baseline);
-    QPainterPath outline = textOutline(pen, run.font, run.text);
-    if (!outline.isEmpty() && outline.boundingRect().bottom() > pass.box.height())
+    QPainterPath outline = pass.outlines.text(pen, run.font, run.text);
+    if (isBelow(outline, pass.box.height()))
         return;
 
     const BoxRunStyle &style = pass.styles.of(run.format);
@@ -192,7 +199,7 @@ void outlineRun(TextFragment &run, qreal baseline, bool isLast, qreal &thickness
         thickness = grownThickness(thickness, own, pass.ky);
     }
     std::optional<qreal> inkEnd;
-    if (!outline.isEmpty())
+    if (isLast && !outline.isEmpty())
         inkEnd = outline.boundingRect().right();
     extent.span.add(run, isLast, inkEnd);
     extent.ascent = qMax(extent.ascent, ascent);
@@ -211,13 +218,12 @@ void outlineRows(QList<TextLine> &lines, const RowBlock &rows, RowPass &pass)
             TextFragment &run = line.fragments[i];
             outlineRun(run, line.origin.y(), i == line.fragments.size() - 1, thickness, extent,
                        pass);
-            line.path.addPath(run.path);
+            addToLine(line, run.path);
         }
         line.alignment = rows.alignment;
         line.rect = QRectF(extent.span.begin(), line.origin.y() - extent.ascent,
                            extent.span.end() - extent.span.begin(),
                            extent.ascent + extent.descent + thickness);
-        pass.outlines.addPath(line.path);
         pass.layout.lines.append(line);
     }
 }

@@ -174,7 +174,7 @@ void closeLastColumn(TextLine &line, qreal spare, bool isFirst, ColumnBlock &col
 // A piece of a run: upright characters have no letter spacing in their font, but get it explicitly
 // where they stand without wrapping.
 Piece columnPiece(const TextFragment &run, const QString &text, const BoxRunStyle &style,
-                  bool compress)
+                  bool compress, OutlineSource &outlines)
 {
     Piece piece;
     piece.run = run;
@@ -185,6 +185,7 @@ Piece columnPiece(const TextFragment &run, const QString &text, const BoxRunStyl
     if (piece.run.isCJK) {
         piece.run.font = style.font;
         piece.extraAdvance = style.letterSpacing * run.scaleY;
+        piece.width = outlines.character(style.font, text).width;
     }
     return piece;
 }
@@ -208,8 +209,10 @@ QList<TextLine> breakIntoColumns(ColumnBlock &columns, ColumnPass &pass)
         filler.addGap(style.gap);
         const QList<QString> pieces = uprightPieces(run.text);
         for (const QString &text : pieces) {
-            run.position +=
-                filler.add(columnPiece(run, text, style, columns.rules.compressPunctuation), close);
+            run.position += filler.add(columnPiece(run, text, style,
+                                                   columns.rules.compressPunctuation,
+                                                   pass.outlines),
+                                       close);
         }
     }
     filler.finish([&](TextLine &line, qreal pen, bool isFirst) {
@@ -227,10 +230,13 @@ struct ColumnExtent {
 
 QPainterPath runOutline(const TextFragment &run, const QPointF &pen, ColumnPass &pass)
 {
-    if (!run.isCJK)
-        return sidewaysOutline(pen, run.font, run.text, pass.halfCapital(run.font));
-    const qreal width = QFontMetricsF(run.font).horizontalAdvance(run.text);
-    return uprightOutline(pen, run.font, run.text, width, run.isHalfPunct ? width / 2 : width);
+    if (!run.isCJK) {
+        return sidewaysOutline(pass.outlines.text(pen, run.font, run.text), pen,
+                               pass.halfCapital(run.font));
+    }
+    const qreal width = pass.outlines.character(run.font, run.text).width;
+    return uprightOutline(pass.outlines.characterAt(pen, run.font, run.text), pen, width,
+                          run.isHalfPunct ? width / 2 : width);
 }
 
 void outlineRun(TextFragment &run, qreal x, bool isLast, qreal &thickness, ColumnExtent &extent,
@@ -292,11 +298,10 @@ void outlineColumns(QList<TextLine> &lines, const ColumnBlock &columns, ColumnPa
             TextFragment &run = line.fragments[i];
             outlineRun(run, line.origin.x(), i == line.fragments.size() - 1, thickness, extent,
                        pass);
-            line.path.addPath(run.path);
+            addToLine(line, run.path);
         }
         line.alignment = columns.alignment;
         line.rect = columnRect(line, extent, thickness);
-        pass.outlines.addPath(line.path);
         pass.layout.lines.append(line);
     }
 }

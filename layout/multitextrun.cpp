@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "layout/multitextrun.h"
 
-#include "layout/textrun.h"
-
 #include <QFontMetricsF>
 #include <QTextFragment>
 #include <QtMath>
@@ -172,8 +170,22 @@ qreal emptyLineStart(int alignment, const BlockMeasures &measures, qreal length)
     }
 }
 
-QRectF pathRectOf(const BoxPass &pass)
+void addToLine(TextLine &line, const QPainterPath &outline)
 {
-    return pass.layout.lines.isEmpty() ? pass.outlines.boundingRect()
-                                       : unitedLineRects(pass.layout.lines);
+    if (line.path.isEmpty())
+        line.path = outline;
+    else
+        line.path.addPath(outline);
+}
+
+QPainterPath outlinesOf(const TextLayout &layout)
+{
+    int elements = 0;
+    for (const TextLine &line : layout.lines)
+        elements += line.path.elementCount();
+    QPainterPath outlines;
+    outlines.reserve(elements);
+    for (const TextLine &line : layout.lines)
+        outlines.addPath(line.path);
+    return outlines;
 }

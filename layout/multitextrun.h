@@ -4,6 +4,7 @@
 
 #include "layout/blockmeasures.h"
 #include "layout/linebreaking.h"
+#include "layout/outlines.h"
 #include "layout/runstyle.h"
 #include "layout/texttools.h"
 
@@ -54,10 +55,10 @@ struct BoxPass {
     FittingSearch search = FittingSearch::Fast;
 
     TextLayout layout;
-    QPainterPath outlines;
     qreal afterSpace = 0; ///< a block without the property repeats the last value
     bool isFull = false;  ///< no room for more: the rest of the document has no lines
     BoxRunStyles styles;
+    OutlineSource outlines;
     UnderlineThickness thickness;
 };
 
@@ -115,7 +116,10 @@ private:
 /// Start of the line of an empty block.
 qreal emptyLineStart(int alignment, const BlockMeasures &measures, qreal length);
 
-/// Area of the outlines as a finished layout reports it.
-QRectF pathRectOf(const BoxPass &pass);
+/// Appends \a outline to that of its line. A line of one run shares the outline of the run.
+void addToLine(TextLine &line, const QPainterPath &outline);
+
+/// The outlines of all lines, one after the other.
+QPainterPath outlinesOf(const TextLayout &layout);
 
 #endif // MULTITEXTRUN_H

@@ -149,8 +149,9 @@ qreal addPieceOutline(TextFragment &piece, const PieceStyle &style, const QPoint
     const qreal width = QFontMetricsF(piece.font).horizontalAdvance(piece.text);
     if (piece.isEmptyBlock)
         return width;
-    piece.path = piece.isCJK ? uprightOutline(pen, piece.font, piece.text, width, width)
-                             : sidewaysOutline(pen, piece.font, piece.text, style.halfCapital);
+    const QPainterPath outline = textOutline(pen, piece.font, piece.text);
+    piece.path = piece.isCJK ? uprightOutline(outline, pen, width, width)
+                             : sidewaysOutline(outline, pen, style.halfCapital);
     return width;
 }
 

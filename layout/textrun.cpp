@@ -5,19 +5,11 @@
 
 #include <QTextBlock>
 
-QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &text)
+QPainterPath sidewaysOutline(const QPainterPath &outline, const QPointF &pen, qreal halfCapital)
 {
-    QPainterPath outline;
-    outline.addText(pen, font, text);
-    return outline;
-}
-
-QPainterPath sidewaysOutline(const QPointF &pen, const QFont &font, const QString &text,
-                             qreal halfCapital)
-{
-    QPainterPath outline = CTextTools::getRotatePath(textOutline(pen, font, text), pen, 90);
-    outline.translate(-halfCapital, 0);
-    return outline;
+    QPainterPath turned = CTextTools::getRotatePath(outline, pen, 90);
+    turned.translate(-halfCapital, 0);
+    return turned;
 }
 
 qreal halfCapitalHeight(const QFont &font)
@@ -25,15 +17,13 @@ qreal halfCapitalHeight(const QFont &font)
     return textOutline(QPointF(0, 0), font, QStringLiteral("A")).boundingRect().height() / 2;
 }
 
-QPainterPath uprightOutline(const QPointF &pen, const QFont &font, const QString &text, qreal width,
+QPainterPath uprightOutline(const QPainterPath &outline, const QPointF &pen, qreal width,
                             qreal cell)
 {
-    QPainterPath outline = textOutline(pen, font, text);
     if (outline.isEmpty())
         return outline;
     const QRectF ink = outline.boundingRect();
-    outline.translate(-width / 2, pen.y() + (cell - ink.height()) / 2 - ink.top());
-    return outline;
+    return outline.translated(-width / 2, pen.y() + (cell - ink.height()) / 2 - ink.top());
 }
 
 qreal setSuperOrSubscript(QPainterPath &outline, const QPointF &pen, bool isSuperscript)

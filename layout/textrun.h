@@ -2,6 +2,7 @@
 #ifndef TEXTRUN_H
 #define TEXTRUN_H
 
+#include "layout/outlines.h"
 #include "layout/runstyle.h"
 #include "layout/textlayout.h"
 
@@ -21,20 +22,16 @@ inline QTransform scaleAbout(const QPointF &point, qreal sx, qreal sy)
     return stretch;
 }
 
-/// Outline of \a text with its pen at \a pen. Every glyph of every layout comes from here.
-QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &text);
-
-/// Outline of text that lies on its side in a column: turned clockwise about \a pen and moved left
-/// by \a halfCapital, half the height of a capital letter, which centres it on the column.
-QPainterPath sidewaysOutline(const QPointF &pen, const QFont &font, const QString &text,
-                             qreal halfCapital);
+/// Lays the outline of text with its pen at \a pen on its side, for a column: turned clockwise about
+/// the pen and moved left by \a halfCapital, half the height of a capital letter, which centres it.
+QPainterPath sidewaysOutline(const QPainterPath &outline, const QPointF &pen, qreal halfCapital);
 
 /// Half the height of an "A" in \a font.
 qreal halfCapitalHeight(const QFont &font);
 
-/// Outline of a character that stands upright in a column: \a width centres it across the column,
-/// and its ink is centred in a cell that begins at the pen and is \a cell high.
-QPainterPath uprightOutline(const QPointF &pen, const QFont &font, const QString &text, qreal width,
+/// Sets the outline of a character with its pen at \a pen upright into a column: \a width centres it
+/// across, and its ink is centred in a cell that begins at the pen and is \a cell high.
+QPainterPath uprightOutline(const QPainterPath &outline, const QPointF &pen, qreal width,
                             qreal cell);
 
 /// Halves \a outline about \a pen and raises or lowers it as superscript or subscript of

@@ -507,7 +507,11 @@ void TestGeometry::newSizeRewrapsEditedBox()
     word.m_wordManager->setWordWrap(true);
     word.m_editing = true;
     word.m_clientRect = QRectF(0, 0, 50, 30);
+    word.add(QStringLiteral("abcdefgh")); // 64 px
+    QCOMPARE(word.m_wordManager->textLayout().lines.size(), 2);
+    host.events.clear();
     word.setSize(QSizeF(80, 60), false, true);
+    QCOMPARE(word.m_wordManager->textLayout().lines.size(), 1);
     QCOMPARE(word.m_clientRect, QRectF(0, 0, 80, 60));
     QCOMPARE(word.m_baseSize, QSizeF(80, 60));
     QCOMPARE(word.m_scaleX, 1.0);
@@ -527,6 +531,7 @@ void TestGeometry::newSizeOfEditedBoxWithMissingFontDoesNothing()
     QCOMPARE(word.m_clientRect, QRectF(0, 0, 50, 30));
     word.m_replacedFonts = word.m_missingFonts;
     word.m_wordManager->setWordWrap(true);
+    word.m_cursor->insertText(QStringLiteral("a"), OpenWord::format());
     word.setSize(QSizeF(80, 60), false, true);
     QCOMPARE(word.m_clientRect, QRectF(0, 0, 80, 60));
     word.m_editing = false;

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: MIT
+#include "layout/outlines.h"
+
+#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QTextLayout>
+#include <QVector>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+struct CodeRange {
+    ushort low;
+    ushort high;
+};
+
+// Both ends included.
+constexpr CodeRange simpleRanges[] = {
+    {0x0020, 0x007E}, {0x00A0, 0x00AC}, {0x00AE, 0x024F}, {0x0386, 0x03FF}, {0x0400, 0x0482},
+    {0x048A, 0x052F}, {0x2010, 0x2027}, {0x2030, 0x205E}, {0x3000, 0x3029}, {0x3030, 0x303F},
+    {0x3041, 0x3096}, {0x309B, 0x30FF}, {0x3105, 0x312F}, {0x3400, 0x4DBF}, {0x4E00, 0x9FFF},
+    {0xAC00, 0xD7A3}, {0xF900, 0xFAD9}, {0xFF01, 0xFFDC},
+};
+
+// Texts shorter than this are not worth the shaping on top.
+constexpr int shortText = 3;
+
+// Glyphs stand on a grid of 1/64 pixel, cut off toward zero, within the range of 26.6 fixed point.
+constexpr qreal gridLimit = 1 << 24;
+
+bool isWithinGrid(const QPointF &pen)
+{
+    return std::abs(pen.x()) < gridLimit && std::abs(pen.y()) < gridLimit;
+}
+
+qreal onGrid(qreal coordinate)
+{
+    return std::trunc(coordinate * 64) / 64;
+}
+
+// What addText() adds to the glyphs, or draws with glyphs of another size, is left to it.
+bool isPlain(const QFont &font)
+{
+    return !font.underline() && !font.overline() && !font.strikeOut()
+           && font.capitalization() == QFont::MixedCase;
+}
+
+struct PlacedGlyph {
+    QPainterPath outline;
+    QPointF place;
+};
+
+} // namespace
+
+bool standsForItself(QChar character)
+{
+    const ushort code = character.unicode();
+    for (const CodeRange &range : simpleRanges) {
+        if (code <= range.high)
+            return code >= range.low;
+    }
+    return false;
+}
+
+QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &text)
+{
+    QPainterPath outline;
+    outline.addText(pen, font, text);
+    return outline;
+}
+
+QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QString &text)
+{
+    // Left of 0 each script's part of the text would be cut off on its own.
+    if (text.length() < shortText || pen.x() < 0 || !isWithinGrid(pen) || !isPlain(font)
+        || !std::all_of(text.begin(), text.end(), standsForItself))
+        return textOutline(pen, font, text);
+    const QPainterPath outline = fromGlyphs(pen, font, text);
+    // Blanks leave an element behind that stands for no ink.
+    return outline.isEmpty() ? textOutline(pen, font, text) : outline;
+}
+
+// Shapes the text as addText() does and copies the glyphs to their places.
+QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, const QString &text)
+{
+    QTextLayout shaper(text, font);
+    shaper.setCacheEnabled(true);
+    shaper.beginLayout();
+    const QTextLine line = shaper.createLine();
+    shaper.endLayout();
+
+    const QPointF base(onGrid(pen.x()), onGrid(pen.y()) - line.ascent());
+    QVector<PlacedGlyph> glyphs;
+    int elements = 0;
+    const QList<QGlyphRun> runs = shaper.glyphRuns();
+    for (const QGlyphRun &run : runs) {
+        const QRawFont rawFont = run.rawFont();
+        const QVector<quint32> indexes = run.glyphIndexes();
+        const QVector<QPointF> positions = run.positions();
+        for (int i = 0; i < indexes.size(); ++i) {
+            glyphs.append({glyph(rawFont, indexes.at(i)), base + positions.at(i)});
+            elements += glyphs.last().outline.elementCount();
+        }
+    }
+    // Runs come font by font; simple text reads from left to right.
+    if (runs.size() > 1) {
+        std::stable_sort(glyphs.begin(), glyphs.end(),
+                         [](const PlacedGlyph &a, const PlacedGlyph &b) {
+                             return a.place.x() < b.place.x();
+                         });
+    }
+    QPainterPath result;
+    result.reserve(elements);
+    for (const PlacedGlyph &placed : qAsConst(glyphs))
+        result.addPath(placed.outline.translated(placed.place));
+    return result;
+}
+
+QPainterPath OutlineSource::glyph(const QRawFont &font, quint32 index)
+{
+    QHash<quint32, QPainterPath> &glyphs = m_glyphs[font];
+    const auto known = glyphs.find(index);
+    return known != glyphs.end() ? *known : *glyphs.insert(index, font.pathForGlyph(index));
+}
+
+const OutlineSource::Character &OutlineSource::character(const QFont &font, const QString &text)
+{
+    QHash<QString, Character> &characters = m_characters[font];
+    const auto known = characters.find(text);
+    if (known != characters.end())
+        return *known;
+    return *characters.insert(text, {textOutline(QPointF(0, 0), font, text),
+                                     QFontMetricsF(font).horizontalAdvance(text)});
+}
+
+QPainterPath OutlineSource::characterAt(const QPointF &pen, const QFont &font, const QString &text)
+{
+    if (!isWithinGrid(pen) || !isPlain(font))
+        return textOutline(pen, font, text);
+    const QPainterPath &outline = character(font, text).outline;
+    // Blanks leave an element behind that stands for no ink and has no place.
+    return outline.isEmpty() ? outline : outline.translated(onGrid(pen.x()), onGrid(pen.y()));
+}

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#ifndef OUTLINES_H
+#define OUTLINES_H
+
+#include <QFont>
+#include <QHash>
+#include <QPainterPath>
+#include <QPointF>
+#include <QRawFont>
+#include <QString>
+
+/// Makes the outlines of one layout; a glyph or an upright character that comes again is copied
+/// and not made again. Lives as long as the layout that it serves, so that what it keeps is bounded
+/// by the text. The outlines are those of QPainterPath::addText(), to the last few bits.
+class OutlineSource
+{
+public:
+    /// A character that stands upright in a column.
+    struct Character {
+        QPainterPath outline; ///< with its pen at (0, 0)
+        qreal width = 0;      ///< as text
+    };
+
+    /// Outline of \a text in \a font with its pen at \a pen.
+    QPainterPath text(const QPointF &pen, const QFont &font, const QString &text);
+
+    /// \a text is one character.
+    const Character &character(const QFont &font, const QString &text);
+
+    /// Outline of one character with its pen at \a pen.
+    QPainterPath characterAt(const QPointF &pen, const QFont &font, const QString &text);
+
+private:
+    QPainterPath fromGlyphs(const QPointF &pen, const QFont &font, const QString &text);
+    QPainterPath glyph(const QRawFont &font, quint32 index);
+
+    QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs;
+    QHash<QFont, QHash<QString, Character>> m_characters;
+};
+
+/// QPainterPath::addText() as a value.
+QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &text);
+
+/// True for characters that have an advance and a glyph of their own and that neighbours change by
+/// kerning or a ligature at most; false for marks, joining scripts, surrogates and controls.
+bool standsForItself(QChar character);
+
+#endif // OUTLINES_H
