@@ -94,7 +94,7 @@ bool PageBuilder::loadObject(const PageObject &description)
         m_error = QStringLiteral("%1: the text object refuses it").arg(objectPath(number));
         return false;
     }
-    object->setZorder(number);
+    object->setZorder(number); // the order of the file counts, whatever a record says
     m_made.last().object = object;
     return true;
 }
