@@ -102,6 +102,7 @@ private Q_SLOTS:
     void letterSpacing();
     void gapWidensTheRunBefore();
     void lastRunDoesNotCountForTheLeftEdge();
+    void rightEdgeIsTheFarthestEnd();
     void offsetMovesTheRunAndGrowsTheLine();
     void superscriptAndSubscript();
     void underlineIsInsideTheLine();
@@ -1001,6 +1002,23 @@ void TestBoxHorizontal::lastRunDoesNotCountForTheLeftEdge()
     const TextLine line = text.layOut().lines.first();
     QCOMPARE(placesOf(line), QStringLiteral("[ab]0+-4 [cdef]-4+32"));
     QCOMPARE(line.rect, QRectF(0, 0, 28, 16));
+}
+
+void TestBoxHorizontal::rightEdgeIsTheFarthestEnd()
+{
+    // 24 px less behind "c": the last run stands over the first one.
+    BoxText text(100);
+    text.add(QStringLiteral("ab"));
+    text.add(QStringLiteral("c"), BoxText::format(12, LetterSpacing, -1500.0));
+    text.add(QStringLiteral("d"));
+    TextLine line = text.layOut().lines.first();
+    QCOMPARE(placesOf(line), QStringLiteral("[ab]0+16 [c]16+-16 [d]0+8"));
+    QCOMPARE(line.rect, QRectF(0, 0, 16, 16)); // the ink of "c" up to 23 does not count
+
+    BoxText lone(100);
+    lone.add(QStringLiteral("c"), BoxText::format(12, LetterSpacing, -1500.0));
+    line = lone.layOut().lines.first();
+    QCOMPARE(line.rect, QRectF(0, 0, 7, 16)); // that of a lone run does
 }
 
 void TestBoxHorizontal::offsetMovesTheRunAndGrowsTheLine()

@@ -102,6 +102,7 @@ private Q_SLOTS:
     // The box's width
     void columnsLeftOfTheBoxDoNotExist();
     void automaticBoxStopsBehindTheBlockThatLeftIt();
+    void inkAtTheVeryEdgeDoesNotStopTheLayout();
     void automaticBoxKeepsItsRightEdge();
     void emptyColumnDoesNotGrowTheAutomaticBox();
 
@@ -983,6 +984,20 @@ void TestBoxVertical::automaticBoxStopsBehindTheBlockThatLeftIt()
         text.addBlock();
         text.add(QStringLiteral("c"));
         QCOMPARE(text.layOut().lines.size(), one.count);
+    }
+}
+
+void TestBoxVertical::inkAtTheVeryEdgeDoesNotStopTheLayout()
+{
+    // Axes 32 and 8; ink from 4 on.
+    for (const qreal left : {4.0, 4.5}) {
+        ColumnText text;
+        text.setBox(QRectF(left, 0, 40, 16));
+        text.m_autoWordWrap = true;
+        text.add(QStringLiteral("1234"));
+        text.addBlock();
+        text.add(QStringLiteral("5"));
+        QCOMPARE(text.layOut().lines.size(), left > 4 ? 2 : 3);
     }
 }
 
