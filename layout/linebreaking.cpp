@@ -56,12 +56,16 @@ bool endsInWord(const QString &text)
     return !text.isEmpty() && isWordCharacter(text.at(text.length() - 1));
 }
 
-// A prefix of \a count characters, one less where that would cut a surrogate pair.
-int wholeCodePoints(const MeasuredText &text, int count)
+// The fitting length, moved to the end of a surrogate pair that it cuts, or ahead of one that does
+// not fit whole.
+int wholeCodePoints(const MeasuredText &text, int count, qreal x, qreal limit)
 {
     const bool cutsPair = count > 0 && text.at(count).isLowSurrogate()
                           && text.at(count - 1).isHighSurrogate();
-    return cutsPair ? count - 1 : count;
+    if (!cutsPair)
+        return count;
+    const bool pairFits = count + 1 < text.length() && x + text.width(count + 1) <= limit;
+    return pairFits ? count + 1 : count - 1;
 }
 
 int lengthOf(const QList<TextFragment> &runs)
@@ -146,7 +150,7 @@ int LineFiller::add(const Piece &piece, const CloseLine &closeLine)
     TextFragment run = piece.run;
     int placed = 0;
     while (!fit.isWhole) {
-        const int length = wholeCodePoints(rest, fit.length);
+        const int length = wholeCodePoints(rest, fit.length, penPosition(), m_rules.limit);
         if (length < 0 || (length == 0 && m_line.fragments.isEmpty()))
             return placed;
         if (length > 0) {

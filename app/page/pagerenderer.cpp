@@ -148,9 +148,7 @@ void PageRenderer::paintObjects(QPainter &painter) const
             continue;
         painter.save();
         painter.setTransform(object->GetGraphicsItemPtr()->sceneTransform(), true);
-        painter.save();
-        object->OnQPainterDraw(&painter);
-        painter.restore();
+        object->paintContent(&painter);
         object->drawDelegate()->paintInvertArea(&painter);
         painter.restore();
     }

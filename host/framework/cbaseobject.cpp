@@ -113,9 +113,7 @@ void CBaseObject::paint(QPainter *painter, const QStyleOptionGraphicsItem *optio
 {
     Q_UNUSED(option)
     Q_UNUSED(widget)
-    painter->save();
-    OnQPainterDraw(painter);
-    painter->restore();
+    paintContent(painter);
     m_drawDelegate->paintInvertArea(painter);
 }
 

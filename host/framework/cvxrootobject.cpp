@@ -139,6 +139,14 @@ QPainterPath CVXRootObject::getClientPath()
     return path;
 }
 
+void CVXRootObject::paintContent(QPainter *painter)
+{
+    painter->save();
+    painter->translate(getDrawClientRect().topLeft() - m_clientRect.topLeft());
+    OnQPainterDraw(painter);
+    painter->restore();
+}
+
 QImage CVXRootObject::getImageFromObject(QRectF &rect, bool withHandles)
 {
     QGraphicsItem *const item = GetGraphicsItemPtr();
@@ -164,7 +172,7 @@ QImage CVXRootObject::getImageFromObject(QRectF &rect, bool withHandles)
     painter.translate(-pixels.topLeft());
     painter.save();
     painter.setTransform(toScene, /*combine=*/true);
-    OnQPainterDraw(&painter);
+    paintContent(&painter);
     painter.restore();
     if (withHandles)
         paintHandlersInScene(item, &painter);

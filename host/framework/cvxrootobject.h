@@ -68,6 +68,9 @@ public:
     virtual void paintHandlersInScene(QGraphicsItem *item, QPainter *painter);
     /// Paints over all objects, in scene coordinates.
     virtual void drawForeground(QPainter *painter, const QRectF &rect);
+    /// Calls OnQPainterDraw() as it expects to be called: with the painter's origin moved by the way
+    /// from the client rectangle to the draw client rectangle. \a painter is in item coordinates.
+    void paintContent(QPainter *painter);
     virtual QRectF getDrawClientRect() { return m_clientRect; }
     /// Outline of what the object shows, in item coordinates.
     virtual QPainterPath getClientPath();

@@ -15,6 +15,7 @@ private Q_SLOTS:
     void dragDrawsTheFrameAtTheOrigin();
     void pictureIsPaintedStretched();
     void editedBoxPaintsFromItsDrawRect();
+    void editedBoxStaysInPlaceWhereItsInkLeavesTheBox();
     void placeholderBoxIsFaint();
     void warpedPathsArePaintedOutsideEditState();
     void overlappingOutlinesAreFilled();
@@ -492,6 +493,29 @@ void TestPainting::leavingThePictureKeepsTheCentre()
     QCOMPARE(word.m_clientRect, QRectF(0, 0, 24, 16));
     QCOMPARE(word.mapToScene(word.m_clientRect.center()), QPointF(130, 220));
     QCOMPARE(word.rotation(), 0.0);
+}
+
+void TestPainting::editedBoxStaysInPlaceWhereItsInkLeavesTheBox()
+{
+    OpenWord word;
+    word.m_wordWrap = true;
+    word.m_wordManager->setWordWrap(true);
+    word.m_clientRect = QRectF(0, 0, 80, 40);
+    word.m_editing = true;
+    QTextBlockFormat outdented;
+    outdented.setLeftMargin(-6); // 8 px
+    word.m_cursor->setBlockFormat(outdented);
+    word.add(QStringLiteral("ab"));
+    QCOMPARE(word.getDrawClientRect().left(), -8.0);
+
+    QImage image(QSize(200, 100), QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    painter.translate(50, 20);
+    word.paintContent(&painter);
+    painter.end();
+    QCOMPARE(inkOf(image).left(), 50 - 8);
+    word.m_editing = false;
 }
 
 QTEST_MAIN(TestPainting)
