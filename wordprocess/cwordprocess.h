@@ -117,6 +117,9 @@ public:
     void updateBoundsRectForImage2Path(const QPointF &pos, const QSizeF &size);
 
     // keyboard: selection
+    /// The position to which a motion key leads: Home, End or an arrow, by the lines of the layout. The present
+    /// one where there is no way on, and for other keys. Changes only m_cursorAtLineEnd.
+    int cursorMove(Qt::Key key);
     void selectAll();
     void clearSelection();
     /// Removes what m_selStart to m_selEnd name, exactly, as one removal; nothing unless m_selEnd lies behind
@@ -266,7 +269,9 @@ public:
     // QObject and item events
     void timerEvent(QTimerEvent *event) override;
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
+    /// Carries out every key of an edit, and accepts each; outside edit state the key is ignored.
     void keyPressEvent(QKeyEvent *event) override;
+    bool sceneEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
@@ -402,8 +407,34 @@ private:
     void endComposition() { m_preeditString.clear(); }
 
     // keyboard
+    struct KeyPress;
+    /// Does what a key asks for. \return true when the object is to be painted anew
+    using KeyAction = bool (CWordProcess::*)(const KeyPress &press);
+    static KeyAction keyAction(const KeyPress &press);
+    static bool actsOn(const KeyPress &press);
+    bool keySelectAll(const KeyPress &press);
+    bool keyUndo(const KeyPress &press);
+    bool keyRedo(const KeyPress &press);
+    bool keyCopy(const KeyPress &press);
+    bool keyCut(const KeyPress &press);
+    bool keyPaste(const KeyPress &press);
+    bool keyCommand(const KeyPress &press);
+    bool keyBlockEdge(const KeyPress &press);
+    bool keyBackspace(const KeyPress &press);
+    bool keyDelete(const KeyPress &press);
+    bool keyReturn(const KeyPress &press);
+    bool keyEscape(const KeyPress &press);
+    bool keyText(const KeyPress &press);
+    bool keyMotion(const KeyPress &press);
+    bool hasSelection() const;
     /// Drops a selection that the cursor alone still holds: what does not look selected is never replaced.
     void dropCursorSelection();
+    void removeOneOrSelection(void (QTextCursor::*removeOne)(), bool isOne);
+    void removeSelectionForInput();
+    void putCaret(int position);
+    void extendSelection(int from, int to);
+    void showStoredText();
+    int positionBesideCaret(bool forward);
 
     // clipboard
     QString offeredText(bool rich, bool &isRich) const;
