@@ -18,7 +18,7 @@ BlockMeasures readBlockMeasures(const QTextBlockFormat &format, int dpi, bool is
     BlockMeasures measures;
     measures.left = blockPixels(format, QTextFormat::BlockLeftMargin, dpi);
     measures.right = blockPixels(format, QTextFormat::BlockRightMargin, dpi);
-    measures.indent = pointsToPixels(format.intProperty(QTextFormat::BlockIndent), dpi);
+    measures.indent = pointsToPixels(format.property(QTextFormat::BlockIndent).toInt(), dpi);
     if (!isFirstBlock)
         measures.before = blockPixels(format, TextProperty::SpaceAheadOfBlock, dpi);
     if (format.hasProperty(TextProperty::SpaceBehindBlock))

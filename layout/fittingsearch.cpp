@@ -26,12 +26,17 @@ MeasuredText::MeasuredText(const QString &text, const QFont &font, qreal scale,
     , m_em(m_metrics.height())
     , m_isFast(search == FittingSearch::Fast && text.length() > shortText)
 {
-    if (m_isFast)
-        findComplexText();
+    if (!m_isFast)
+        return;
+    findComplexText();
+    for (int i = 0; m_letterSpacing < 0 && i < text.length(); ++i)
+        m_possibleLoss += possibleLoss(text.at(i));
 }
 
 void MeasuredText::skip(int count)
 {
+    for (int i = 0; m_isFast && m_letterSpacing < 0 && i < count; ++i)
+        m_possibleLoss -= possibleLoss(at(i));
     m_start += count;
     m_latest[0] = m_latest[1] = Measure();
     if (m_isFast && m_complex < m_start)
@@ -72,11 +77,13 @@ MeasuredText::Fit MeasuredText::fit(qreal x, qreal limit) const
         const int expected = predictedLength(limit - x);
         if (expected < length() && m_complex > m_start)
             searchSimpleText(expected, line, known);
+        // A prefix of simple text that is too wide answers for all longer ones, any other prefix only
+        // where no text behind it can make it short again. Either way the whole is too wide too.
         const bool isSimpleToTheEnd = m_complex == m_text.length();
-        const bool isWide = known.lastWide >= 0;
-        if (!isSimpleToTheEnd && m_letterSpacing >= 0)
+        const bool isWide = isSimpleToTheEnd && known.lastWide >= 0;
+        if (!isSimpleToTheEnd)
             known.farWide = surelyWideLength(qMax(expected, known.lastShort), line);
-        if ((isSimpleToTheEnd && isWide) || known.farWide < length())
+        if (isWide || known.farWide < length())
             return {false, halve(known, line)};
     }
     if (x + width(length()) <= limit)
@@ -141,6 +148,14 @@ bool MeasuredText::isSimple(QChar character) const
            && (m_letterSpacing >= 0 || predictedAdvance(character) > m_em / 8);
 }
 
+// How much room a character may take away, kerned by an eighth of an em.
+qreal MeasuredText::possibleLoss(QChar character) const
+{
+    if (!standsForItself(character))
+        return m_em / 8 - m_letterSpacing;
+    return qMax(0.0, m_em / 8 - predictedAdvance(character));
+}
+
 void MeasuredText::findComplexText()
 {
     m_complex = qMax(m_complex, m_start);
@@ -193,7 +208,7 @@ int MeasuredText::surelyWideLength(int expected, const Line &line) const
         }
         if (count >= length())
             return length();
-        if (line.x + width(count) > line.limit + m_em * m_scale)
+        if (line.x + width(count) > line.limit + (m_em + m_possibleLoss) * m_scale)
             return count;
         count += qMax(shortText, count / 4);
     }

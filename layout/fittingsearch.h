@@ -32,7 +32,7 @@ public:
     QString left(int count) const { return m_text.mid(m_start, count); }
 
     /// Says the unscaled width of all that is left, so that it need not be measured.
-    void setWidth(qreal width) { m_latest[0] = {length(), width}; }
+    void presetWidth(qreal width) { m_latest[0] = {length(), width}; }
 
     /// The first \a count characters are placed.
     void skip(int count);
@@ -73,6 +73,7 @@ private:
     qreal predictedAdvance(QChar character) const;
     int predictedLength(qreal room) const;
     bool isSimple(QChar character) const;
+    qreal possibleLoss(QChar character) const;
     bool isBreak(int count) const;
     void findComplexText();
     void searchSimpleText(int expected, const Line &line, Known &known) const;
@@ -84,6 +85,7 @@ private:
     qreal m_letterSpacing;
     qreal m_em;
     bool m_isFast;
+    qreal m_possibleLoss = 0; // by how much text behind a prefix can make the whole shorter
     int m_start = 0;
     int m_complex = 0;           // the first character from m_start on that is not simple
     mutable Measure m_latest[2]; // the two prefixes measured last

@@ -140,7 +140,7 @@ int LineFiller::add(const Piece &piece, const CloseLine &closeLine)
     MeasuredText rest(piece.run.text, piece.run.font, piece.run.isHalfPunct ? scale * 0.5 : scale,
                       m_rules.search);
     if (piece.width)
-        rest.setWidth(*piece.width);
+        rest.presetWidth(*piece.width);
     MeasuredText::Fit fit = rest.fit(penPosition(), m_rules.limit);
     if (fit.isWhole) {
         append(piece.run, rest.width(rest.length()) + piece.extraAdvance);
@@ -197,7 +197,8 @@ void LineFiller::applyHeadTailRule(QChar next)
 {
     const std::optional<CutPoint> cut = m_rules.orientation == Qt::Horizontal
                                             ? horizontalCut(m_line, m_rules.headTailMode)
-                                            : verticalCut(m_line, m_rules.headTailMode, next);
+                                            : verticalCut(m_line, m_rules.headTailMode,
+                                                          QString(next));
     // At least one character stays on the line.
     if (cut && (cut->fragment > 0 || (cut->fragment == 0 && cut->character >= 1)))
         carryOver(*cut, m_rules.compressPunctuation);

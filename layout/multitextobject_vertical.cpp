@@ -183,9 +183,9 @@ Piece columnPiece(const TextFragment &run, const QString &text, const BoxRunStyl
     piece.run.isCJK = isSingle && CTextTools::isCJKChar(text.at(0));
     piece.run.isHalfPunct = compress && isSingle && CTextTools::isCJKPunct(text.at(0));
     if (piece.run.isCJK) {
-        piece.run.font = style.font;
+        piece.run.font = style.upright;
         piece.extraAdvance = style.letterSpacing * run.scaleY;
-        piece.width = outlines.character(style.font, text).width;
+        piece.width = outlines.characterWidth(style.upright, text);
     }
     return piece;
 }
@@ -234,8 +234,8 @@ QPainterPath runOutline(const TextFragment &run, const QPointF &pen, ColumnPass 
         return sidewaysOutline(pass.outlines.text(pen, run.font, run.text), pen,
                                pass.halfCapital(run.font));
     }
-    const qreal width = pass.outlines.character(run.font, run.text).width;
-    return uprightOutline(pass.outlines.characterAt(pen, run.font, run.text), pen, width,
+    const qreal width = pass.outlines.characterWidth(run.font, run.text);
+    return uprightOutline(pass.outlines.character(pen, run.font, run.text), pen, width,
                           run.isHalfPunct ? width / 2 : width);
 }
 
@@ -327,7 +327,10 @@ void CMultiTextOjbect::verticalLayout()
             pass.isFull = true;
     }
     QRectF client = pass.box;
-    if (pass.followsText && pass.leftEdge)
+    // Behind an empty first column the text stands left of the box however wide that is: a box that
+    // followed it would grow with every layout.
+    const bool beginsEmpty = !pass.layout.lines.isEmpty() && pass.layout.lines.first().isEmptyBlock;
+    if (pass.followsText && pass.leftEdge && !beginsEmpty)
         client.setLeft(*pass.leftEdge);
     publish(pass, client);
 }

@@ -66,13 +66,14 @@ const BoxRunStyle &BoxRunStyles::of(const QTextCharFormat &format)
     if (m_format && *m_format == format)
         return m_style;
     m_format = format;
-    static_cast<RunStyle &>(
-        m_style) = readRunStyle(format, m_dpi).stretched(m_kx, m_ky, m_orientation);
+    RunStyle &plain = m_style;
+    plain = readRunStyle(format, m_dpi).stretched(m_kx, m_ky, m_orientation);
     const QFontMetricsF metrics(m_style.font);
     m_style.ascent = metrics.ascent();
     m_style.descent = metrics.descent();
     m_style.height = metrics.height();
     m_style.spaced = m_style.spacedFont();
+    m_style.upright = withLetterSpacing(m_style.font, 0);
     return m_style;
 }
 

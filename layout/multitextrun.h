@@ -17,7 +17,8 @@ struct BoxRunStyle : RunStyle {
     qreal ascent = 0;
     qreal descent = 0;
     qreal height = 0;
-    QFont spaced; ///< measuring font with the letter spacing
+    QFont spaced;  ///< measuring font with the letter spacing
+    QFont upright; ///< measuring font without any, for characters that stand upright in a column
 
     /// Scales that a run of this style is measured with: super- and subscript are half as large.
     qreal runScaleX() const { return isScript() ? scaleX / 2 : scaleX; }
@@ -31,6 +32,7 @@ class BoxRunStyles
 public:
     BoxRunStyles(int dpi, qreal kx, qreal ky, Qt::Orientation orientation);
 
+    /// Valid until the next call.
     const BoxRunStyle &of(const QTextCharFormat &format);
 
 private:

@@ -78,11 +78,12 @@ QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QS
         || !std::all_of(text.begin(), text.end(), standsForItself))
         return textOutline(pen, font, text);
     const QPainterPath outline = fromGlyphs(pen, font, text);
-    // Blanks leave an element behind that stands for no ink.
+    // Also for blanks alone, which leave an element behind that stands for no ink.
     return outline.isEmpty() ? textOutline(pen, font, text) : outline;
 }
 
-// Shapes the text as addText() does and copies the glyphs to their places.
+// Shapes the text as addText() does and copies the glyphs to their places. Empty for text that has to
+// be left to addText().
 QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, const QString &text)
 {
     QTextLayout shaper(text, font);
@@ -94,6 +95,7 @@ QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, co
     const QPointF base(onGrid(pen.x()), onGrid(pen.y()) - line.ascent());
     QVector<PlacedGlyph> glyphs;
     int elements = 0;
+    int withoutInk = 0;
     const QList<QGlyphRun> runs = shaper.glyphRuns();
     for (const QGlyphRun &run : runs) {
         const QRawFont rawFont = run.rawFont();
@@ -102,8 +104,12 @@ QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, co
         for (int i = 0; i < indexes.size(); ++i) {
             glyphs.append({glyph(rawFont, indexes.at(i)), base + positions.at(i)});
             elements += glyphs.last().outline.elementCount();
+            withoutInk += glyphs.last().outline.isEmpty() ? 1 : 0;
         }
     }
+    // More of them than blanks: glyphs that are pictures, which addText() traces.
+    if (withoutInk > std::count_if(text.begin(), text.end(), [](QChar c) { return c.isSpace(); }))
+        return QPainterPath();
     // Runs come font by font; simple text reads from left to right.
     if (runs.size() > 1) {
         std::stable_sort(glyphs.begin(), glyphs.end(),
@@ -125,21 +131,23 @@ QPainterPath OutlineSource::glyph(const QRawFont &font, quint32 index)
     return known != glyphs.end() ? *known : *glyphs.insert(index, font.pathForGlyph(index));
 }
 
-const OutlineSource::Character &OutlineSource::character(const QFont &font, const QString &text)
-{
-    QHash<QString, Character> &characters = m_characters[font];
-    const auto known = characters.find(text);
-    if (known != characters.end())
-        return *known;
-    return *characters.insert(text, {textOutline(QPointF(0, 0), font, text),
-                                     QFontMetricsF(font).horizontalAdvance(text)});
-}
-
-QPainterPath OutlineSource::characterAt(const QPointF &pen, const QFont &font, const QString &text)
+QPainterPath OutlineSource::character(const QPointF &pen, const QFont &font, const QString &text)
 {
     if (!isWithinGrid(pen) || !isPlain(font))
         return textOutline(pen, font, text);
-    const QPainterPath &outline = character(font, text).outline;
+    QHash<QString, QPainterPath> &characters = m_characters[font];
+    auto known = characters.find(text);
+    if (known == characters.end())
+        known = characters.insert(text, textOutline(QPointF(0, 0), font, text));
     // Blanks leave an element behind that stands for no ink and has no place.
-    return outline.isEmpty() ? outline : outline.translated(onGrid(pen.x()), onGrid(pen.y()));
+    return known->isEmpty() ? *known : known->translated(onGrid(pen.x()), onGrid(pen.y()));
+}
+
+qreal OutlineSource::characterWidth(const QFont &font, const QString &text)
+{
+    QHash<QString, qreal> &widths = m_widths[font];
+    auto known = widths.find(text);
+    if (known == widths.end())
+        known = widths.insert(text, QFontMetricsF(font).horizontalAdvance(text));
+    return *known;
 }

@@ -10,32 +10,27 @@
 #include <QString>
 
 /// Makes the outlines of one layout; a glyph or an upright character that comes again is copied
-/// and not made again. Lives as long as the layout that it serves, so that what it keeps is bounded
+/// and not made again. Shapes text with the shaper that addText() itself uses. Lives as long as the layout that it serves, so that what it keeps is bounded
 /// by the text. The outlines are those of QPainterPath::addText(), to the last few bits.
 class OutlineSource
 {
 public:
-    /// A character that stands upright in a column.
-    struct Character {
-        QPainterPath outline; ///< with its pen at (0, 0)
-        qreal width = 0;      ///< as text
-    };
-
     /// Outline of \a text in \a font with its pen at \a pen.
     QPainterPath text(const QPointF &pen, const QFont &font, const QString &text);
 
-    /// \a text is one character.
-    const Character &character(const QFont &font, const QString &text);
+    /// Outline of \a text, one character, with its pen at \a pen.
+    QPainterPath character(const QPointF &pen, const QFont &font, const QString &text);
 
-    /// Outline of one character with its pen at \a pen.
-    QPainterPath characterAt(const QPointF &pen, const QFont &font, const QString &text);
+    /// Width of \a text, one character. Makes no outline.
+    qreal characterWidth(const QFont &font, const QString &text);
 
 private:
     QPainterPath fromGlyphs(const QPointF &pen, const QFont &font, const QString &text);
     QPainterPath glyph(const QRawFont &font, quint32 index);
 
     QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs;
-    QHash<QFont, QHash<QString, Character>> m_characters;
+    QHash<QFont, QHash<QString, QPainterPath>> m_characters; // with their pens at (0, 0)
+    QHash<QFont, QHash<QString, qreal>> m_widths;
 };
 
 /// QPainterPath::addText() as a value.

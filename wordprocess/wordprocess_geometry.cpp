@@ -118,6 +118,7 @@ void CWordProcess::updateTextPaths()
     QList<QPainterPath> paths;
     QList<QBrush> brushes;
     m_wordManager->textPaths(paths, brushes);
+    forgetLineEdges();
     const bool placeholder = toPlainText().isEmpty();
     {
         const std::lock_guard<PathsMutex> guard(
@@ -159,6 +160,7 @@ void CWordProcess::updatePosition(QGraphicsItem *item, const QRectF &sceneRect)
     setPos(sceneRect.topLeft(), false);
     m_wordManager->updatePosition(oldPos.x() - sceneRect.x(), oldPos.y() - sceneRect.y(),
                                   sceneRect.width(), sceneRect.height());
+    forgetLineEdges();
     setClientSize(sceneRect.size());
     updateAfterObjRectChanged(item, true);
     m_textOffset = mapFromScene(sceneAnchor); // the anchor stays where it was on the scene
@@ -255,8 +257,8 @@ bool CWordProcess::wordwrap2single(QPointF &textOffset)
 /// The point of the box to which its first line is aligned, as anchor of line text.
 QPointF CWordProcess::anchorOfFirstLine(const TextLayout &layout) const
 {
-    const int alignment = m_document->firstBlock().blockFormat().intProperty(
-        TextProperty::Alignment);
+    const QTextBlockFormat format = m_document->firstBlock().blockFormat();
+    const int alignment = format.property(TextProperty::Alignment).toInt();
     const bool hasLines = !layout.lines.isEmpty();
     const QFontMetricsF metrics(hasLines ? layout.lines.first().font
                                          : m_cursor->blockCharFormat().font());

@@ -130,7 +130,7 @@ void TestOutlines::characterIsThatOfAddText()
     for (const QPointF &pen : pens) {
         QPainterPath expected;
         expected.addText(pen, font, text);
-        QCOMPARE(differenceOf(source.characterAt(pen, font, text), expected), QString());
+        QCOMPARE(differenceOf(source.character(pen, font, text), expected), QString());
     }
 }
 
@@ -139,10 +139,10 @@ void TestOutlines::widthOfCharacterIsThatOfItsText()
     QFont font(loadBoxTestFont());
     font.setPixelSize(16);
     OutlineSource source;
-    QCOMPARE(source.character(font, QString::fromUtf8("永")).width, 16.0);
-    QCOMPARE(source.character(font, QStringLiteral("a")).width, 8.0);
+    QCOMPARE(source.characterWidth(font, QString::fromUtf8("永")), 16.0);
+    QCOMPARE(source.characterWidth(font, QStringLiteral("a")), 8.0);
     font.setPixelSize(32); // another font is another character
-    QCOMPARE(source.character(font, QStringLiteral("a")).width, 16.0);
+    QCOMPARE(source.characterWidth(font, QStringLiteral("a")), 16.0);
 }
 
 void TestOutlines::neighboursChangeSimpleCharactersByKerningOnly_data()
