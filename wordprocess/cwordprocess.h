@@ -18,6 +18,7 @@
 #include <QTextCharFormat>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QVector>
 
 #include <atomic>
 #include <functional>
@@ -29,6 +30,7 @@ class CTextObjectBase;
 class CWordManager;
 class QJsonArray;
 struct TextLayout;
+struct TextLine;
 
 #ifdef VX_THREAD_SANITIZER
 using PathsMutex = std::mutex; // the sanitizer does not see through QMutex
@@ -115,6 +117,22 @@ public:
     /// Leaves the picture that stands for the text and goes back to real text.
     void img2paths();
     void updateBoundsRectForImage2Path(const QPointF &pos, const QSizeF &size);
+
+    // mouse
+    /// The document position under a point of horizontal text; a point exactly between two is before the
+    /// character. Tells m_cursorAtLineEnd on which side of a wrap the point lies. Its cost grows with the line.
+    /// \param point  item coordinates with flip and mirror taken out; the stretch is taken out here
+    /// \return -1 where there is none, which only the older engine answers
+    int hCursorPosByMouse(const QPointF &point);
+    /// The same in vertical text.
+    int vCursorPosByMouse(const QPointF &point);
+    /// Selects the word at \a position with the blank behind it, or one mark or blank alone. The cursor
+    /// stays. Nothing for a position outside the text and on the older engine.
+    void doubleSelectText(int position);
+
+    // input method
+    /// Takes the preedit out of the document again; what is typed next keeps the format of the caret.
+    void cleanPreeditString();
 
     // keyboard: selection
     /// The position to which a motion key leads: Home, End or an arrow, by the lines of the layout. The present
@@ -263,12 +281,26 @@ public:
 
     // legacy layout
     void updateBoundingRectForOldVersion(bool argument);
+    int legacyPositionUnder(const QPointF &point);
+    void selectLegacyLine(int position);
     void horizontalPaint(QPainter *painter);
     void verticalPaint(QPainter *painter);
 
     // QObject and item events
     void timerEvent(QTimerEvent *event) override;
     void contextMenuEvent(QGraphicsSceneContextMenuEvent *event) override;
+    void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseReleaseEvent(QGraphicsSceneMouseEvent *event) override;
+    void mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event) override;
+    /// Takes no notice of \a event, which may be null.
+    void hoverEnterEvent(QGraphicsSceneHoverEvent *event) override;
+    void hoverMoveEvent(QGraphicsSceneHoverEvent *event) override;
+    void hoverLeaveEvent(QGraphicsSceneHoverEvent *event) override;
+    /// Puts composed text into the document as if it were typed: a preedit until the next event takes it out.
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    /// Where an input method shows its window: below the caret as it was painted last, item coordinates.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     /// Carries out every key of an edit, and accepts each; outside edit state the key is ignored.
     void keyPressEvent(QKeyEvent *event) override;
     bool sceneEvent(QEvent *event) override;
@@ -402,9 +434,29 @@ private:
     void dropMorphPaths();
     void applyStretchToBox();
 
+    // mouse
+    QVector<qreal> m_lineEdges; ///< of each line: how far down the flow of lines it and those before it reach
+    void forgetLineEdges() { m_lineEdges.clear(); }
+    QPointF textPoint(const QGraphicsSceneMouseEvent &event) const;
+    int positionUnder(const QGraphicsSceneMouseEvent &event);
+    const QVector<qreal> &lineEdges(const TextLayout &layout);
+    int positionInLines(qreal across, qreal along, Qt::Orientation orientation);
+    int positionInLine(const TextLine &line, qreal along, Qt::Orientation orientation);
+    void pressInEdit(const QGraphicsSceneMouseEvent &event);
+    void enterEditByPress(const QGraphicsSceneMouseEvent &event);
+    void enterEditByDoubleClick();
+    void deselectOtherObjects();
+    void takePressedPosition(int position);
+    void selectUpTo(int position);
+    bool isSeamPossible(int position) const;
+    void takeDrawnForm();
+    void announceNewObject();
+
     // input method
     /// Ends a composition: its text stays in the document as if it had been committed.
     void endComposition() { m_preeditString.clear(); }
+    /// The same in the middle of an edit, where the input method has to forget its preedit too.
+    void settleComposition();
 
     // keyboard
     struct KeyPress;

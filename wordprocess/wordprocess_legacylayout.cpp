@@ -6,3 +6,8 @@
 void CWordProcess::updateBoundingRectForOldVersion(bool /*argument*/) {}
 void CWordProcess::horizontalPaint(QPainter * /*painter*/) {}
 void CWordProcess::verticalPaint(QPainter * /*painter*/) {}
+int CWordProcess::legacyPositionUnder(const QPointF & /*point*/)
+{
+    return -1;
+}
+void CWordProcess::selectLegacyLine(int /*position*/) {}

@@ -4,13 +4,9 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "host/framework/iappframework.h"
+#include "wordprocess/hostdefaults.h"
 
 namespace {
-namespace Tool {
-constexpr int Text = 300;
-constexpr int HoverWhileEditing = 91;
-} // namespace Tool
-
 // A listener that answers every notification with a command would never let the first one return. Each level
 // multiplies what such a listener does.
 constexpr int deepestNotification = 3;
@@ -23,8 +19,7 @@ IObjectEventSink *eventSink()
 
 bool reportsHover(bool editing)
 {
-    IAppFramework *framework = GetFramework();
-    const int tool = framework ? framework->getCurrentTool() : 0;
+    const int tool = currentTool();
     return tool == Tool::Text || (tool == Tool::HoverWhileEditing && editing);
 }
 } // namespace
