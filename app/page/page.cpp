@@ -23,22 +23,44 @@ Page::~Page()
 
 void Page::addObject(CVXRootObject *object)
 {
+    insertObject(m_objects.size(), object);
+}
+
+void Page::insertObject(int index, CVXRootObject *object)
+{
     if (!object || m_objects.contains(object))
         return;
     object->setBelongPage(this);
-    object->setZorder(m_objects.size());
+    const int place = qBound(0, index, m_objects.size());
+    m_objects.insert(place, object);
+    numberObjects(place);
     m_scene.addItem(object->GetGraphicsItemPtr());
-    m_objects.append(object);
 }
 
 void Page::removeObject(CVXRootObject *object)
 {
-    if (!m_objects.removeOne(object))
-        return;
+    if (takeObject(object) >= 0)
+        object->Release();
+}
+
+int Page::takeObject(CVXRootObject *object)
+{
+    const int index = m_objects.indexOf(object);
+    if (index < 0)
+        return -1;
+    m_objects.removeAt(index);
     if (m_editing == object)
         m_editing = nullptr;
     m_scene.removeItem(object->GetGraphicsItemPtr());
-    object->Release();
+    numberObjects(index);
+    return index;
+}
+
+/// The list tells the order in which objects lie over each other.
+void Page::numberObjects(int from)
+{
+    for (int i = from; i < m_objects.size(); ++i)
+        m_objects.at(i)->setZorder(i);
 }
 
 void Page::setZoomRate(float zoom)

@@ -23,8 +23,13 @@ public:
     /// Puts \a object on the page, on top of those there. Null, or an object that is there already,
     /// does nothing.
     void addObject(CVXRootObject *object);
+    /// The same at place \a index among the objects, 0 for the lowest; out of range is brought within.
+    void insertObject(int index, CVXRootObject *object);
     /// Takes \a object from the page and releases it. An object that is not on the page: nothing.
     void removeObject(CVXRootObject *object);
+    /// Takes \a object from the page and hands it to the caller: for an undo step that may put it back.
+    /// \return the place it had, -1 when it is not on the page
+    int takeObject(CVXRootObject *object);
     /// Bottom object first.
     const QList<CVXRootObject *> &objects() const { return m_objects; }
 
@@ -48,6 +53,8 @@ public:
     void objectPreviewChanged(CVXRootObject *object) override;
 
 private:
+    void numberObjects(int from);
+
     Document *m_document;
     QGraphicsScene m_scene;
     QList<CVXRootObject *> m_objects;

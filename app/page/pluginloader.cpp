@@ -70,9 +70,9 @@ bool PluginLoader::resolveFactories(QLibrary &library)
     return true;
 }
 
-CVXRootObject *PluginLoader::createText(int id, IVxPage *page) const
+CVXRootObject *PluginLoader::createText(int id, IVxPage *page, bool finished) const
 {
-    return m_text ? m_text(0, id, true, page) : nullptr;
+    return m_text ? m_text(0, id, finished, page) : nullptr;
 }
 
 CVXRootObject *PluginLoader::createArtText(int id, IVxPage *page) const

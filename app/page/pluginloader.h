@@ -23,9 +23,10 @@ public:
     bool isLoaded() const { return m_text && m_artText; }
     QString errorString() const { return m_error; }
 
-    /// A new object that needs no drawing by the user; null unless loaded. The caller owns it and
-    /// ends it with CVXRootObject::Release(), or gives it to a Page.
-    CVXRootObject *createText(int id, IVxPage *page) const;
+    /// A new object; null unless loaded. The caller owns it and ends it with
+    /// CVXRootObject::Release(), or gives it to a Page.
+    /// \param finished false for an object that the user is about to draw
+    CVXRootObject *createText(int id, IVxPage *page, bool finished = true) const;
     CVXRootObject *createArtText(int id, IVxPage *page) const;
 
 private:
