@@ -92,6 +92,8 @@ void Page::setEditingObject(CVXRootObject *object, bool editing)
         m_editing = object;
     else if (m_editing == object)
         m_editing = nullptr;
+    if (m_watcher)
+        m_watcher->editingChanged(object, editing);
 }
 
 // Signals of the scene are held back while a batch is open: its observers then see the whole.
@@ -124,4 +126,12 @@ void Page::objectPreviewChanged(CVXRootObject *object)
 {
     if (m_objects.contains(object))
         object->GetGraphicsItemPtr()->update();
+    if (m_watcher)
+        m_watcher->objectChanged(object);
+}
+
+void Page::objectCreated(CVXRootObject *object)
+{
+    if (m_watcher)
+        m_watcher->objectDrawn(object);
 }

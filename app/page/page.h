@@ -9,6 +9,19 @@
 
 class Document;
 
+/// Hears what happens on a page. The calls come in the middle of changes: take note and look later.
+class IPageWatcher
+{
+public:
+    virtual ~IPageWatcher() = default;
+    /// \a object looks different.
+    virtual void objectChanged(CVXRootObject *object) = 0;
+    /// \a object has entered edit state or is leaving it.
+    virtual void editingChanged(CVXRootObject *object, bool editing) = 0;
+    /// The user has finished drawing \a object: the place to push the step of adding it.
+    virtual void objectDrawn(CVXRootObject *object) = 0;
+};
+
 /// Holds objects in a scene and answers what they ask their page. The page owns its objects: its end
 /// releases them, in the reverse order of their coming. GUI thread only.
 class Page : public IVxPage
@@ -40,6 +53,8 @@ public:
     /// \a zoom must be positive and finite, or nothing changes.
     void setZoomRate(float zoom);
     void setToolController(IToolController *controller) { m_tools = controller; }
+    /// \a watcher stays the caller's; null when no one listens.
+    void setWatcher(IPageWatcher *watcher) { m_watcher = watcher; }
 
     // IVxPage
     QList<CVXRootObject *> getSelectedObjects() override;
@@ -51,6 +66,7 @@ public:
     CUndoRedo *undoStack() override;
     float getCurZoomRate() override { return m_zoom; }
     void objectPreviewChanged(CVXRootObject *object) override;
+    void objectCreated(CVXRootObject *object) override;
 
 private:
     void numberObjects(int from);
@@ -60,6 +76,7 @@ private:
     QList<CVXRootObject *> m_objects;
     CVXRootObject *m_editing = nullptr;
     IToolController *m_tools = nullptr;
+    IPageWatcher *m_watcher = nullptr;
     float m_zoom = 1.0f;
     int m_batchDepth = 0;
 };
