@@ -483,7 +483,6 @@ private:
     void dropCursorSelection();
     void removeOneOrSelection(void (QTextCursor::*removeOne)(), bool isOne);
     void removeSelectionForInput();
-    void putCaret(int position);
     void extendSelection(int from, int to);
     void showStoredText();
     int positionBesideCaret(bool forward);

@@ -224,7 +224,7 @@ bool CWordProcess::keySelectAll(const KeyPress & /*press*/)
 
 bool CWordProcess::keyUndo(const KeyPress & /*press*/)
 {
-    endComposition();
+    settleComposition();
     m_document->undo();
     showStoredText();
     notifyTextOperation(TextOperationAttributes, {});
@@ -233,7 +233,7 @@ bool CWordProcess::keyUndo(const KeyPress & /*press*/)
 
 bool CWordProcess::keyRedo(const KeyPress & /*press*/)
 {
-    endComposition();
+    settleComposition();
     m_document->redo();
     showStoredText();
     notifyTextOperation(TextOperationAttributes, {});
@@ -255,6 +255,7 @@ bool CWordProcess::keyCut(const KeyPress & /*press*/)
 
 bool CWordProcess::keyPaste(const KeyPress & /*press*/)
 {
+    settleComposition();
     if (paste(/*newObject=*/false, /*rich=*/true)) // which lays out itself
         m_cursorAtLineEnd = false;
     return true;
@@ -265,6 +266,7 @@ bool CWordProcess::keyCommand(const KeyPress &press)
     const KeyCommand *command = keyCommandFor(press.event.key(), press.modifiers);
     if (command->boxOnly && !m_wordWrap)
         return false;
+    settleComposition();
     CommandedText text{{}, m_textOrientation == Qt::Horizontal};
     if (command->change.readsPresent)
         getAllAttributes(text.present);
@@ -279,9 +281,10 @@ bool CWordProcess::keyCommand(const KeyPress &press)
 /// Deliberate: to the ends of the paragraph, not of the document, and never with a selection.
 bool CWordProcess::keyBlockEdge(const KeyPress &press)
 {
+    settleComposition();
     const QTextBlock block = m_cursor->block();
     const bool toStart = press.event.key() == Qt::Key_Home;
-    putCaret(toStart ? block.position() : block.position() + block.length() - 1);
+    m_cursor->setPosition(toStart ? block.position() : block.position() + block.length() - 1);
     m_selStart = m_selEnd = m_cursor->position();
     m_cursorAtLineEnd = false;
     notifyTextOperation(TextOperationAttributes, {});
@@ -302,6 +305,7 @@ bool CWordProcess::keyDelete(const KeyPress & /*press*/)
 
 bool CWordProcess::keyReturn(const KeyPress & /*press*/)
 {
+    settleComposition();
     removeSelectionForInput();
     {
         const EditBlock step(*m_cursor);
@@ -327,6 +331,7 @@ bool CWordProcess::keyText(const KeyPress &press)
     QString text = typedText(press.event);
     if (text.isEmpty())
         return true;
+    settleComposition();
     QTextCharFormat format = m_cursor->charFormat();
     int start = 0;
     int end = 0;
@@ -347,6 +352,7 @@ bool CWordProcess::keyText(const KeyPress &press)
 
 bool CWordProcess::keyMotion(const KeyPress &press)
 {
+    settleComposition();
     const int from = m_cursor->position();
     const int to = cursorMove(static_cast<Qt::Key>(press.event.key()));
     if (press.isShifted()) {
@@ -357,7 +363,7 @@ bool CWordProcess::keyMotion(const KeyPress &press)
         return true;
     }
     m_selEnd = m_selStart;
-    putCaret(to);
+    m_cursor->setPosition(to);
     if (to != from)
         notifyTextOperation(TextOperationAttributes, {});
     return true;
@@ -365,7 +371,6 @@ bool CWordProcess::keyMotion(const KeyPress &press)
 
 void CWordProcess::extendSelection(int from, int to)
 {
-    endComposition();
     if (!hasSelection() || m_selAnchor < 0)
         m_selAnchor = from;
     const int anchor = qMin(m_selAnchor, m_document->characterCount() - 1);
@@ -410,19 +415,12 @@ int CWordProcess::cursorMove(Qt::Key key)
 int CWordProcess::positionBesideCaret(bool forward)
 {
     QTextCursor beside(*m_cursor);
+    beside.setPosition(m_cursor->position()); // from a selection it would go to an end of it
     const bool moved = beside.movePosition(forward ? QTextCursor::NextCharacter
                                                    : QTextCursor::PreviousCharacter);
     if (moved && m_newVersion)
         m_cursorAtLineEnd = false;
     return beside.position();
-}
-
-/// Moves the caret without a selection. A composition that it leaves is over.
-void CWordProcess::putCaret(int position)
-{
-    if (position != m_cursor->position())
-        endComposition();
-    m_cursor->setPosition(position);
 }
 
 /// Lays out what a key has made of the text.
@@ -434,7 +432,7 @@ void CWordProcess::showStoredText()
 
 void CWordProcess::selectAll()
 {
-    endComposition();
+    settleComposition();
     m_selAnchor = 0;
     m_selStart = 0;
     m_selEnd = m_document->characterCount() - 1;
@@ -481,7 +479,6 @@ void CWordProcess::dropCursorSelection()
 /// Makes room for what is put in at the caret.
 void CWordProcess::removeSelectionForInput()
 {
-    endComposition();
     removeSelectedText();
     dropCursorSelection();
 }
@@ -489,10 +486,10 @@ void CWordProcess::removeSelectionForInput()
 /// Removes the selection; without one, what \a removeOne removes, where \a isOne says that there is something.
 void CWordProcess::removeOneOrSelection(void (QTextCursor::*removeOne)(), bool isOne)
 {
+    settleComposition();
     if (hasSelection()) {
         removeSelectedText();
     } else if (isOne) {
-        endComposition();
         dropCursorSelection();
         (m_cursor->*removeOne)();
     }
