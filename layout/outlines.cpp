@@ -24,9 +24,6 @@ constexpr CodeRange simpleRanges[] = {
     {0xAC00, 0xD7A3}, {0xF900, 0xFAD9}, {0xFF01, 0xFFDC},
 };
 
-// Texts shorter than this are not worth the shaping on top.
-constexpr int shortText = 3;
-
 // Glyphs stand on a grid of 1/64 pixel, cut off toward zero, within the range of 26.6 fixed point.
 constexpr qreal gridLimit = 1 << 24;
 
@@ -74,7 +71,7 @@ QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &t
 QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QString &text)
 {
     // Left of 0 each script's part of the text would be cut off on its own.
-    if (text.length() < shortText || pen.x() < 0 || !isWithinGrid(pen) || !isPlain(font)
+    if (text.isEmpty() || pen.x() < 0 || !isWithinGrid(pen) || !isPlain(font)
         || !std::all_of(text.begin(), text.end(), standsForItself))
         return textOutline(pen, font, text);
     const QPainterPath outline = fromGlyphs(pen, font, text);

@@ -33,3 +33,6 @@ picture japanese --text samples/japanese.txt --font "Noto Serif CJK JP" --size 1
     --box 640x400 --align justify-left --head-tail strict
 picture selection --text samples/column.txt --font "Noto Serif" --size 13 --box 420x300 --select 60:330
 picture underlines --document samples/underlines.json --box 640x600
+picture page samples/page.json
+picture missing-font samples/missing-font.json
+picture replaced-font samples/missing-font.json --replace-font "Belltower Script=Noto Serif"
