@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// attributecommand.h -- one call of CWordProcess::setAllAttributes(), for the two files that carry it out.
+// attributecommand.h -- one call of CWordProcess::setAllAttributes(), for the two files that carry it out: the whole in
+// wordprocess_attributecommands.cpp, the keys in wordprocess_commandformats.cpp.
 #ifndef ATTRIBUTECOMMAND_H
 #define ATTRIBUTECOMMAND_H
 
@@ -46,14 +47,17 @@ struct CWordProcess::AttributeCommand {
         : object(commanded)
         , attributes(map)
         , withUndo(undo)
-        , records(undo && !map.value(AttributeKey::Initialise).toBool())
+        , fromInputMethod(map.contains(AttributeKey::InputMethod))
+        , records(undo && !fromInputMethod && !map.value(AttributeKey::Initialise).toBool())
     {
     }
     bool run();
 
 private:
-    bool takeWordWrap();
-    bool turnIntoLineText();
+    void takeStartOfStep();
+    enum class Progress { GoesOn, IsOver };
+    Progress takeWordWrap();
+    Progress turnIntoLineText();
     void takeText();
     void takeDefaultWord();
     bool isLetterSpacingOfOneCharacter() const;
@@ -80,8 +84,10 @@ private:
     CWordProcess &object;
     const AttributeMap attributes; ///< a copy: listeners may change theirs before the call returns
     const bool withUndo;
-    const bool records; ///< a step is recorded when anything changes
-    QString before;     ///< the state that such a step goes back to
+    const bool fromInputMethod; ///< nothing is recorded, nobody is told, the layout follows later
+    const bool records;         ///< a step is recorded when anything changes
+    QString before;             ///< the state that such a step goes back to
+    StepStart stepStart = StepStart::Present;
     bool wrapKey = false;
     bool changed = false;
     bool layoutIsStale = false; ///< more than a format at the caret has changed

@@ -185,6 +185,10 @@ public:
     /// Rebuilds the object from a document string, in edit state or out of it, and lays it out. A string that
     /// cannot be read leaves the document. \param notify tells listeners and the thumbnail
     void undoRedo(const QString &data, bool notify);
+    /// What a step on the host's stack does, either way: undoRedo() with notice. An open edit begins anew there.
+    /// \return the state with what listeners have commanded of this object meanwhile, which belongs to the
+    /// step; null when they have not
+    QString carryOutStep(const QString &data);
 
     // warping
     /// Makes the warped paths anew when a warp is set.
@@ -268,7 +272,8 @@ public:
     bool getAllAttributes(AttributeMap &attributes) override;
 
     // properties
-    /// Carries out the command \a number with the arguments in \a stream; nothing when they are incomplete.
+    /// Carries out the command \a number with the arguments in \a stream; nothing when they are incomplete, but
+    /// a new object whose first text is missing is finished all the same. An old status of \a stream is reset.
     /// \return true for a number of our own, otherwise the host's answer
     bool SetSpecialProperty(int number, QDataStream &stream, bool flag) override;
     /// Writes the answer to \a number into \a stream. \return as above
@@ -276,7 +281,8 @@ public:
 
     // notifications
     /// Tells the host's sink an operation of kind \a operation; \a map counts for the last two kinds only.
-    /// Nothing is sent without values, nor from within more than eight notifications.
+    /// Nothing is sent without values, nor from within three notifications: one of kind 0 makes up for all that
+    /// this leaves out, once the outermost of the three has returned.
     void notifyTextOperation(EnumTextOperation operation, const AttributeMap &map);
 
     // legacy layout
@@ -498,6 +504,16 @@ private:
         endComposition();
         return serialize(false);
     }
+    /// Where a step starts from: the state ahead of a command, or what m_fontReplaceData held.
+    enum class StepStart { Present, Held };
+    int m_stepsAtWork = 0;          ///< steps of this object that are rebuilding it now
+    bool m_stepHasGrown = false;    ///< a listener has commanded something that belongs to the innermost of them
+    bool m_heldAheadOfEdit = false; ///< m_fontReplaceData is older than the start of the edit
+    QString m_waitingStep;          ///< start of a step that no stack could take yet; empty for none
+    void pushStep(const QString &before, const QString &after, StepStart origin);
+    void pushLater(const QString &before);
+    void pushWaitingStep(const QString &end);
+    void startEditHere();
     void adoptWordWrap(bool wasWrapped);
     void leaveFontImageOfOldVersion();
     void returnToFontImage();
@@ -550,11 +566,14 @@ private:
     void setFirstText(QDataStream &stream);
     void setPlacedText(QDataStream &stream);
     void takePlacement(const PlacedText &text);
-    void layOutPlacedText();
+    void layOutPlacedText(const PlacedText &text);
     void setReplacedText(QDataStream &stream);
 
     // notifications
     int m_notificationDepth = 0;
+    bool m_notificationLeftOut = false; ///< too many were under way
+    bool m_quiet = false;               ///< a command of the input method is under way: nobody is told
+    void sendTextOperation(EnumTextOperation operation, const AttributeMap &map);
     AttributeMap textOperationMap(EnumTextOperation operation, const AttributeMap &map);
 };
 

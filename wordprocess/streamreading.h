@@ -5,13 +5,14 @@
 
 #include <QDataStream>
 
-/// Reads \a values one after the other. \return false for a stream that ends early or has no device:
-/// what has been read then does not count.
+/// Reads \a values one after the other; what befell the stream before does not count.
+/// \return false for a stream that ends early or has no device: what has been read is of no use then
 template<typename... Values>
 bool readAll(QDataStream &stream, Values &...values)
 {
     if (!stream.device())
         return false;
+    stream.resetStatus();
     (stream >> ... >> values);
     return stream.status() == QDataStream::Ok;
 }

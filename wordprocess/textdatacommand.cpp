@@ -4,8 +4,6 @@
 
 #include "wordprocess/cwordprocess.h"
 
-int CTextDataCommand::s_stepsAtWork = 0;
-
 CTextDataCommand::CTextDataCommand(CWordProcess *object, const QString &before,
                                    const QString &after, QUndoCommand *parent)
     : CWbUndoCmd(parent)
@@ -26,10 +24,12 @@ void CTextDataCommand::redo()
     rebuildFrom(m_redoData);
 }
 
-void CTextDataCommand::rebuildFrom(const QString &data)
+void CTextDataCommand::rebuildFrom(QString &data)
 {
-    ++s_stepsAtWork;
-    if (auto *object = dynamic_cast<CWordProcess *>(m_object)) // null once the object has gone
-        object->undoRedo(data, /*notify=*/true);
-    --s_stepsAtWork;
+    auto *object = dynamic_cast<CWordProcess *>(m_object); // null once the object has gone
+    if (!object)
+        return;
+    const QString grown = object->carryOutStep(data);
+    if (!grown.isNull())
+        data = grown;
 }

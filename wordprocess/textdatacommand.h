@@ -21,16 +21,12 @@ public:
     void undo() override;
     void redo() override;
 
-    /// A step is at work, and whoever listens to its object may command something now. No stack stands a
-    /// push then: it would take away the step that it is in the middle of.
-    static bool isAtWork() { return s_stepsAtWork > 0; }
-
 private:
-    void rebuildFrom(const QString &data);
+    /// Rebuilds the object from \a data, which takes in what listeners command of it meanwhile.
+    void rebuildFrom(QString &data);
 
     QString m_undoData;
     QString m_redoData;
-    static int s_stepsAtWork; ///< of the one thread that runs steps
 };
 
 #endif

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
-// wordprocess_attributecommands.cpp -- CWordProcess: the attribute map that a host gives.
-// Changes: text, formats, form, orientation, default word; records a step or rebuilds the object.
+// wordprocess_attributecommands.cpp -- CWordProcess: the attribute map that a host gives, the first half of
+// AttributeCommand: the order of a command, form, text and default word, and where the change ends.
+// Changes: text, form, default word, the layout; records a step or rebuilds the object.
 #include "wordprocess/attributecommand.h"
 
 #include "layout/units.h"
 #include "layout/wordmanager.h"
+
+#include <QScopedValueRollback>
 
 bool CWordProcess::setAllAttributes(const AttributeMap &attributes, bool withUndo)
 {
@@ -13,14 +16,11 @@ bool CWordProcess::setAllAttributes(const AttributeMap &attributes, bool withUnd
 
 bool CWordProcess::AttributeCommand::run()
 {
-    const bool fromInputMethod = attributes.contains(AttributeKey::InputMethod);
-    if (!fromInputMethod)
-        object.endComposition();
+    const QScopedValueRollback<bool> quiet(object.m_quiet, object.m_quiet || fromInputMethod);
     if (records)
-        before = object.m_fontReplaceData.isEmpty() ? object.serialize(false)
-                                                    : object.m_fontReplaceData;
+        takeStartOfStep();
     changed = object.CVXRootObject::setAllAttributes(attributes, withUndo);
-    if (takeWordWrap())
+    if (takeWordWrap() == Progress::IsOver)
         return true;
     takeText();
     takeDefaultWord();
@@ -33,36 +33,54 @@ bool CWordProcess::AttributeCommand::run()
         return true;
     layoutIsStale = layoutIsStale || blockChanged;
     changed = changed || blockChanged || charChanged;
-    return changed && finish();
+    if (changed)
+        return finish();
+    if (layoutIsStale) // an orientation that stays has hidden the change
+        object.updateBoundingRectImpl(true);
+    return false;
 }
 
-/// \return true when the text has become line text: everything is rebuilt then, and the other keys of the
-/// map do not count
-bool CWordProcess::AttributeCommand::takeWordWrap()
+void CWordProcess::AttributeCommand::takeStartOfStep()
+{
+    object.endComposition(); // none is open in a step
+    if (object.m_fontReplaceData.isEmpty()) {
+        before = object.serialize(false);
+        return;
+    }
+    before = object.m_fontReplaceData;
+    stepStart = StepStart::Held;
+}
+
+/// The command is over when the text has become line text: everything is rebuilt then, and the other keys
+/// of the map do not count.
+CWordProcess::AttributeCommand::Progress CWordProcess::AttributeCommand::takeWordWrap()
 {
     const auto value = attributes.constFind(AttributeKey::WordWrap);
     if (value == attributes.constEnd())
-        return false;
+        return Progress::GoesOn;
     const bool wrapped = value->toBool();
-    object.m_autoWordWrap = attributes.value(AttributeKey::AutoWordWrap).toBool();
+    const bool follows = attributes.value(AttributeKey::AutoWordWrap).toBool();
+    if (wrapped && follows != object.m_autoWordWrap)
+        layoutIsStale = true; // the box follows its text from now on, or no longer
+    object.m_autoWordWrap = follows;
     wrapKey = true;
     changed = true;
     if (wrapped == object.m_wordWrap)
-        return false;
+        return Progress::GoesOn;
     if (!wrapped)
         return turnIntoLineText();
     object.m_wordWrap = true;
     object.m_wordManager->setWordWrap(true);
     object.updateControlHandles();
     layoutIsStale = true;
-    return false;
+    return Progress::GoesOn;
 }
 
-bool CWordProcess::AttributeCommand::turnIntoLineText()
+CWordProcess::AttributeCommand::Progress CWordProcess::AttributeCommand::turnIntoLineText()
 {
     QPointF anchor;
     if (!object.wordwrap2single(anchor))
-        return false;
+        return Progress::GoesOn;
     object.m_textOffset = anchor;
     object.m_wordWrap = false;
     object.m_wordManager->setWordWrap(false);
@@ -73,7 +91,7 @@ bool CWordProcess::AttributeCommand::turnIntoLineText()
     object.m_transformScaleY = 1.0;
     recordOrRebuild();
     object.updateControlHandles();
-    return true;
+    return Progress::IsOver;
 }
 
 void CWordProcess::AttributeCommand::takeText()
@@ -110,12 +128,17 @@ bool CWordProcess::AttributeCommand::setLetterSpacingOfOneCharacter()
 {
     object.setCharLetterSpacing(finiteReal(attributes.value(AttributeKey::LetterSpacing)));
     if (withUndo)
-        object.pushUndoRedo(before, object.serialize(false));
+        object.pushStep(before, object.serialize(false), stepStart);
     else
         object.updateBoundingRectImpl(false);
     return withUndo;
 }
 
+/// Where a change ends:
+///   outside edit state, or with a selection   a step, or rebuilt without one
+///   at a caret, with a step, and with a form  a step
+///   at a caret otherwise                      shown; what is typed there belongs to the step of the edit
+/// \return whether a step was wanted
 bool CWordProcess::AttributeCommand::finish()
 {
     const bool rebuilds = !object.m_editing || hasSelection();
@@ -133,9 +156,9 @@ void CWordProcess::AttributeCommand::recordOrRebuild()
 {
     const QString after = object.serialize(false);
     if (records)
-        object.pushUndoRedo(before, after);
+        object.pushStep(before, after, stepStart);
     else
-        object.undoRedo(after, true);
+        object.undoRedo(after, /*notify=*/!fromInputMethod);
 }
 
 /// A format at the caret is for what is typed next: the text that results is recorded with the edit.

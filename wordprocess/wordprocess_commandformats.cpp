@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// wordprocess_commandformats.cpp -- CWordProcess: what each key of a given attribute map asks for.
+// wordprocess_commandformats.cpp -- CWordProcess: what each key of a given attribute map asks for, the second
+// half of AttributeCommand: the table of keys and their effects.
 // Changes: the two formats that the command gathers; a few keys change the object at once.
 #include "wordprocess/attributecommand.h"
 

@@ -86,11 +86,12 @@ void CWordProcess::Release()
         CVXRootObject::Release();
         return;
     }
-    // A listener ends the object in the middle of a call: it leaves the page now and goes after that call.
+    // A listener ends the object in the middle of a call: it leaves the page now and goes after that call, which
+    // a listener with an event loop of its own may keep from returning.
     if (scene())
         scene()->removeItem(this);
     QMetaObject::invokeMethod(
-        this, [this] { CVXRootObject::Release(); }, Qt::QueuedConnection);
+        this, [this] { CWordProcess::Release(); }, Qt::QueuedConnection);
 }
 
 bool CWordProcess::canDo(OperationType operation)
@@ -170,8 +171,7 @@ void CWordProcess::beginEdit()
         const QScopedValueRollback<bool> guard(m_changingEditState, true);
         takeEditAppearance();
         endComposition();
-        m_editStartText = toPlainText();
-        m_editStartData = serialize(false);
+        startEditHere();
         if (m_editing)
             return;
         prepareGeometryChange(); // the bounds of an edited box are its own
@@ -250,11 +250,14 @@ void CWordProcess::leaveEditAppearance()
     m_otherParams[dashedFrame] = false;
 }
 
-/// The end of every road on which an object comes with its text: no drawing by hand, no edit.
+/// The end of every road on which an object comes with its text: no drawing by hand, no edit. One that is
+/// open ends here, and its step takes the text in.
 void CWordProcess::finishNewObject()
 {
-    setTextInteractionFlags(Qt::NoTextInteraction);
     m_created = true;
+    if (m_editing)
+        endEdit();
+    setTextInteractionFlags(Qt::NoTextInteraction);
     updateBoundingRectImpl(true);
     QDataStream nothing;
     SetSpecialProperty(fontImagePosition, nothing, false);

@@ -74,13 +74,14 @@ struct CWordProcess::PlacedText {
 void CWordProcess::setFirstText(QDataStream &stream)
 {
     QString text;
-    if (readAll(stream, text)) {
-        dropCursorSelection();
-        takeDefaultLook();
-        m_cursor->insertText(Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text);
-    }
+    if (!readAll(stream, text))
+        text.clear(); // the object is finished whatever has arrived
+    endComposition();
+    dropCursorSelection();
+    takeDefaultLook();
+    m_cursor->insertText(Qt::mightBeRichText(text) ? getPlainTextFromHtmlText(text) : text);
     m_defaultWord = defaultInputWord();
-    finishNewObject(); // whatever has arrived
+    finishNewObject();
 }
 
 void CWordProcess::setPlacedText(QDataStream &stream)
@@ -100,13 +101,15 @@ void CWordProcess::setPlacedText(QDataStream &stream)
     m_wordManager->setWordWrap(m_wordWrap); // the document string may have set the flag
     fontExists(document);
 
-    m_fontImage = getTempValue(temporaryImage).value<QImage>();
-    m_fontImagePos = text.pos;
-    m_fontImageSize = m_fontImage.isNull() ? QSizeF(0, 0) : QSizeF(m_fontImage.size());
-    if (m_fontImage.isNull())
-        layOutPlacedText();
-    else
+    const QImage image = getTempValue(temporaryImage).value<QImage>();
+    if (image.isNull()) { // the object keeps the picture that it has
+        layOutPlacedText(text);
+    } else {
+        m_fontImage = image;
+        m_fontImagePos = text.pos;
+        m_fontImageSize = image.size();
         showFontImage(document);
+    }
     setControlPointDisable(false);
     setHandlesDisable(CObjAction::ACT_Rotate, false);
     m_fontImageDropped = true;
@@ -139,14 +142,20 @@ void CWordProcess::takePlacement(const PlacedText &text)
     }
 }
 
-/// Without a picture the text itself stands where the picture would, turned like it.
-void CWordProcess::layOutPlacedText()
+/// Without a picture a box stands where the picture would, turned like it; line text has its anchor where the
+/// matrix says.
+void CWordProcess::layOutPlacedText(const PlacedText &text)
 {
     m_showFontImage = false;
     rotateObj(-rotation(), false);
-    setPos(m_fontImagePos, false);
+    setPos(text.pos, false);
     updateBoundingRectImpl(true);
     rotateObj(m_fontImageRotation, false);
+    if (m_wordWrap)
+        return;
+    const QTransform actual = getTextTransform();
+    const QPointF way(text.placement.dx() - actual.dx(), text.placement.dy() - actual.dy());
+    setPos(getPos() + way, false);
 }
 
 /// Puts one run of the first character's format, in a paragraph of the first one's, in place of all text.

@@ -6,6 +6,8 @@
 #include "host/framework/iappframework.h"
 #include "wordprocess/hostdefaults.h"
 
+#include <QScopedValueRollback>
+
 namespace {
 // A listener that answers every notification with a command would never let the first one return. Each level
 // multiplies what such a listener does.
@@ -26,8 +28,25 @@ bool reportsHover(bool editing)
 
 void CWordProcess::notifyTextOperation(EnumTextOperation operation, const AttributeMap &map)
 {
+    if (m_quiet)
+        return;
+    if (m_notificationDepth >= deepestNotification) {
+        m_notificationLeftOut = true;
+        return;
+    }
+    sendTextOperation(operation, map);
+    if (m_notificationDepth > 0 || !m_notificationLeftOut)
+        return;
+    // The one that makes up for those left out is sent as from the deepest level: its answers go untold.
+    const QScopedValueRollback<int> depth(m_notificationDepth, deepestNotification);
+    sendTextOperation(TextOperationAttributes, {});
+    m_notificationLeftOut = false;
+}
+
+void CWordProcess::sendTextOperation(EnumTextOperation operation, const AttributeMap &map)
+{
     IObjectEventSink *sink = eventSink();
-    if (!sink || m_notificationDepth >= deepestNotification) // without a listener nothing is built
+    if (!sink) // without a listener nothing is built
         return;
     AttributeMap values = textOperationMap(operation, map);
     if (values.isEmpty())

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // wordprocess_properties.cpp -- CWordProcess: the numbered properties, both ways.
 // Setting one changes what its name says; asking for one changes nothing. A stream that ends before the
-// arguments of a command are complete commands nothing.
+// arguments of a command are complete commands nothing, except that a first text is empty then.
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textlayout.h"
@@ -146,15 +146,15 @@ void CWordProcess::Properties::paste(CWordProcess &object, QDataStream &in)
 }
 
 /// The document's resolution has changed, and with it the pictures by two factors: where these are 1 the
-/// text keeps its pixels, otherwise its points.
+/// text keeps its pixels, otherwise its points. A resolution that no document has leaves the old one in force.
 void CWordProcess::Properties::documentDpi(CWordProcess &object, QDataStream &in)
 {
     int dpi = 0;
     double factorX = 0;
     double factorY = 0;
-    if (!readAll(in, dpi, factorX, factorY) || acceptedDpi(dpi, object.m_documentDpi) != dpi)
+    if (!readAll(in, dpi, factorX, factorY))
         return;
-    object.m_documentDpi = dpi;
+    object.m_documentDpi = acceptedDpi(dpi, object.m_documentDpi);
     if (factorX == 1.0 && factorY == 1.0)
         object.refreshFontPixel2Point();
     else
@@ -185,7 +185,7 @@ void CWordProcess::setWarp(QDataStream &stream)
     m_warpVerticalValue = finiteOrZero(verticalValue);
     m_warpOrientation = orientation;
     if (commit)
-        pushUndoRedo(std::exchange(m_fontReplaceData, QString()), stateForUndo());
+        pushStep(std::exchange(m_fontReplaceData, QString()), stateForUndo(), StepStart::Held);
     else if (!m_editing) // text is edited unwarped: there is nothing to preview
         updateMorphTextPaths();
 }
@@ -210,7 +210,7 @@ void CWordProcess::replaceFont(QDataStream &stream)
         m_replacedFonts.append(from);
     fontReplace(from, to, again);
     if (mode == QLatin1String("confirm"))
-        pushUndoRedo(std::exchange(m_fontReplaceData, QString()), stateForUndo());
+        pushStep(std::exchange(m_fontReplaceData, QString()), stateForUndo(), StepStart::Held);
     else // a preview
         undoRedo(stateForUndo(), false);
 }
@@ -218,8 +218,10 @@ void CWordProcess::replaceFont(QDataStream &stream)
 /// Keeps the state that a replacement, or a drag of a slider, goes back to.
 void CWordProcess::holdReplaceData()
 {
-    if (m_fontReplaceData.isEmpty())
-        m_fontReplaceData = stateForUndo();
+    if (!m_fontReplaceData.isEmpty())
+        return;
+    m_fontReplaceData = stateForUndo();
+    m_heldAheadOfEdit = false;
 }
 
 void CWordProcess::restoreReplaceData()

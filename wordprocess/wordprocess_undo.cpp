@@ -11,6 +11,9 @@
 
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QScopedValueRollback>
+
+#include <utility>
 
 namespace {
 /// True when two document strings hold the same text in the same formats, wherever the caret stands.
@@ -24,24 +27,86 @@ bool haveSameContent(const QString &a, const QString &b)
     }
     return true;
 }
+
+/// The stacks that are in the middle of a step of ours, innermost last. Steps run on one thread.
+QVector<const CUndoRedo *> stacksAtWork;
+
+bool isAtWork(const CUndoRedo *stack)
+{
+    return stacksAtWork.contains(stack);
+}
 } // namespace
 
 void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
 {
-    if (CTextDataCommand::isAtWork()) { // what a listener commands meanwhile belongs to that step
+    pushStep(before, after, StepStart::Present);
+}
+
+void CWordProcess::pushStep(const QString &before, const QString &after, StepStart origin)
+{
+    if (m_stepsAtWork > 0) { // what a listener commands meanwhile belongs to that step
+        m_stepHasGrown = true;
         undoRedo(after, /*notify=*/true);
         return;
     }
     const bool withinEdit = m_editing && !m_editStartData.isEmpty();
+    // A state that was held before the edit began knows nothing of what was typed.
+    const bool mayBeTyped = withinEdit && !(origin == StepStart::Held && m_heldAheadOfEdit);
     // Deliberate: what was typed ahead of a command becomes a step of its own. Otherwise the step of the edit
     // would reach back over that of the command, and undoing both would bring the typed text back.
-    if (withinEdit && !haveSameContent(before, m_editStartData))
-        undoStack()->push(new CTextDataCommand(this, m_editStartData, before));
-    undoStack()->push(new CTextDataCommand(this, before, after)); // runs undoRedo(after) at once
-    if (withinEdit && m_editing) { // the step of the edit begins here now
-        m_editStartText = toPlainText();
-        m_editStartData = serialize(false);
+    const bool wasTyped = mayBeTyped && !haveSameContent(before, m_editStartData);
+    const QString first = wasTyped ? m_editStartData : before;
+    if (isAtWork(undoStack())) { // with a step of another object
+        pushLater(first);
+        undoRedo(after, /*notify=*/true);
+        if (withinEdit && m_editing)
+            startEditHere();
+        return;
     }
+    pushWaitingStep(first);
+    if (wasTyped)
+        undoStack()->push(new CTextDataCommand(this, first, before));
+    undoStack()->push(new CTextDataCommand(this, before, after)); // runs carryOutStep(after) at once
+}
+
+QString CWordProcess::carryOutStep(const QString &data)
+{
+    const QScopedValueRollback<int> working(m_stepsAtWork, m_stepsAtWork + 1);
+    const QScopedValueRollback<bool> grown(m_stepHasGrown, false);
+    stacksAtWork.append(undoStack());
+    undoRedo(data, /*notify=*/true);
+    stacksAtWork.removeLast();
+    return m_stepHasGrown ? stateForUndo() : QString();
+}
+
+/// A stack in the middle of a step takes no other: it would lose the one that it is at. A step from \a before to
+/// what stands then is pushed as soon as the calls in progress have returned.
+void CWordProcess::pushLater(const QString &before)
+{
+    if (m_waitingStep.isEmpty())
+        m_waitingStep = before;
+    QMetaObject::invokeMethod(
+        this, [this] { pushWaitingStep(stateForUndo()); }, Qt::QueuedConnection);
+}
+
+void CWordProcess::pushWaitingStep(const QString &end)
+{
+    if (m_waitingStep.isEmpty())
+        return;
+    if (m_stepsAtWork > 0 || isAtWork(undoStack())) {
+        pushLater(m_waitingStep);
+        return;
+    }
+    const QString before = std::exchange(m_waitingStep, QString());
+    undoStack()->push(new CTextDataCommand(this, before, end));
+}
+
+/// What is typed from now on is the edit.
+void CWordProcess::startEditHere()
+{
+    m_editStartText = toPlainText();
+    m_editStartData = serialize(false);
+    m_heldAheadOfEdit = !m_fontReplaceData.isEmpty();
 }
 
 void CWordProcess::undoRedo(const QString &data, bool notify)
@@ -72,6 +137,9 @@ void CWordProcess::undoRedo(const QString &data, bool notify)
         img2paths();
     else
         leaveFontImageOfOldVersion();
+
+    if (m_stepsAtWork > 0 && m_editing)
+        startEditHere(); // the step has recorded the rest
 
     notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
     if (notify) {

@@ -53,7 +53,7 @@ private Q_SLOTS:
     // resolution
     void resolutionKeepsPixelsOrPoints_data();
     void resolutionKeepsPixelsOrPoints();
-    void refusedResolutionChangesNothing();
+    void refusedResolutionLeavesTheOldOneInForce();
 
     // fonts
     void previewReplacesWithoutAStep();
@@ -86,14 +86,22 @@ private Q_SLOTS:
     // whatever comes in
     void shortStreamsCommandNothing_data();
     void shortStreamsCommandNothing();
-    void strangeNumbersInStreams_data() { shortStreamsCommandNothing_data(); }
+    void shortFirstTextFinishesTheObject_data();
+    void shortFirstTextFinishesTheObject();
+    void firstTextEndsAnEdit_data();
+    void firstTextEndsAnEdit();
+    void spentStreamIsReadAgain();
+    void strangeNumbersInStreams_data() { streamRows(); }
     void strangeNumbersInStreams();
     void absurdLengths_data();
     void absurdLengths();
     void streamsWithoutDevice();
-    void listenersCallBackFromCommands_data() { shortStreamsCommandNothing_data(); }
+    void listenersCallBackFromCommands_data() { streamRows(); }
     void listenersCallBackFromCommands();
     void listenersCommandDuringUndo();
+
+private:
+    void streamRows();
 };
 
 namespace {
@@ -212,6 +220,13 @@ QString bodyOf(const QString &text)
             json.remove(name);
     }
     return QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact));
+}
+
+bool isUnderlined(const OpenWord &word)
+{
+    QTextCursor cursor(word.m_document);
+    cursor.setPosition(1);
+    return cursor.charFormat().fontUnderline();
 }
 
 QByteArray warpStream(int style, double value, bool commit)
@@ -712,18 +727,21 @@ void TestProperties::resolutionKeepsPixelsOrPoints()
     QCOMPARE(text.word.m_scaleX, 1.0);
 }
 
-void TestProperties::refusedResolutionChangesNothing()
+void TestProperties::refusedResolutionLeavesTheOldOneInForce()
 {
     Text text;
     const QString start = text.string();
     for (int dpi :
          {0, -1, 9601, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
-        for (double factor : {1.0, 2.0})
+        for (double factor : {1.0, 2.0}) {
+            text.word.forgetCalls();
             QVERIFY(give(text.word, 110, bytesOf(dpi, factor, factor)));
+            QVERIFY(!text.word.changes.isEmpty()); // laid out all the same
+        }
         QCOMPARE(text.word.m_documentDpi, 96);
         QCOMPARE(text.string(), start);
     }
-    QCOMPARE(text.told(), QVector<int>());
+    QCOMPARE(text.told(), (QVector<int>{0, 0, 0, 0, 0})); // where pixels are kept
 }
 
 void TestProperties::previewReplacesWithoutAStep()
@@ -1021,7 +1039,6 @@ void TestProperties::shortStreamsCommandNothing_data()
 {
     QTest::addColumn<int>("number");
     QTest::addColumn<QByteArray>("stream");
-    QTest::newRow("first text") << 106 << bytesOf(key("xy"));
     QTest::newRow("placed line text") << 108 << placedText(bodyOf(key("xy")));
     QTest::newRow("placed box text") << 108 << placedText(bodyOf(key("xy")), true);
     QTest::newRow("replaced text") << 109 << bytesOf(key("xy"));
@@ -1053,6 +1070,87 @@ void TestProperties::shortStreamsCommandNothing()
     QVERIFY(give(text.word, number, stream));
     QVERIFY(text.string() != start || text.word.m_missingFontHint == key("hint")
             || text.word.m_documentDpi == 192);
+}
+
+void TestProperties::streamRows()
+{
+    shortStreamsCommandNothing_data();
+    QTest::newRow("first text") << 106 << bytesOf(key("xy"));
+}
+
+void TestProperties::shortFirstTextFinishesTheObject_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    const QByteArray whole = bytesOf(key("xy"));
+    for (int size = 0; size < whole.size(); ++size)
+        QTest::addRow("%d bytes", size) << whole.left(size);
+}
+
+void TestProperties::shortFirstTextFinishesTheObject()
+{
+    QFETCH(QByteArray, stream);
+    RecordingHost host;
+    OpenWord word(&host);
+    word.m_created = false;
+    QVERIFY(give(word, 106, stream));
+    QVERIFY(word.m_created);
+    QCOMPARE(word.toPlainText(), QString());
+    QCOMPARE(word.m_defaultWord, key("Please input text"));
+    const QTextCharFormat format = word.m_cursor->charFormat(); // of what is typed first
+    QCOMPARE(format.fontFamily(), key("BoxTest"));
+    QCOMPARE(format.fontPointSize(), 16.0);
+    QCOMPARE(format.property(1017), QVariant(0));
+    QCOMPARE(word.m_cursor->blockFormat().property(4146), QVariant(0.0));
+    QVERIFY(sizeHandlesAre(word, false));
+    QCOMPARE(operationsOf(host), QVector<int>{0});
+}
+
+void TestProperties::firstTextEndsAnEdit_data()
+{
+    QTest::addColumn<QByteArray>("stream");
+    QTest::addColumn<QString>("result");
+    QTest::newRow("read") << bytesOf(key("x")) << key("abnix");
+    QTest::newRow("unreadable") << QByteArray(2, '\0') << key("abni");
+}
+
+void TestProperties::firstTextEndsAnEdit()
+{
+    QFETCH(QByteArray, stream);
+    QFETCH(QString, result);
+    Text text;
+    give(text.word, 101);
+    text.word.m_cursor->movePosition(QTextCursor::End);
+    text.word.m_cursor->insertText(key("ni"), OpenWord::format());
+    text.word.m_preeditString = key("ni");
+    give(text.word, 106, stream);
+    QCOMPARE(text.word.toPlainText(), result);
+    QVERIFY(!text.word.m_editing);
+    QCOMPARE(int(text.word.m_actionState->editing), 0);
+    QCOMPARE(int(text.word.textInteractionFlags()), 0);
+    QVERIFY(text.word.m_preeditString.isEmpty());
+    QVERIFY(sizeHandlesAre(text.word, false));
+    QCOMPARE(text.steps(), 1); // the edit takes the text in
+    text.host.stack().undo();
+    QCOMPARE(text.word.toPlainText(), key("ab"));
+}
+
+void TestProperties::spentStreamIsReadAgain()
+{
+    Text text;
+    QByteArray bytes = bytesOf(key("xyz"));
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QDataStream in(&buffer);
+    buffer.seek(bytes.size());
+    QString nothing;
+    in >> nothing;
+    QCOMPARE(in.status(), QDataStream::ReadPastEnd);
+    buffer.seek(0);
+    QVERIFY(text.word.SetSpecialProperty(109, in, false));
+    QCOMPARE(text.word.toPlainText(), key("xyz"));
+    QVERIFY(text.word.SetSpecialProperty(109, in, false)); // at its end now
+    QCOMPARE(text.word.toPlainText(), key("xyz"));
+    QCOMPARE(text.steps(), 1);
 }
 
 void TestProperties::strangeNumbersInStreams()
@@ -1171,7 +1269,6 @@ void TestProperties::listenersCommandDuringUndo()
     const QString start = word.serialize(false);
     for (const char *name : {"font_bold", "font_italic", "text_upper"})
         word.setAllAttributes({{key(name), true}}, true);
-    const QString end = word.serialize(false);
     bool answers = false;
     host.onTextOperation = [&](int) {
         if (std::exchange(answers, false))
@@ -1186,10 +1283,13 @@ void TestProperties::listenersCommandDuringUndo()
         stack.redo();
         QVERIFY(!answers);
     }
-    // What was commanded meanwhile belongs to the step that was at work: going both ways again drops it.
+    // What was commanded meanwhile belongs to the step that was at work, both ways.
     QCOMPARE(stack.count(), 3);
+    const QString end = word.serialize(false);
     stack.undo();
+    QCOMPARE(isUnderlined(word), true);
     stack.redo();
+    QCOMPARE(isUnderlined(word), true);
     QCOMPARE(word.serialize(false), end);
     while (stack.canUndo())
         stack.undo();
