@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/pagerender/inputfile.h"
+#include "app/page/inputfile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -71,7 +71,7 @@ qint64 firstBadByte(const QByteArray &bytes)
     return -1;
 }
 
-bool readTextFile(const QString &name, QString &text, QString &error)
+bool readFile(const QString &name, qint64 limit, QByteArray &bytes, QString &error)
 {
     QFile file(name);
     if (QFileInfo(name).isDir())
@@ -79,14 +79,17 @@ bool readTextFile(const QString &name, QString &text, QString &error)
     if (!file.open(QIODevice::ReadOnly))
         return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
     // One byte more than allowed tells a file that is too large, also where it has no size: a pipe.
-    QByteArray bytes = file.read(maximumInputBytes + 1);
+    const QByteArray content = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
         return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
-    if (bytes.size() > maximumInputBytes) {
-        return fail(error, QStringLiteral("'%1' is larger than %2 bytes")
-                               .arg(name)
-                               .arg(maximumInputBytes));
-    }
+    if (content.size() > limit)
+        return fail(error, QStringLiteral("'%1' is larger than %2 bytes").arg(name).arg(limit));
+    bytes = content;
+    return true;
+}
+
+bool decodeText(const QString &name, QByteArray bytes, QString &text, QString &error)
+{
     const qint64 bad = firstBadByte(bytes);
     if (bad >= 0 && bytes[int(bad)] == '\0')
         return fail(error, QStringLiteral("'%1' is no text: NUL at byte %2").arg(name).arg(bad));
@@ -96,4 +99,10 @@ bool readTextFile(const QString &name, QString &text, QString &error)
         bytes.remove(0, 3);
     text = QString::fromUtf8(bytes);
     return true;
+}
+
+bool readTextFile(const QString &name, QString &text, QString &error)
+{
+    QByteArray bytes;
+    return readFile(name, maximumInputBytes, bytes, error) && decodeText(name, bytes, text, error);
 }

@@ -68,6 +68,9 @@ private:
     explicit OpenPage(const PageFile &file);
     bool build(const PluginLoader &loader, QString &error);
     const Entry *entryOf(const CVXRootObject *object) const;
+    QMap<const CVXRootObject *, QVector<PageObject>> unknownByPlace() const;
+    bool describe(CVXRootObject *object, PageObject &description, QString &error) const;
+    QMap<QString, QByteArray> imagesFor(const QVector<PageObject> &objects) const;
 
     PageFile m_file; ///< as it was read
     QStringList m_warnings;

@@ -94,7 +94,8 @@ bool PageBuilder::loadObject(const PageObject &description)
         m_error = QStringLiteral("%1: the text object refuses it").arg(objectPath(number));
         return false;
     }
-    object->setZorder(number); // the order of the file counts, whatever a record says
+    object->setZorder(m_page->objects().size()
+                      - 1); // the order of the file, whatever a record says
     m_made.last().object = object;
     return true;
 }
@@ -149,6 +150,14 @@ void PageBuilder::arrange(const Made &made)
         TextObject::letBoxGrow(object);
     if (description.rotation != 0)
         object->rotateObj(description.rotation, false);
+}
+
+QVector<CVXRootObject *> PageBuilder::objects() const
+{
+    QVector<CVXRootObject *> objects;
+    for (const Made &made : m_made)
+        objects.append(made.object);
+    return objects;
 }
 
 CVXRootObject *PageBuilder::object(const QString &name) const

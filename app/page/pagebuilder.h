@@ -30,6 +30,8 @@ public:
     QString errorString() const { return m_error; }
     /// What was left out, a sentence each.
     const QStringList &warnings() const { return m_warnings; }
+    /// The objects in the order of the file; null for one that was left out.
+    QVector<CVXRootObject *> objects() const;
     /// The object that is called \a name, or the one of that number, from 0; null for none, and for
     /// one that was left out.
     CVXRootObject *object(const QString &name) const;

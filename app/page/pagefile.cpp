@@ -12,7 +12,10 @@ namespace {
 
 const QLatin1String formatName("vxpage");
 const QLatin1String richText("rich_text");
+const QLatin1String objectsKey("objects");
+const QLatin1String imagesKey("images");
 constexpr double largestTurn = 36000; // degrees
+constexpr int largestVersion = 1000000;
 
 QString elementPath(const char *list, int index)
 {
@@ -41,7 +44,7 @@ public:
             return true; // kept as it is
         if (m_fields.has("record")) {
             m_object.form = PageObject::Form::Record;
-            return m_fields.object("record", m_object.record);
+            return readRecord();
         }
         m_object.form = PageObject::Form::Written;
         return m_fields.require("text") && m_fields.text("text", m_object.text) && readLayout()
@@ -51,6 +54,18 @@ public:
     const PageObject &object() const { return m_object; }
 
 private:
+    /// Without a version an object would take nothing from its record, and the next one it writes would
+    /// be empty.
+    bool readRecord()
+    {
+        if (!m_fields.object("record", m_object.record))
+            return false;
+        JsonFields fields(m_object.record, m_fields.pathOf(QStringLiteral("record")), m_error);
+        int version = 0;
+        return fields.require("version")
+               && fields.wholeNumber("version", 1, largestVersion, version);
+    }
+
     bool readLayout()
     {
         int layout = 0;
@@ -94,9 +109,9 @@ private:
             return false;
         JsonFields fields(attributes, m_fields.pathOf(QStringLiteral("attributes")), m_error);
         for (auto it = attributes.constBegin(); it != attributes.constEnd(); ++it) {
-            const AttributeKey *attribute = attributeKey(it.key());
-            if (!attribute || attribute->scope == AttributeKey::Scope::Object)
+            if (!PageObject::isWrittenAttribute(it.key()))
                 continue; // kept, without effect
+            const AttributeKey *attribute = attributeKey(it.key());
             QJsonValue value;
             QString reason;
             if (!attributeValue(*attribute, it.value(), m_object.vertical, value, reason))
@@ -144,7 +159,7 @@ bool readFormat(JsonFields &root)
     if (format != formatName)
         return root.fail(QStringLiteral("format"), QStringLiteral("must be \"vxpage\""));
     int version = 0;
-    if (!root.require("version") || !root.wholeNumber("version", 1, 1000000, version))
+    if (!root.require("version") || !root.wholeNumber("version", 1, largestVersion, version))
         return false;
     if (version > PageFile::version) {
         return root.fail(QStringLiteral("version"),
@@ -174,30 +189,64 @@ bool readImages(JsonFields &root, QString *error, QMap<QString, QByteArray> &ima
 
 } // namespace
 
+bool PageObject::isWrittenAttribute(const QString &key)
+{
+    const AttributeKey *attribute = attributeKey(key);
+    return attribute && attribute->scope != AttributeKey::Scope::Object;
+}
+
 bool PageFile::isPageFile(const QJsonObject &root)
 {
     return root.contains(QLatin1String("format")) || root.contains(QLatin1String("page"))
            || root.contains(QLatin1String("objects"));
 }
 
+QString PageFile::richTextKind()
+{
+    return richText;
+}
+
 bool PageFile::read(const QJsonObject &root, QString &error)
 {
     error.clear();
+    QMap<QString, QByteArray> images;
+    JsonFields fields(root, QString(), &error);
+    // The format first: of a file of another kind no other field is worth a word.
+    return readFormat(fields) && readImages(fields, &error, images) && read(root, images, error);
+}
+
+bool PageFile::read(const QJsonObject &root, const QMap<QString, QByteArray> &images,
+                    QString &error)
+{
+    error.clear();
     PageFile file;
-    file.m_source = root;
     JsonFields fields(root, QString(), &error);
     QJsonObject page;
     QJsonArray objects;
     if (!readFormat(fields) || !fields.require("page") || !fields.object("page", page)
-        || !fields.list("objects", objects) || !readImages(fields, &error, file.m_images)
-        || !file.readPage(page, error))
+        || !fields.list("objects", objects) || !file.readPage(page, error))
         return false;
+    file.m_source = root;
+    if (root.contains(objectsKey))
+        file.m_source.insert(objectsKey, QJsonArray());
+    if (root.contains(imagesKey))
+        file.m_source.insert(imagesKey, QJsonObject());
+    file.m_images = images;
+    if (!file.readObjects(objects, error))
+        return false;
+    *this = file;
+    return true;
+}
+
+bool PageFile::readObjects(const QJsonArray &list, QString &error)
+{
+    JsonFields fields(QJsonObject(), QString(), &error);
     int characters = 0;
-    for (int i = 0; i < objects.size(); ++i) {
-        if (!objects.at(i).isObject())
+    for (int i = 0; i < list.size(); ++i) {
+        if (!list.at(i).isObject())
             return fields.fail(elementPath("objects", i),
                                QStringLiteral("must be an object {...}"));
-        ObjectReader reader(objects.at(i).toObject(), i, file.m_images, &error);
+        ObjectReader reader(list.at(i).toObject(), i, m_images, &error);
         if (!reader.read())
             return false;
         const int left = maximumCharacters - characters;
@@ -206,9 +255,8 @@ bool PageFile::read(const QJsonObject &root, QString &error)
                                QStringLiteral("the page has more than %1 characters")
                                    .arg(maximumCharacters));
         characters += reader.object().text.size();
-        file.m_objects.append(reader.object());
+        m_objects.append(reader.object());
     }
-    *this = file;
     return true;
 }
 
@@ -238,6 +286,18 @@ QJsonObject PageFile::toJson() const
     for (const PageObject &object : m_objects)
         objects.append(object.source);
     if (!objects.isEmpty())
-        root.insert(QStringLiteral("objects"), objects);
+        root.insert(objectsKey, objects);
+    QJsonObject images;
+    for (auto it = m_images.constBegin(); it != m_images.constEnd(); ++it)
+        images.insert(it.key(), QString::fromLatin1(it.value().toBase64()));
+    if (!images.isEmpty())
+        root.insert(imagesKey, images);
     return root;
+}
+
+void PageFile::setContent(const QVector<PageObject> &objects,
+                          const QMap<QString, QByteArray> &images)
+{
+    m_objects = objects;
+    m_images = images;
 }

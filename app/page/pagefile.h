@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// pagefile.h -- pages as JSON files; docs/page-file.md describes them.
+// pagefile.h -- the content of page files; docs/page-file.md describes them.
 #ifndef APP_PAGEFILE_H
 #define APP_PAGEFILE_H
 
 #include <QColor>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QMap>
 #include <QPointF>
@@ -27,6 +28,9 @@ struct PageObject {
     QJsonObject source;
 
     QJsonObject record; ///< form Record
+
+    /// True for the keys that the attributes of form Written know.
+    static bool isWrittenAttribute(const QString &key);
 
     // Form Written
     QString text;
@@ -53,14 +57,22 @@ public:
     /// Places and sizes of objects beyond this are refused.
     static constexpr double farthest = 1e6;
 
+    /// The kind of rich text objects.
+    static QString richTextKind();
     /// True when \a root is meant to be a page file, be it right or not.
     static bool isPageFile(const QJsonObject &root);
 
     /// Reads a page. False when anything in it is wrong, with where and what in \a error; the page is
     /// as it was then. Objects of unknown kinds and unknown keys are kept.
     bool read(const QJsonObject &root, QString &error);
+    /// The same of a page whose images stand beside \a root.
+    bool read(const QJsonObject &root, const QMap<QString, QByteArray> &images, QString &error);
     /// The page as it is written to a file: reading it again gives an equal page.
     QJsonObject toJson() const;
+    /// toJson() with neither objects nor images: if they are there at all, their lists are empty.
+    QJsonObject sheet() const { return m_source; }
+    /// Exchanges the objects, of which only source counts for what is written, and the images.
+    void setContent(const QVector<PageObject> &objects, const QMap<QString, QByteArray> &images);
 
     QSize size() const { return m_size; }
     int dpi() const { return m_dpi; }
@@ -71,8 +83,9 @@ public:
 
 private:
     bool readPage(const QJsonObject &page, QString &error);
+    bool readObjects(const QJsonArray &list, QString &error);
 
-    QJsonObject m_source;
+    QJsonObject m_source; ///< without objects and images
     QSize m_size;
     int m_dpi = 96;
     QColor m_background = Qt::white;

@@ -4,6 +4,7 @@
 #include "app/page/jsonfields.h"
 #include "host/framework/cvxrootobject.h"
 
+#include <QCryptographicHash>
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -240,4 +241,40 @@ bool setSelection(CVXRootObject *object, int start, int end)
     parameters.insert(pictureKey, QString()); // what it was saved with is the text itself
     record.insert(key, parameters);
     return object->loadJson(record);
+}
+
+QByteArray recordState(CVXRootObject *object)
+{
+    // Away from its page the object has no document, and so stores no picture.
+    IVxPage *page = object->GetPage();
+    object->setBelongPage(nullptr);
+    QJsonObject record;
+    const bool isWritten = object->saveJson(record);
+    object->setBelongPage(page);
+    if (!isWritten)
+        return {};
+    record.remove(QStringLiteral("z"));
+    const QString key = parametersKey(record);
+    QJsonObject parameters = record.value(key).toObject();
+    QJsonObject document =
+        QJsonDocument::fromJson(parameters.value(documentDataKey).toString().toUtf8()).object();
+    for (const char *name : {"cursor_position", "selection_start", "selection_end"})
+        document.remove(QLatin1String(name));
+    for (const char *name : {"font_imgage", "img_x", "img_y"})
+        parameters.remove(QLatin1String(name));
+    parameters.insert(documentDataKey, document);
+    if (!key.isEmpty())
+        record.insert(key, parameters);
+    return QCryptographicHash::hash(QJsonDocument(record).toJson(QJsonDocument::Compact),
+                                    QCryptographicHash::Sha256);
+}
+
+QString pictureOfRecord(const QJsonObject &record)
+{
+    for (const QJsonValue &member : record) {
+        const QJsonValue name = member.toObject().value(pictureKey);
+        if (name.isString())
+            return name.toString();
+    }
+    return {};
 }

@@ -3,6 +3,7 @@
 #ifndef APP_TEXTRECORD_H
 #define APP_TEXTRECORD_H
 
+#include <QByteArray>
 #include <QJsonObject>
 #include <QPointF>
 #include <QSizeF>
@@ -77,5 +78,13 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
 /// object takes its own record anew for it, in which the box is one that does not grow.
 /// \return false when the object writes no record with parameters, or refuses the new one
 bool setSelection(CVXRootObject *object, int start, int end);
+
+/// What the record of \a object tells of its look and place. It leaves out caret, selection, the order
+/// among objects and the stored picture; equal values mean that the object has not changed. Empty when
+/// the object writes no record.
+QByteArray recordState(CVXRootObject *object);
+
+/// The name of the image that \a record names as its picture; empty for none.
+QString pictureOfRecord(const QJsonObject &record);
 
 #endif

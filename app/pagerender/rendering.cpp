@@ -3,11 +3,11 @@
 
 #include "app/page/attributekeys.h"
 #include "app/page/document.h"
+#include "app/page/inputfile.h"
 #include "app/page/jsonfields.h"
 #include "app/page/page.h"
 #include "app/page/pagebuilder.h"
 #include "app/page/textobject.h"
-#include "app/pagerender/inputfile.h"
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
 

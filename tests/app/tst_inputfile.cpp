@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/pagerender/inputfile.h"
+#include "app/page/inputfile.h"
 
 #include <QtTest>
 
