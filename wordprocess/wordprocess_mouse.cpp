@@ -8,6 +8,7 @@
 
 #include "host/framework/idocumenthost.h"
 #include "host/framework/ivxpage.h"
+#include "layout/fittingsearch.h"
 #include "layout/outlines.h"
 #include "layout/textlayout.h"
 #include "layout/texttools.h"
@@ -86,8 +87,8 @@ class PrefixEnds
 public:
     PrefixEnds(const TextFragment &run, Qt::Orientation orientation)
         : m_run(run)
-        , m_metrics(run.font)
         , m_scale(orientation == Qt::Horizontal ? run.scaleX : run.scaleY)
+        , m_text(run.text, run.font, m_scale, FittingSearch::Fast)
     {
     }
 
@@ -97,7 +98,7 @@ public:
             return m_run.start;
         if (m_run.isHalfPunct)
             return m_run.start + m_run.advance;
-        return m_run.start + m_metrics.horizontalAdvance(m_run.text.left(length)) * m_scale;
+        return m_run.start + m_text.width(length);
     }
 
     /// True when a longer prefix always ends further along.
@@ -107,39 +108,33 @@ public:
                && std::all_of(m_run.text.cbegin(), m_run.text.cend(), standsForItself);
     }
 
+    /// A prefix that ends at or before \a along, the longest one where the ends rise. Only a few are measured.
+    int upTo(qreal along) const
+    {
+        const MeasuredText::Fit fit = m_text.fit(m_run.start, along);
+        const int length = qBound(0, fit.length, m_run.text.length() - 1);
+        return splitsPair(m_run.text, length) ? length - 1 : length;
+    }
+
 private:
     const TextFragment &m_run;
-    QFontMetricsF m_metrics;
     qreal m_scale;
+    MeasuredText m_text;
 };
-
-/// By halving: the longest prefix, if not the whole text, that ends at or before \a along.
-int prefixUpTo(qreal along, const QString &text, const PrefixEnds &ends)
-{
-    int low = 0; // the empty prefix ends at the start of the run, which lies before
-    int high = text.length() - 1;
-    while (low < high) {
-        const int middle = low + (high - low + 1) / 2;
-        const int whole = splitsPair(text, middle) ? middle - 1 : middle;
-        if (ends.of(whole) <= along)
-            low = middle;
-        else
-            high = middle - 1;
-    }
-    return splitsPair(text, low) ? low - 1 : low;
-}
 
 /// How many characters of a run lie before \a along, which lies behind its start. From the last character to
 /// the first; where the ends of prefixes rise, or are too many to be measured one by one, from near the place.
 int charactersBefore(qreal along, const TextFragment &run, Qt::Orientation orientation)
 {
     const QString &text = run.text;
+    if (text.isEmpty())
+        return 0;
     const PrefixEnds ends(run, orientation);
     int next = text.length();
     if (ends.rise()) {
-        next = indexAfter(text, prefixUpTo(along, text, ends));
+        next = indexAfter(text, ends.upTo(along));
     } else if (next > longestWalk) {
-        next = qMin(next, prefixUpTo(along, text, ends) + joinedText);
+        next = qMin(next, ends.upTo(along) + joinedText);
         if (splitsPair(text, next))
             ++next;
     }
