@@ -101,10 +101,13 @@ public:
         return m_run.start + m_text.width(length);
     }
 
+    /// True when much longer prefixes end further along, though not each longer one.
+    bool riseOnTheWhole() const { return m_scale >= 0 && m_run.font.letterSpacing() >= 0; }
+
     /// True when a longer prefix always ends further along.
     bool rise() const
     {
-        return m_scale >= 0 && m_run.font.letterSpacing() >= 0
+        return riseOnTheWhole()
                && std::all_of(m_run.text.cbegin(), m_run.text.cend(), standsForItself);
     }
 
@@ -133,7 +136,7 @@ int charactersBefore(qreal along, const TextFragment &run, Qt::Orientation orien
     int next = text.length();
     if (ends.rise()) {
         next = indexAfter(text, ends.upTo(along));
-    } else if (next > longestWalk) {
+    } else if (ends.riseOnTheWhole() || next > longestWalk) {
         next = qMin(next, ends.upTo(along) + joinedText);
         if (splitsPair(text, next))
             ++next;

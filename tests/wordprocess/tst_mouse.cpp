@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <algorithm>
+
 using namespace Pointer;
 
 class TestMouse : public QObject
@@ -48,6 +50,8 @@ private Q_SLOTS:
     void positionOfSeveralRuns();
     void positionInLongLine();
     void positionInLongLineOfJoinedText();
+    void positionIsThatOfAWalkFromTheEnd_data();
+    void positionIsThatOfAWalkFromTheEnd();
     void positionInStretchedText();
     void positionInScaledRun();
     void positionInCompressedPunctuation();
@@ -604,6 +608,51 @@ void TestMouse::positionInLongLineOfJoinedText()
         }
     }
     QCOMPARE(word.hCursorPosByMouse(QPointF(1e6, 8)), 800);
+}
+
+void TestMouse::positionIsThatOfAWalkFromTheEnd_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qreal>("spacing"); // thousandths of the size
+    const QString kerned = QStringLiteral("AVAToTe. fi, ffl; Wa ");
+    QTest::newRow("kerned") << kerned.repeated(20) << 0.0;
+    QTest::newRow("Latin and Han") << QStringLiteral("中文ab，国c、").repeated(40) << 0.0;
+    QTest::newRow("spaced") << kerned.repeated(20) << 200.0;
+    QTest::newRow("tight") << kerned.repeated(5) << -300.0;
+    QTest::newRow("folding back") << kerned.repeated(5) << -900.0;
+    QTest::newRow("marks") << QStringLiteral("e\u0301a\u0308\u0301 ").repeated(20) << 0.0;
+    QTest::newRow("Arabic") << QStringLiteral("\u0644\u0627\u0645\u0627\u0644 ").repeated(30)
+                            << 0.0;
+}
+
+void TestMouse::positionIsThatOfAWalkFromTheEnd()
+{
+    QFETCH(QString, text);
+    QFETCH(qreal, spacing);
+    QTextCharFormat format = OpenWord::format();
+    format.setFontFamily(QStringLiteral("DejaVu Sans"));
+    format.setProperty(TextProperty::LetterSpacing, spacing);
+    OpenWord word;
+    editLineText(word, text, Qt::Horizontal, format);
+    const TextFragment run = word.m_wordManager->textLayout().lines.first().fragments.first();
+    const QFontMetricsF metrics(run.font);
+    QVector<qreal> ends;
+    for (int length = 0; length <= text.length(); ++length)
+        ends.append(run.start + metrics.horizontalAdvance(text.left(length)));
+    const auto walked = [&](qreal x) {
+        for (int length = text.length() - 1; length >= 0; --length) {
+            if (x > (ends.at(length) + ends.at(length + 1)) / 2)
+                return length + 1;
+            if (x >= ends.at(length))
+                return length;
+        }
+        return 0;
+    };
+    const qreal width = qMax(8.0, *std::max_element(ends.cbegin(), ends.cend()) - run.start);
+    for (int i = 1; i <= 150; ++i) {
+        const qreal x = run.start + width * i / 145;
+        QCOMPARE(word.hCursorPosByMouse(QPointF(x, 8)), walked(x));
+    }
 }
 
 void TestMouse::positionInStretchedText()
