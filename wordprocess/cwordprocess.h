@@ -484,6 +484,7 @@ private:
     bool keyEscape(const KeyPress &press);
     bool keyText(const KeyPress &press);
     bool keyMotion(const KeyPress &press);
+    void changeHistory(void (QTextDocument::*step)());
     bool hasSelection() const;
     /// Drops a selection that the cursor alone still holds: what does not look selected is never replaced.
     void dropCursorSelection();

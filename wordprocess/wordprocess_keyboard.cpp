@@ -224,20 +224,35 @@ bool CWordProcess::keySelectAll(const KeyPress & /*press*/)
 
 bool CWordProcess::keyUndo(const KeyPress & /*press*/)
 {
-    settleComposition();
-    m_document->undo();
-    showStoredText();
-    notifyTextOperation(TextOperationAttributes, {});
+    changeHistory(&QTextDocument::undo);
     return true;
 }
 
 bool CWordProcess::keyRedo(const KeyPress & /*press*/)
 {
+    changeHistory(&QTextDocument::redo);
+    return true;
+}
+
+/// On the document's own stack. What is selected moves with the text around it.
+void CWordProcess::changeHistory(void (QTextDocument::*step)())
+{
     settleComposition();
-    m_document->redo();
+    QTextCursor selected(m_document);
+    int start = 0;
+    int end = 0;
+    const bool wasSelected = hasSelection() && selection(start, end);
+    const bool isAnchoredAtEnd = m_selAnchor == m_selEnd;
+    selected.setPosition(start);
+    selected.setPosition(end, QTextCursor::KeepAnchor);
+    (m_document->*step)();
+    if (wasSelected) {
+        m_selStart = selected.selectionStart();
+        m_selEnd = selected.selectionEnd();
+        m_selAnchor = isAnchoredAtEnd ? m_selEnd : m_selStart;
+    }
     showStoredText();
     notifyTextOperation(TextOperationAttributes, {});
-    return true;
 }
 
 bool CWordProcess::keyCopy(const KeyPress & /*press*/)
@@ -402,7 +417,8 @@ int CWordProcess::cursorMove(Qt::Key key)
         target = line.first;
     else if (motion == Motion::LineEnd)
         target = line.last;
-    target = qBound(0, target, m_document->characterCount() - 1); // a placeholder is no text
+    target = qBound(0, target,
+                    m_document->characterCount() - 1); // an empty text may keep former lines
     if (m_document->characterAt(target).isLowSurrogate() && target > line.first
         && m_document->characterAt(target - 1).isHighSurrogate())
         --target;

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // Every key of an edit: text, deletion, caret motion, selection, the clipboard, and the commands.
+#include "callinghost.h"
 #include "formatprobe.h"
 #include "openword.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QRandomGenerator>
 #include <QTest>
 
@@ -167,6 +169,8 @@ private Q_SLOTS:
     void selectAllSelectsTheWholeText();
     void selectAllOfNothingSelectsNothing();
     void undoAndRedoServeTheDocumentsOwnSteps();
+    void undoLeavesTheSelectionOnItsText_data();
+    void undoLeavesTheSelectionOnItsText();
     void copyRepaintsOnce();
     void cutLaysOut();
     void pasteGoesInAtTheCaret();
@@ -220,6 +224,7 @@ private Q_SLOTS:
     void capitalsAreStoredAsCapitals();
     void controlCharactersAreNotTyped_data();
     void controlCharactersAreNotTyped();
+    void keypadTypesItsDigits();
 
     // motion
     void motionInLineText_data();
@@ -235,6 +240,8 @@ private Q_SLOTS:
     void cursorMoveChangesOnlyTheSideOfASeam();
     void everyPositionIsReached_data();
     void everyPositionIsReached();
+    void paragraphEndIsNoSeam();
+    void caretOnNoLineCountsAsAtTheStart();
     void altWithAnArrowIsNoMotion();
     void motionDropsTheFormatForTyping();
 
@@ -246,6 +253,14 @@ private Q_SLOTS:
     void shiftWithoutWayChangesNothing();
     void staleAnchorIsKeptWithinTheText();
     void clearSelectionGoesToItsEnd();
+
+    // whatever is pressed, whoever listens
+    void anyKeysLeaveAnEditThatWorks_data();
+    void anyKeysLeaveAnEditThatWorks();
+    void listenerMayEndTheEdit_data();
+    void listenerMayEndTheEdit();
+    void listenerMayReleaseTheObject_data();
+    void listenerMayReleaseTheObject();
 
     // composing
     void compositionEndsWhenTheCaretMoves_data();
@@ -424,6 +439,34 @@ void TestKeyboard::undoAndRedoServeTheDocumentsOwnSteps()
     QCOMPARE(edit.laidOutText(), QStringLiteral("abcd"));
     QCOMPARE(edit.host.stack().count(), 0); // the host's stack has no part in it
     QCOMPARE(edit.word.changes.last(), int(ObjectProperty::Appearance));
+}
+
+void TestKeyboard::undoLeavesTheSelectionOnItsText_data()
+{
+    QTest::addColumn<int>("start");
+    QTest::addColumn<int>("end");
+    QTest::addColumn<int>("anchor");
+    QTest::addColumn<QVector<int>>("result"); // start, end, anchor
+    QTest::newRow("behind") << 5 << 7 << 5 << QVector<int>{3, 5, 3};
+    QTest::newRow("behind, made backwards") << 5 << 7 << 7 << QVector<int>{3, 5, 5};
+    QTest::newRow("ahead") << 0 << 1 << 0 << QVector<int>{0, 1, 0};
+    QTest::newRow("around") << 1 << 6 << 1 << QVector<int>{1, 4, 1};
+    QTest::newRow("on what goes") << 2 << 4 << 2 << QVector<int>{2, 2, 2};
+}
+
+void TestKeyboard::undoLeavesTheSelectionOnItsText()
+{
+    QFETCH(int, start);
+    QFETCH(int, end);
+    QFETCH(int, anchor);
+    QFETCH(QVector<int>, result);
+    Edit edit(QStringLiteral("abcdefgh"), 2);
+    type(edit.word, grin); // at 2 and 3
+    edit.word.select(start, end);
+    edit.word.m_selAnchor = anchor;
+    QVERIFY(press(edit.word, Qt::Key_Z, Ctrl));
+    QCOMPARE(edit.word.toPlainText(), QStringLiteral("abcdefgh"));
+    QCOMPARE(edit.selection().mid(0, 3), result);
 }
 
 void TestKeyboard::copyRepaintsOnce()
@@ -1089,6 +1132,15 @@ void TestKeyboard::controlCharactersAreNotTyped()
     QCOMPARE(edit.word.toPlainText(), result);
 }
 
+void TestKeyboard::keypadTypesItsDigits()
+{
+    Edit edit(QStringLiteral("ab"), 1);
+    QVERIFY(press(edit.word, Qt::Key_7, Qt::KeypadModifier, QStringLiteral("7")));
+    QVERIFY(press(edit.word, Qt::Key_Right, Qt::KeypadModifier));
+    QVERIFY(press(edit.word, Qt::Key_Enter, Qt::KeypadModifier, QStringLiteral("\r")));
+    QCOMPARE(edit.word.toPlainText(), QStringLiteral("a7b\n"));
+}
+
 void TestKeyboard::motionInLineText_data()
 {
     QTest::addColumn<bool>("vertical");
@@ -1375,6 +1427,32 @@ void TestKeyboard::everyPositionIsReached()
     QCOMPARE(back, on);
 }
 
+/// The mark for the start of the next line counts on a wrap only: behind a paragraph there is no other side.
+void TestKeyboard::paragraphEndIsNoSeam()
+{
+    Edit edit(QStringLiteral("ab\ncd\nef"), QSizeF(100, 200));
+    for (const QPair<Qt::Key, int> &step :
+         {qMakePair(Qt::Key_Home, 0), qMakePair(Qt::Key_End, 2), qMakePair(Qt::Key_Down, 5)}) {
+        edit.word.m_cursor->setPosition(2);
+        edit.word.m_cursorAtLineEnd = true;
+        QVERIFY(press(edit.word, step.first));
+        QCOMPARE(edit.word.m_cursor->position(), step.second);
+    }
+}
+
+void TestKeyboard::caretOnNoLineCountsAsAtTheStart()
+{
+    Edit edit(sixHan, roomForThree(Qt::Horizontal));
+    edit.word.m_document->setPlainText(sixHan + sixHan + sixHan); // not laid out
+    for (const QPair<Qt::Key, int> &step :
+         {qMakePair(Qt::Key_Home, 0), qMakePair(Qt::Key_End, 3), qMakePair(Qt::Key_Down, 3),
+          qMakePair(Qt::Key_Up, 15), qMakePair(Qt::Key_Left, 14)}) {
+        edit.word.m_cursor->setPosition(15);
+        QVERIFY(press(edit.word, step.first));
+        QCOMPARE(edit.word.m_cursor->position(), step.second);
+    }
+}
+
 void TestKeyboard::altWithAnArrowIsNoMotion()
 {
     Edit edit(QStringLiteral("abcd"), 2);
@@ -1482,6 +1560,127 @@ void TestKeyboard::clearSelectionGoesToItsEnd()
     edit.word.clearSelection();
     QCOMPARE(edit.selection(), (QVector<int>{4, 4, -1, 1}));
     QCOMPARE(operationsOf(edit.host), QVector<int>{TextOperationAttributes});
+}
+
+void TestKeyboard::anyKeysLeaveAnEditThatWorks_data()
+{
+    caretNeverStandsInsideACharacter_data();
+}
+
+/// After each key the layout is that of the present text, and caret and selection lie on whole characters.
+void TestKeyboard::anyKeysLeaveAnEditThatWorks()
+{
+    QFETCH(bool, box);
+    QFETCH(bool, vertical);
+    const Qt::Orientation orientation = vertical ? Qt::Vertical : Qt::Horizontal;
+    const QString text = QStringLiteral("ab") + grin + QStringLiteral("c\n\ndef");
+    std::unique_ptr<Edit> edit(box ? new Edit(text, QSizeF(4000, 4000), orientation)
+                                   : new Edit(text));
+    OpenWord &word = edit->word;
+    word.m_textOrientation = orientation;
+    const int keys[] = {Qt::Key_Left,     Qt::Key_Right,    Qt::Key_Up,     Qt::Key_Down,
+                        Qt::Key_Home,     Qt::Key_End,      Qt::Key_Delete, Qt::Key_Backspace,
+                        Qt::Key_Return,   Qt::Key_X,        Qt::Key_V,      Qt::Key_C,
+                        Qt::Key_A,        Qt::Key_K,        Qt::Key_B,      Qt::Key_Z,
+                        Qt::Key_Asterisk, Qt::Key_Question, Qt::Key_F,      Qt::Key_unknown};
+    const Qt::KeyboardModifiers modifiers[] = {None, None, None, Shift, Ctrl, CtrlShift, Alt};
+    const QString typed[] = {QStringLiteral("x"), grin, QStringLiteral("\t"), QString()};
+    QRandomGenerator random(11);
+    for (int i = 0; i < 600; ++i) {
+        const int key = keys[random.bounded(20)];
+        const Qt::KeyboardModifiers held = modifiers[random.bounded(7)];
+        const bool isLetter = key == Qt::Key_unknown || (key >= Qt::Key_A && key <= Qt::Key_Z);
+        QVERIFY(press(word, key, held, isLetter ? typed[random.bounded(4)] : QString()));
+        const QByteArray where = QByteArrayLiteral("key ") + QByteArray::number(key)
+                                 + QByteArrayLiteral(", number ") + QByteArray::number(i);
+        const QString laidOut = edit->laidOutText();
+        word.updateBoundingRectImpl(true);
+        QVERIFY2(edit->laidOutText() == laidOut, where.constData());
+        QVERIFY2(!isInsidePair(word, word.m_cursor->position()), where.constData());
+        if (word.m_selStart != word.m_selEnd)
+            QVERIFY2(!isInsidePair(word, word.m_selStart) && !isInsidePair(word, word.m_selEnd),
+                     where.constData());
+        QVERIFY2(word.m_selStart <= word.m_selEnd, where.constData());
+    }
+    QVERIFY(press(word, Qt::Key_Escape));
+    QVERIFY(!word.m_editing);
+}
+
+void TestKeyboard::listenerMayEndTheEdit_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("letter") << int(Qt::Key_X) << int(None) << "x";
+    QTest::newRow("Backspace") << int(Qt::Key_Backspace) << int(None) << "";
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << int(None) << "";
+    QTest::newRow("Return") << int(Qt::Key_Return) << int(None) << "";
+    QTest::newRow("motion") << int(Qt::Key_Left) << int(None) << "";
+    QTest::newRow("selection") << int(Qt::Key_Left) << int(Shift) << "";
+    QTest::newRow("select all") << int(Qt::Key_A) << int(Ctrl) << "";
+    QTest::newRow("undo") << int(Qt::Key_Z) << int(Ctrl) << "";
+    QTest::newRow("cut") << int(Qt::Key_X) << int(Ctrl) << "";
+    QTest::newRow("paragraph end") << int(Qt::Key_End) << int(Ctrl) << "";
+    QTest::newRow("command") << int(Qt::Key_B) << int(CtrlShift) << "";
+    QTest::newRow("Escape") << int(Qt::Key_Escape) << int(None) << "";
+}
+
+void TestKeyboard::listenerMayEndTheEdit()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, text);
+    CallingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("abcdef"));
+    word.beginEdit();
+    word.select(2, 4);
+    host.onTextOperation = [&](int) { word.endEdit(); };
+    QVERIFY(press(word, key, Qt::KeyboardModifiers(modifiers), text));
+    QVERIFY(!word.m_editing);
+    host.onTextOperation = nullptr;
+    contentOf(word);
+    word.beginEdit();
+    type(word, QStringLiteral("y"));
+    QVERIFY(word.toPlainText().contains(QLatin1Char('y')));
+    QString laidOut;
+    for (const TextLine &line : word.m_wordManager->textLayout().lines)
+        laidOut += line.text;
+    QCOMPARE(laidOut, word.toPlainText().remove(QLatin1Char('\n')));
+}
+
+void TestKeyboard::listenerMayReleaseTheObject_data()
+{
+    listenerMayEndTheEdit_data();
+}
+
+void TestKeyboard::listenerMayReleaseTheObject()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, text);
+    CallingHost host;
+    QPointer<OpenWord> word = new OpenWord(&host);
+    host.scene().addItem(word);
+    word->add(QStringLiteral("abcdef"));
+    word->beginEdit();
+    word->select(2, 4);
+    bool released = false;
+    host.onTextOperation = [&](int) {
+        if (!released) {
+            released = true;
+            word->Release();
+        }
+    };
+    QVERIFY(press(*word, key, Qt::KeyboardModifiers(modifiers), text));
+    QVERIFY(released);
+    host.onTextOperation = nullptr;
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    host.stack().clear();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QVERIFY(word.isNull() || !word->scene());
 }
 
 void TestKeyboard::compositionEndsWhenTheCaretMoves_data()
