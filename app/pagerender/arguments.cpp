@@ -3,6 +3,7 @@
 
 #include "app/page/attributekeys.h"
 #include "app/page/document.h"
+#include "app/page/pagestorage.h"
 
 #include <QCommandLineParser>
 
@@ -82,6 +83,9 @@ struct Options {
     QCommandLineOption scale{QStringLiteral("scale"),
                              QStringLiteral("PNG pixels for one of the page, up to 100 (1)."),
                              QStringLiteral("factor")};
+    QCommandLineOption
+        convert{QStringLiteral("convert"),
+                QStringLiteral("Write the page file FILE as the page file OUT: .json or .vxpage.")};
     QCommandLineOption plugin{QStringLiteral("plugin"),
                               QStringLiteral("Load the library of text objects from <path>."),
                               QStringLiteral("path")};
@@ -100,6 +104,8 @@ public:
 
     bool read()
     {
+        if (m_parser.isSet(m_options.convert))
+            return readConversion();
         noteOptionsOfTexts();
         m_result.hasBackground = m_parser.isSet(m_options.background);
         return readFiles() && readTextStyle() && readBox() && readParagraphs() && checkBox()
@@ -139,6 +145,26 @@ private:
                             .arg(m_result.output));
         }
         return true;
+    }
+
+    bool readConversion()
+    {
+        const QStringList files = m_parser.positionalArguments();
+        m_result.convert = true;
+        for (const QString &option : m_parser.optionNames()) {
+            if (option != m_options.convert.names().constFirst())
+                return fail(
+                    QStringLiteral("--convert goes with no other option: --%1").arg(option));
+        }
+        if (files.size() != 2)
+            return fail(QStringLiteral("--convert wants two page files: FILE OUT"));
+        m_result.input = files.at(0);
+        m_result.output = files.at(1);
+        PageForm form = PageForm::Json;
+        if (pageFormOf(m_result.output, form))
+            return true;
+        return fail(QStringLiteral("unknown kind of page file '%1': .json or .vxpage")
+                        .arg(m_result.output));
     }
 
     bool readSettings()
@@ -397,7 +423,8 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
     parser.setApplicationDescription(
         QStringLiteral("Renders a text, a document or a page to a PNG, SVG or PDF file."));
     parser.addPositionalArgument(QStringLiteral("file"),
-                                 QStringLiteral("A page file or a document string (JSON)."),
+                                 QStringLiteral(
+                                     "A page file (JSON or .vxpage), or a document string (JSON)."),
                                  QStringLiteral("[FILE]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
@@ -407,7 +434,7 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
          options.autoHeight,   options.align,       options.headTail,   options.hyphenate,
          options.punctuation,  options.caret,       options.select,     options.set,
          options.missingFonts, options.replaceFont, options.background, options.margin,
-         options.dpi,          options.scale,       options.plugin});
+         options.dpi,          options.scale,       options.convert,    options.plugin});
     if (!parser.parse(arguments)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

@@ -28,7 +28,8 @@ struct FontReplacement {
 struct Arguments {
     bool isPlainText = false; ///< the input is no JSON
     QString input;
-    QString output; ///< empty when only missing fonts are asked for
+    QString output;       ///< empty when only missing fonts are asked for
+    bool convert = false; ///< the input is a page file, the output the same page in another form
     PageRenderer::Format format = PageRenderer::Format::Png;
     PageRenderer::Options options;
     bool hasBackground = false;

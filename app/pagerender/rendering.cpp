@@ -2,11 +2,13 @@
 #include "app/pagerender/rendering.h"
 
 #include "app/page/attributekeys.h"
+#include "app/page/binarypage.h"
 #include "app/page/document.h"
 #include "app/page/inputfile.h"
 #include "app/page/jsonfields.h"
 #include "app/page/page.h"
 #include "app/page/pagebuilder.h"
+#include "app/page/pagestorage.h"
 #include "app/page/textobject.h"
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
@@ -53,6 +55,10 @@ Rendering::~Rendering() = default;
 
 ExitCode Rendering::run()
 {
+    if (m_arguments.convert) {
+        convert();
+        return m_code;
+    }
     // Each returns false where the run ends, be it with success or not.
     readInput() && loadLibrary() && (m_isPage ? makePage() : makeDocument()) && applySettings()
         && replaceFonts() && listMissingFonts() && checkMissingFonts() && arrange() && render();
@@ -66,13 +72,42 @@ bool Rendering::fail(const QString &message, ExitCode code)
     return false;
 }
 
+/// The same page in the form that the output names; no object is made for it.
+bool Rendering::convert()
+{
+    QString error;
+    return (readPageFile(m_arguments.input, m_pageFile, error)
+            && writePageFile(m_arguments.output, m_pageFile, error))
+           || fail(error);
+}
+
 bool Rendering::readInput()
 {
     QString content;
     QString error;
-    if (!readTextFile(m_arguments.input, content, error))
+    if (m_arguments.isPlainText)
+        return readTextFile(m_arguments.input, content, error) ? readPlainText(content)
+                                                               : fail(error);
+    QByteArray bytes;
+    if (!readFile(m_arguments.input, maximumPageBytes, bytes, error))
         return fail(error);
-    return m_arguments.isPlainText ? readPlainText(content) : readJson(content);
+    if (isBinaryPage(bytes)) {
+        return beginPage()
+               && (readBinaryPage(bytes, m_pageFile, error)
+                   || fail(QStringLiteral("'%1': %2").arg(m_arguments.input, error)));
+    }
+    return decodeText(m_arguments.input, bytes, content, error) ? readJson(content) : fail(error);
+}
+
+/// The input is a page file.
+bool Rendering::beginPage()
+{
+    m_isPage = true;
+    if (m_arguments.notForPages.isEmpty())
+        return true;
+    return fail(QStringLiteral("--%1 is not for a page file, which says it itself")
+                    .arg(m_arguments.notForPages.constFirst()),
+                WrongUsage);
 }
 
 bool Rendering::readPlainText(const QString &content)
@@ -100,17 +135,11 @@ bool Rendering::readJson(const QString &content)
     QString error;
     if (!parseJson(content.toUtf8(), json, error))
         return fail(QStringLiteral("'%1' is %2").arg(m_arguments.input, error));
-    m_isPage = PageFile::isPageFile(json.object());
-    if (!m_isPage)
+    if (!PageFile::isPageFile(json.object()))
         return prepareDocument(content);
-    if (!m_arguments.notForPages.isEmpty()) {
-        return fail(QStringLiteral("--%1 is not for a page file, which says it itself")
-                        .arg(m_arguments.notForPages.constFirst()),
-                    WrongUsage);
-    }
-    if (!m_pageFile.read(json.object(), error))
-        return fail(QStringLiteral("'%1': %2").arg(m_arguments.input, error));
-    return true;
+    return beginPage()
+           && (m_pageFile.read(json.object(), error)
+               || fail(QStringLiteral("'%1': %2").arg(m_arguments.input, error)));
 }
 
 /// Checks the document and lays over it what the command line asks of it.

@@ -32,6 +32,8 @@ public:
 private:
     // Each step: false when the run ends there, with m_code and, on failure, a message.
     bool readInput();
+    bool convert();
+    bool beginPage();
     bool readPlainText(const QString &content);
     bool readJson(const QString &content);
     bool prepareDocument(const QString &string);
