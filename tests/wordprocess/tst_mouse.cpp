@@ -2,6 +2,8 @@
 // What the pointer does: drawing, the way into an edit, caret, selection, words, moving, hover.
 #include "pointer.h"
 
+#include <QGraphicsView>
+#include <QInputMethodEvent>
 #include <QTest>
 
 #include <algorithm>
@@ -84,6 +86,8 @@ private Q_SLOTS:
     void releaseTellsAttributes();
     void releaseOfHandleKeepsTheFlags();
     void moveOfFinishedObjectIsTheHosts();
+
+    void eventsOfAViewReachTheText();
 
     // words
     void wordAt_data();
@@ -1088,6 +1092,52 @@ void TestMouse::moveOfFinishedObjectIsTheHosts()
     QCOMPARE(word->getPos(), QPointF(30, 20));
     release(*word, QPointF(39, 28));
     QCOMPARE(host.stack().count(), 1);
+}
+
+void TestMouse::eventsOfAViewReachTheText()
+{
+    RecordingHost host;
+    OpenWord *word = wordInScene(host);
+    QGraphicsView view(&host.scene());
+    view.setSceneRect(-50, -50, 300, 200);
+    view.resize(320, 220);
+    view.show();
+    QEvent activate(QEvent::WindowActivate);
+    QCoreApplication::sendEvent(&host.scene(), &activate);
+    const auto send = [&](QEvent::Type type, const QPointF &scenePos, Qt::MouseButtons held) {
+        const QPoint pos = view.mapFromScene(scenePos);
+        QMouseEvent event(type, pos, view.viewport()->mapToGlobal(pos),
+                          type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(view.viewport(), &event);
+    };
+
+    host.currentTool = 300; // a click enters the edit
+    send(QEvent::MouseButtonPress, QPointF(18, 8), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, QPointF(18, 8), Qt::NoButton);
+    QVERIFY(word->m_editing);
+    QVERIFY(word->hasFocus());
+    QCOMPARE(word->m_cursor->position(), 2);
+
+    send(QEvent::MouseButtonPress, QPointF(9, 8), Qt::LeftButton); // a drag selects
+    send(QEvent::MouseMove, QPointF(26, 8), Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, QPointF(26, 8), Qt::NoButton);
+    QCOMPARE(selectionOf(*word), (QVector<int>{1, 3}));
+    QVERIFY(word->hasFocus());
+
+    QInputMethodEvent composed; // composed text takes its place
+    composed.setCommitString(QStringLiteral("中"));
+    QCoreApplication::sendEvent(&view, &composed);
+    QCOMPARE(word->toPlainText(), QStringLiteral("a中d"));
+
+    send(QEvent::MouseButtonDblClick, QPointF(9, 8), Qt::LeftButton); // behind "a"
+    QCOMPARE(selectionOf(*word), (QVector<int>{0, 1}));
+    send(QEvent::MouseButtonRelease, QPointF(9, 8), Qt::NoButton);
+
+    host.clearEvents();
+    send(QEvent::MouseMove, QPointF(38, 8), Qt::NoButton); // beside the text, where handles reach
+    QCOMPARE(operationsOf(host).last(), 7);
+    QCOMPARE(direction(host), QStringLiteral("edit_move"));
 }
 
 // words
