@@ -441,6 +441,7 @@ void CWordProcess::takeDrawnForm()
         if (drawn.top() < 0)
             corner.ry() -= size.height();
         updatePosition(this, QRectF(corner, size));
+        updateTextPaths(); // an empty text takes the box too: it is what the first edit goes back to
     }
     m_saveParams[wordWrapKey] = m_wordWrap;
 }
