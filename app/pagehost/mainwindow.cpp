@@ -1,0 +1,415 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/mainwindow.h"
+
+#include "app/page/framework.h"
+#include "app/pagehost/pagesession.h"
+#include "app/pagehost/pageview.h"
+#include "host/framework/cundoredo.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QToolBar>
+
+namespace {
+
+constexpr int textObjectDrawn = 243; // command of a text object to the tools
+constexpr double zoomStep = 1.25;
+constexpr int statusTime = 10000; // ms
+
+const QLatin1String textOperation("text_operation");
+
+/// "sub_operator" of a text operation.
+enum TextOperation {
+    MissingFonts = 1,
+    EditState = 3,
+    PointerLeft = 5,
+    PointerShape = 7,
+};
+
+QString pageFilter()
+{
+    return QCoreApplication::translate("MainWindow", "Pages (*.vxpage *.json)");
+}
+
+} // namespace
+
+MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
+    : m_loader(loader)
+    , m_framework(framework)
+    , m_view(new PageView(this))
+    , m_tools(new QActionGroup(this))
+    , m_zoomLabel(new QLabel(this))
+{
+    setCentralWidget(m_view);
+    m_framework->setEventSink(this);
+    nameUndoSteps();
+    makeFileMenu();
+    makeEditMenu();
+    makeViewMenu();
+    makeTools();
+    statusBar()->addPermanentWidget(m_zoomLabel);
+    showZoom(m_view->zoom());
+    connect(m_view, &PageView::zoomChanged, this, &MainWindow::showZoom);
+    connect(m_view, &PageView::textDrawn, this,
+            [this](CVXRootObject *object) { m_session->editDrawnText(object); });
+    resize(1000, 760);
+    setTool(EditorTool::Select);
+    takeSession(PageSession::create(m_loader));
+}
+
+MainWindow::~MainWindow()
+{
+    m_view->setSession(nullptr);
+    m_session.reset();
+    m_framework->setEventSink(nullptr);
+}
+
+// Menus
+
+QAction *MainWindow::addCommand(QMenu *menu, const char *name, const QString &text,
+                                const QKeySequence &shortcut, Command command)
+{
+    QAction *action = menu->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(shortcut);
+    connect(action, &QAction::triggered, this, [this, command] { (this->*command)(); });
+    return action;
+}
+
+void MainWindow::makeFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&File"));
+    addCommand(menu, "new", tr("&New"), QKeySequence::New, &MainWindow::newPage);
+    addCommand(menu, "open", tr("&Open..."), QKeySequence::Open, &MainWindow::open);
+    menu->addSeparator();
+    addCommand(menu, "save", tr("&Save"), QKeySequence::Save, &MainWindow::save);
+    addCommand(menu, "saveAs", tr("Save &As..."), Qt::CTRL + Qt::SHIFT + Qt::Key_S,
+               &MainWindow::saveAs);
+    menu->addSeparator();
+    QAction *quit = menu->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
+    quit->setObjectName(QStringLiteral("quit"));
+}
+
+void MainWindow::makeEditMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Edit"));
+    m_undo = addCommand(menu, "undo", tr("&Undo"), QKeySequence::Undo, &MainWindow::undo);
+    m_redo = addCommand(menu, "redo", tr("&Redo"), QKeySequence::Redo, &MainWindow::redo);
+    menu->addSeparator();
+    m_cut = addCommand(menu, "cut", tr("Cu&t"), QKeySequence::Cut, &MainWindow::cut);
+    m_copy = addCommand(menu, "copy", tr("&Copy"), QKeySequence::Copy, &MainWindow::copy);
+    addCommand(menu, "paste", tr("&Paste"), QKeySequence::Paste, &MainWindow::paste);
+    m_delete = addCommand(menu, "delete", tr("&Delete"), Qt::Key_Delete, &MainWindow::remove);
+    menu->addSeparator();
+    addCommand(menu, "selectAll", tr("Select &All"), QKeySequence::SelectAll,
+               &MainWindow::selectAll);
+}
+
+void MainWindow::makeViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    addCommand(menu, "zoomIn", tr("Zoom &In"), QKeySequence::ZoomIn, &MainWindow::zoomIn);
+    addCommand(menu, "zoomOut", tr("Zoom &Out"), QKeySequence::ZoomOut, &MainWindow::zoomOut);
+    addCommand(menu, "zoomNormal", tr("&Normal Size"), Qt::CTRL + Qt::Key_0,
+               &MainWindow::zoomToNormal);
+    addCommand(menu, "fitPage", tr("&Fit Page"), Qt::CTRL + Qt::Key_9, &MainWindow::fitPage);
+}
+
+void MainWindow::makeTools()
+{
+    addTool("selectTool", tr("&Select"), Qt::Key_V, EditorTool::Select);
+    addTool("textTool", tr("&Text"), Qt::Key_T, EditorTool::Text);
+    QMenu *menu = menuBar()->addMenu(tr("&Tools"));
+    menu->addActions(m_tools->actions());
+    QToolBar *bar = addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("tools"));
+    bar->addActions(m_tools->actions());
+}
+
+void MainWindow::addTool(const char *name, const QString &text, const QKeySequence &shortcut,
+                         int tool)
+{
+    QAction *action = m_tools->addAction(text);
+    action->setObjectName(QLatin1String(name));
+    action->setShortcut(shortcut);
+    action->setCheckable(true);
+    action->setData(tool);
+    connect(action, &QAction::triggered, this, [this, tool] {
+        if (tool == EditorTool::Select)
+            m_session->endEdit();
+        setTool(tool);
+    });
+}
+
+/// The user's words for the steps that objects and host push.
+void MainWindow::nameUndoSteps()
+{
+    const QPair<QString, QString> names[] = {
+        {QStringLiteral("IDS_ITEM_ADD_ITEM"), tr("Add Object")},
+        {QStringLiteral("IDS_ITEM_DELETE_ITEM"), tr("Delete")},
+        {QStringLiteral("IDS_ITEM_MOVE"), tr("Move")},
+        {QStringLiteral("IDS_ITEM_RESIZE"), tr("Resize")},
+        {QStringLiteral("IDS_ITEM_ROTATE"), tr("Rotate")},
+        {QStringLiteral("IDS_ITEM_LOCK"), tr("Lock")},
+        {QStringLiteral("IDS_ITEM_UNLOCK"), tr("Unlock")},
+        {QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"), tr("Change Text")},
+        {QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), tr("Please input text")},
+    };
+    for (const auto &name : names)
+        m_framework->setLocalString(name.first, name.second);
+}
+
+void MainWindow::setTool(int tool)
+{
+    m_framework->setCurrentTool(tool);
+    m_view->setTool(tool);
+    const QList<QAction *> actions = m_tools->actions();
+    for (QAction *action : actions)
+        action->setChecked(action->data().toInt() == tool);
+}
+
+// The page
+
+void MainWindow::takeSession(std::unique_ptr<PageSession> session)
+{
+    m_view->setSession(nullptr);
+    m_session = std::move(session);
+    m_session->page()->setToolController(this);
+    m_view->setSession(m_session.get());
+    connect(m_session.get(), &PageSession::stateChanged, this, &MainWindow::refresh);
+    statusBar()->showMessage(m_session->warnings().join(QLatin1String("; ")));
+    refresh();
+}
+
+QString MainWindow::shownName() const
+{
+    return m_session->fileName().isEmpty() ? tr("Untitled")
+                                           : QFileInfo(m_session->fileName()).fileName();
+}
+
+void MainWindow::refresh()
+{
+    setWindowTitle(QStringLiteral("%1[*] - pagehost").arg(shownName()));
+    setWindowModified(m_session->isModified());
+    CUndoRedo *stack = m_session->undoStack();
+    const bool isEditing = m_session->editedObject() != nullptr;
+    const bool hasSelection = !m_session->page()->getSelectedObjects().isEmpty();
+    const auto named = [this](const QString &word, const QString &key) {
+        return key.isEmpty()
+                   ? word
+                   : tr("%1 %2", "Undo Move").arg(word, m_framework->getLocalString(key, key));
+    };
+    m_undo->setText(named(tr("&Undo"), stack->undoText()));
+    m_redo->setText(named(tr("&Redo"), stack->redoText()));
+    m_undo->setEnabled(isEditing || stack->canUndo());
+    m_redo->setEnabled(stack->canRedo());
+    for (QAction *action : {m_cut, m_copy, m_delete})
+        action->setEnabled(isEditing || hasSelection);
+}
+
+// File
+
+bool MainWindow::openFile(const QString &fileName)
+{
+    QString error;
+    std::unique_ptr<PageSession> session = PageSession::open(m_loader, fileName, error);
+    if (!session) {
+        QMessageBox::critical(this, tr("Open"),
+                              tr("%1 cannot be opened.\n\n%2").arg(fileName, error));
+        return false;
+    }
+    takeSession(std::move(session));
+    return true;
+}
+
+void MainWindow::newPage()
+{
+    if (mayLeavePage())
+        takeSession(PageSession::create(m_loader));
+}
+
+void MainWindow::open()
+{
+    if (!mayLeavePage())
+        return;
+    const QString folder = QFileInfo(m_session->fileName()).absolutePath();
+    const QString fileName = QFileDialog::getOpenFileName(this, tr("Open"), folder, pageFilter());
+    if (!fileName.isEmpty())
+        openFile(fileName);
+}
+
+bool MainWindow::saveOrAsk()
+{
+    return m_session->fileName().isEmpty() ? saveUnderNewName() : saveTo(m_session->fileName());
+}
+
+bool MainWindow::saveUnderNewName()
+{
+    QFileDialog dialog(this, tr("Save As"), QFileInfo(m_session->fileName()).absolutePath(),
+                       pageFilter());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("vxpage"));
+    dialog.selectFile(QFileInfo(m_session->fileName()).fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return false;
+    return saveTo(dialog.selectedFiles().constFirst());
+}
+
+bool MainWindow::saveTo(const QString &fileName)
+{
+    QString error;
+    if (!m_session->save(fileName, error)) {
+        QMessageBox::critical(this, tr("Save"), tr("The page is not saved.\n\n%1").arg(error));
+        return false;
+    }
+    statusBar()->showMessage(tr("Saved %1").arg(fileName), statusTime);
+    return true;
+}
+
+/// Asks what is to become of changes that are not saved.
+bool MainWindow::mayLeavePage()
+{
+    m_session->endEdit();
+    if (!m_session->isModified())
+        return true;
+    const auto answer = QMessageBox::warning(this, tr("Unsaved Changes"),
+                                             tr("Save the changes to %1?").arg(shownName()),
+                                             QMessageBox::Save | QMessageBox::Discard
+                                                 | QMessageBox::Cancel,
+                                             QMessageBox::Save);
+    if (answer == QMessageBox::Save)
+        return saveOrAsk();
+    return answer == QMessageBox::Discard;
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(mayLeavePage());
+}
+
+// Edit
+
+/// Gives the edited text a key, as if it had been pressed. False when no text is edited.
+bool MainWindow::sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if (!m_session->editedObject())
+        return false;
+    QKeyEvent press(QEvent::KeyPress, key, modifiers);
+    QApplication::sendEvent(m_session->page()->scene(), &press);
+    return true;
+}
+
+void MainWindow::undo()
+{
+    m_session->undo();
+}
+
+void MainWindow::redo()
+{
+    m_session->redo();
+}
+
+void MainWindow::cut()
+{
+    m_session->cut();
+}
+
+void MainWindow::copy()
+{
+    m_session->copy();
+}
+
+void MainWindow::paste()
+{
+    m_session->paste(m_view->visibleCentre());
+}
+
+void MainWindow::remove()
+{
+    if (!sendToEdit(Qt::Key_Delete, Qt::NoModifier))
+        m_session->removeSelected();
+}
+
+void MainWindow::selectAll()
+{
+    if (!sendToEdit(Qt::Key_A, Qt::ControlModifier))
+        m_session->selectAll();
+}
+
+// View
+
+void MainWindow::zoomIn()
+{
+    m_view->setZoom(m_view->zoom() * zoomStep);
+}
+
+void MainWindow::zoomOut()
+{
+    m_view->setZoom(m_view->zoom() / zoomStep);
+}
+
+void MainWindow::zoomToNormal()
+{
+    m_view->setZoom(1);
+}
+
+void MainWindow::fitPage()
+{
+    m_view->fitPage();
+}
+
+void MainWindow::showZoom(double zoom)
+{
+    m_zoomLabel->setText(tr("%1 %").arg(qRound(zoom * 100)));
+}
+
+// What objects tell
+
+void MainWindow::notifyObjectEvent(CVXRootObject * /*object*/, const QString &key,
+                                   const AttributeMap &values)
+{
+    if (key != textOperation || !m_session)
+        return;
+    switch (values.value(QStringLiteral("sub_operator")).toInt()) {
+    case MissingFonts:
+        statusBar()->showMessage(tr("The text cannot be edited: a font is missing (%1)")
+                                     .arg(values.value(QStringLiteral("familys"))
+                                              .toStringList()
+                                              .join(QLatin1String(", "))),
+                                 statusTime);
+        break;
+    case EditState:
+        m_session->noteEditState();
+        break;
+    case PointerLeft:
+        m_view->resetPointer();
+        break;
+    case PointerShape:
+        m_view->setDirection(values.value(QStringLiteral("direction")).toString(),
+                             values.value(QStringLiteral("horizontal")).toBool());
+        break;
+    default:
+        break;
+    }
+}
+
+void MainWindow::notifyObjectChanged(CVXRootObject * /*object*/, int /*code*/,
+                                     const QString & /*detail*/)
+{
+}
+
+void MainWindow::postToolCommand(int command, int /*first*/, int /*second*/)
+{
+    if (command == textObjectDrawn)
+        setTool(EditorTool::Select);
+}

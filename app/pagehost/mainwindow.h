@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// mainwindow.h -- the window of the editor: menus, tools, questions.
+#ifndef PAGEHOST_MAINWINDOW_H
+#define PAGEHOST_MAINWINDOW_H
+
+#include "host/framework/iappframework.h"
+#include "host/framework/ivxpage.h"
+
+#include <QKeySequence>
+#include <QMainWindow>
+
+#include <memory>
+
+class Framework;
+class PageSession;
+class PageView;
+class PluginLoader;
+class QActionGroup;
+class QLabel;
+class QMenu;
+
+/// Shows one page. It is what objects call the host: it hears their events and runs their tools.
+class MainWindow : public QMainWindow, private IObjectEventSink, private IToolController
+{
+    Q_OBJECT
+
+public:
+    /// Opens with an empty page. Both outlive the window; \a loader is loaded.
+    MainWindow(const PluginLoader *loader, Framework *framework);
+    ~MainWindow() override;
+
+    /// Opens the page of a file in place of the present one, without asking. False, after a message,
+    /// for a file that cannot be opened: the present page stays.
+    bool openFile(const QString &fileName);
+    PageSession *session() const { return m_session.get(); }
+    PageView *view() const { return m_view; }
+    void setTool(int tool);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    using Command = void (MainWindow::*)();
+
+    QAction *addCommand(QMenu *menu, const char *name, const QString &text,
+                        const QKeySequence &shortcut, Command command);
+    void makeFileMenu();
+    void makeEditMenu();
+    void makeViewMenu();
+    void makeTools();
+    void addTool(const char *name, const QString &text, const QKeySequence &shortcut, int tool);
+    void nameUndoSteps();
+
+    // File
+    void newPage();
+    void open();
+    void save() { saveOrAsk(); }
+    void saveAs() { saveUnderNewName(); }
+    bool saveOrAsk();
+    bool saveUnderNewName();
+    bool saveTo(const QString &fileName);
+    bool mayLeavePage();
+
+    // Edit
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    void paste();
+    void remove();
+    void selectAll();
+    bool sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers);
+
+    // View
+    void zoomIn();
+    void zoomOut();
+    void zoomToNormal();
+    void fitPage();
+
+    void takeSession(std::unique_ptr<PageSession> session);
+    void refresh();
+    void showZoom(double zoom);
+    QString shownName() const;
+
+    // What objects tell
+    void notifyObjectEvent(CVXRootObject *object, const QString &key,
+                           const AttributeMap &values) override;
+    void notifyObjectChanged(CVXRootObject *object, int code, const QString &detail) override;
+    void postToolCommand(int command, int first, int second) override;
+
+    const PluginLoader *m_loader;
+    Framework *m_framework;
+    PageView *m_view;
+    std::unique_ptr<PageSession> m_session;
+    QActionGroup *m_tools;
+    QAction *m_undo = nullptr;
+    QAction *m_redo = nullptr;
+    QAction *m_cut = nullptr;
+    QAction *m_copy = nullptr;
+    QAction *m_delete = nullptr;
+    QLabel *m_zoomLabel;
+};
+
+#endif

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// objectsteps.h -- undo steps of objects that come to a page and that leave it.
+#ifndef PAGEHOST_OBJECTSTEPS_H
+#define PAGEHOST_OBJECTSTEPS_H
+
+#include "host/framework/cundoredo.h"
+
+class Page;
+
+/// Puts an object on a page or takes it away. Whichever step keeps an object off its page owns it, and
+/// releases it when the step is thrown away.
+class PresenceStep : public CWbUndoCmd
+{
+public:
+    enum class Change { Adds, Removes };
+
+    /// \param page outlives every undo() and redo() of the step
+    /// \param object lies on the page. With Adds it stays as it is when the step is pushed, with Removes
+    ///     it goes then.
+    PresenceStep(Change change, Page *page, CVXRootObject *object);
+    ~PresenceStep() override;
+    PresenceStep(const PresenceStep &) = delete;
+    PresenceStep &operator=(const PresenceStep &) = delete;
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void putOnPage();
+    void takeFromPage();
+
+    Change m_change;
+    Page *m_page;
+    int m_place;                ///< among the objects of the page
+    bool m_keepsObject = false; ///< the object is off the page, in the keeping of this step
+};
+
+#endif

@@ -1,0 +1,395 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/pagesession.h"
+
+#include "app/page/document.h"
+#include "app/page/pluginloader.h"
+#include "app/page/textobject.h"
+#include "app/pagehost/objectsteps.h"
+#include "app/pagehost/textcommands.h"
+#include "host/framework/cvxrootobject.h"
+#include "host/framework/iappframework.h"
+
+#include <QClipboard>
+#include <QGraphicsItem>
+#include <QGuiApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QMimeData>
+#include <QTimer>
+
+#include <utility>
+
+namespace {
+
+const QSize newPageSize(794, 1123); // A4 upright at 96 dpi
+const QColor newPageBackground(Qt::white);
+const QString objectsType = QStringLiteral("application/x-vxpage-objects"); // records, a JSON list
+constexpr double copyOffset = 16; // page pixels by which a pasted copy lies off its original
+constexpr int largestPaste = 64 * 1024 * 1024; // bytes
+
+/// What a text is written in that the user begins.
+AttributeMap lookOfNewText()
+{
+    QString family;
+    int size = 0;
+    if (IAppFramework *framework = GetFramework())
+        framework->getDefaultFont(family, size);
+    return {{QStringLiteral("text_init_flag"), true}, // part of the coming of the object: no step
+            {QStringLiteral("font_family"), family},
+            {QStringLiteral("font_pointsize"), size},
+            {QStringLiteral("pen_color"), QStringLiteral("#000000")}};
+}
+
+const QString addKey = QStringLiteral("IDS_ITEM_ADD_ITEM");
+const QString deleteKey = QStringLiteral("IDS_ITEM_DELETE_ITEM");
+
+} // namespace
+
+PageSession::PageSession(const PluginLoader *loader, std::unique_ptr<OpenPage> page)
+    : m_loader(loader)
+    , m_open(std::move(page))
+    , m_lastId(m_open->page()->objects().size())
+{
+    m_open->page()->setWatcher(this);
+    for (CVXRootObject *object : m_open->page()->objects())
+        object->updateCursorColor(background());
+    hintMissingFonts();
+    connect(undoStack(), &QUndoStack::indexChanged, this, &PageSession::announce);
+    connect(undoStack(), &QUndoStack::cleanChanged, this, &PageSession::announce);
+    connect(m_open->page()->scene(), &QGraphicsScene::selectionChanged, this,
+            &PageSession::announce);
+}
+
+PageSession::~PageSession()
+{
+    page()->setWatcher(nullptr);
+    undoStack()->disconnect(this);
+    page()->scene()->disconnect(this);
+}
+
+std::unique_ptr<PageSession> PageSession::create(const PluginLoader *loader)
+{
+    QString error;
+    auto page = OpenPage::create(newPageSize, Document::defaultDpi, newPageBackground, error);
+    return std::unique_ptr<PageSession>(new PageSession(loader, std::move(page)));
+}
+
+std::unique_ptr<PageSession> PageSession::open(const PluginLoader *loader, const QString &fileName,
+                                               QString &error)
+{
+    auto page = OpenPage::load(*loader, fileName, error);
+    if (!page)
+        return nullptr;
+    std::unique_ptr<PageSession> session(new PageSession(loader, std::move(page)));
+    session->m_fileName = fileName;
+    return session;
+}
+
+bool PageSession::save(const QString &fileName, QString &error)
+{
+    CVXRootObject *edited = editedObject(); // a record never holds an open edit
+    if (!endEdit())
+        edited = nullptr;
+    const bool saved = m_open->save(fileName, error);
+    if (saved) {
+        m_fileName = fileName;
+        undoStack()->setClean();
+    }
+    if (edited)
+        TextObject::beginEdit(edited);
+    announce();
+    return saved;
+}
+
+bool PageSession::isModified() const
+{
+    if (!undoStack()->isClean())
+        return true;
+    CVXRootObject *edited = editedObject();
+    return edited && TextCommands::plainText(edited) != m_editStartText;
+}
+
+CUndoRedo *PageSession::undoStack() const
+{
+    return m_open->document()->undoStack();
+}
+
+CVXRootObject *PageSession::editedObject() const
+{
+    CVXRootObject *object = page()->editingObject(); // told of the beginning only
+    return object && TextCommands::isEditing(object) ? object : nullptr;
+}
+
+QStringList PageSession::missingFonts() const
+{
+    QStringList families;
+    for (CVXRootObject *object : page()->objects())
+        families += TextObject::missingFonts(object);
+    families.removeDuplicates();
+    return families;
+}
+
+void PageSession::hintMissingFonts()
+{
+    for (CVXRootObject *object : page()->objects()) {
+        const QStringList families = TextObject::missingFonts(object);
+        if (!families.isEmpty()) {
+            TextObject::setMissingFontHint(object, tr("Missing font: %1")
+                                                       .arg(families.join(QLatin1String(", "))));
+        }
+    }
+}
+
+// What the page tells
+
+void PageSession::objectChanged(CVXRootObject * /*object*/)
+{
+    announce();
+}
+
+void PageSession::editingChanged(CVXRootObject *object, bool editing)
+{
+    if (editing)
+        m_editStartText = TextCommands::plainText(object);
+    announce();
+}
+
+void PageSession::objectDrawn(CVXRootObject *object)
+{
+    undoStack()->push(new PresenceStep(PresenceStep::Change::Adds, page(), object));
+}
+
+void PageSession::noteEditState()
+{
+    announce();
+}
+
+/// Once for all changes of a turn of the event loop: objects change several times for one key.
+void PageSession::announce()
+{
+    if (m_announced)
+        return;
+    m_announced = true;
+    QTimer::singleShot(0, this, [this] {
+        m_announced = false;
+        if (m_newText && !editedObject())
+            settleNewText();
+        Q_EMIT stateChanged();
+    });
+}
+
+// New text
+
+CVXRootObject *PageSession::startText(const QPointF &pos)
+{
+    endEdit();
+    page()->scene()->clearSelection();
+    CVXRootObject *object = m_loader->createText(++m_lastId, page(), /*finished=*/false);
+    if (!object)
+        return nullptr;
+    m_stepsAheadOfNewText = undoStack()->index();
+    object->updateCursorColor(background());
+    page()->addObject(object);
+    object->setPos(pos, /*undo=*/false);
+    TextObject::setAttributes(object, lookOfNewText());
+    return object;
+}
+
+void PageSession::cancelText(CVXRootObject *object)
+{
+    page()->removeObject(object);
+}
+
+void PageSession::editDrawnText(CVXRootObject *object)
+{
+    selectOnly({object});
+    m_newText = object;
+    TextObject::beginEdit(object);
+}
+
+bool PageSession::endEdit()
+{
+    if (CVXRootObject *object = editedObject())
+        TextObject::endEdit(object);
+    return settleNewText();
+}
+
+bool PageSession::isNewTextAbandoned() const
+{
+    return page()->objects().contains(m_newText) && TextCommands::plainText(m_newText).isEmpty();
+}
+
+/// The end of the first edit of a new text. Without a word the text goes, and the steps of its drawing
+/// and of its attributes with it.
+bool PageSession::settleNewText()
+{
+    if (!m_newText)
+        return true;
+    const bool abandoned = isNewTextAbandoned();
+    CVXRootObject *const object = std::exchange(m_newText, nullptr);
+    if (!abandoned)
+        return true;
+    page()->takeObject(object); // ahead of the steps, that none of them looks for it there
+    CUndoRedo *const stack = undoStack();
+    while (stack->index() > m_stepsAheadOfNewText) {
+        const_cast<QUndoCommand *>(stack->command(stack->index() - 1))->setObsolete(true);
+        stack->undo(); // throws an obsolete step away
+    }
+    object->Release();
+    announce();
+    return false;
+}
+
+void PageSession::selectOnly(const QList<CVXRootObject *> &objects)
+{
+    page()->scene()->clearSelection();
+    for (CVXRootObject *object : objects)
+        object->doSelected(true, /*notify=*/false);
+}
+
+// Edit menu
+
+void PageSession::undo()
+{
+    if (endEdit()) // a text that was empty has gone: that was the undo
+        undoStack()->undo();
+}
+
+void PageSession::redo()
+{
+    if (endEdit())
+        undoStack()->redo();
+}
+
+QList<CVXRootObject *> PageSession::selectedTexts() const
+{
+    QList<CVXRootObject *> texts;
+    for (CVXRootObject *object : page()->objects()) { // lowest first
+        if (object->graphicsItem()->isSelected() && TextCommands::isRichText(object))
+            texts.append(object);
+    }
+    return texts;
+}
+
+void PageSession::cut()
+{
+    if (CVXRootObject *object = editedObject()) {
+        TextCommands::cut(object);
+        return;
+    }
+    copy();
+    removeSelected();
+}
+
+void PageSession::copy()
+{
+    if (CVXRootObject *object = editedObject()) {
+        TextCommands::copy(object);
+        return;
+    }
+    QJsonArray records;
+    QStringList texts;
+    const QList<CVXRootObject *> selected = selectedTexts();
+    for (CVXRootObject *object : selected) {
+        QJsonObject record;
+        if (!object->saveJson(record))
+            continue;
+        records.append(record);
+        texts.append(TextCommands::plainText(object));
+    }
+    if (records.isEmpty())
+        return;
+    auto *data = new QMimeData;
+    data->setData(objectsType, QJsonDocument(records).toJson(QJsonDocument::Compact));
+    data->setText(texts.join(QLatin1Char('\n')));
+    QGuiApplication::clipboard()->setMimeData(data); // which owns it now
+}
+
+void PageSession::paste(const QPointF &place)
+{
+    if (CVXRootObject *object = editedObject()) {
+        TextCommands::paste(object, /*newObject=*/false);
+        return;
+    }
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    if (data && !pasteObjects(*data))
+        pasteText(place);
+}
+
+/// Puts \a object on the page as one that has come by a command.
+void PageSession::adopt(CVXRootObject *object)
+{
+    object->updateCursorColor(background());
+    undoStack()->push(new PresenceStep(PresenceStep::Change::Adds, page(), object));
+}
+
+bool PageSession::pasteObjects(const QMimeData &data)
+{
+    const QByteArray bytes = data.data(objectsType);
+    if (bytes.isEmpty() || bytes.size() > largestPaste)
+        return false;
+    QList<CVXRootObject *> objects;
+    const QJsonArray records = QJsonDocument::fromJson(bytes).array();
+    for (const QJsonValue &record : records) {
+        if (CVXRootObject *object = objectOfRecord(record.toObject()))
+            objects.append(object);
+    }
+    if (objects.isEmpty())
+        return false;
+    undoStack()->beginGroup(addKey);
+    for (CVXRootObject *object : qAsConst(objects))
+        adopt(object);
+    undoStack()->endGroup();
+    selectOnly(objects);
+    hintMissingFonts();
+    return true;
+}
+
+CVXRootObject *PageSession::objectOfRecord(const QJsonObject &record)
+{
+    CVXRootObject *object = m_loader->createText(++m_lastId, page());
+    if (!object)
+        return nullptr;
+    page()->addObject(object);
+    QJsonObject copy = record;
+    if (!object->loadJson(copy)) {
+        page()->removeObject(object);
+        return nullptr;
+    }
+    object->setZorder(page()->objects().size() - 1); // on top, wherever the original lies
+    object->setPos(object->getPos() + QPointF(copyOffset, copyOffset), /*undo=*/false);
+    return object;
+}
+
+void PageSession::pasteText(const QPointF &place)
+{
+    CVXRootObject *object = m_loader->createText(++m_lastId, page());
+    if (!object)
+        return;
+    page()->addObject(object);
+    TextCommands::paste(object, /*newObject=*/true);
+    if (TextCommands::plainText(object).isEmpty()) {
+        page()->removeObject(object);
+        return;
+    }
+    object->setPos(place, /*undo=*/false);
+    adopt(object);
+    selectOnly({object});
+}
+
+void PageSession::removeSelected()
+{
+    endEdit();
+    const QList<CVXRootObject *> selected = page()->getSelectedObjects();
+    undoStack()->beginGroup(deleteKey);
+    for (CVXRootObject *object : selected) {
+        if (!object->isLocked())
+            undoStack()->push(new PresenceStep(PresenceStep::Change::Removes, page(), object));
+    }
+    undoStack()->endGroup();
+}
+
+void PageSession::selectAll()
+{
+    selectOnly(page()->objects());
+}

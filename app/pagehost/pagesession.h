@@ -1,0 +1,102 @@
+// SPDX-License-Identifier: MIT
+// pagesession.h -- an open page: its file, its edit, and the commands of the Edit menu.
+#ifndef PAGEHOST_PAGESESSION_H
+#define PAGEHOST_PAGESESSION_H
+
+#include "app/page/openpage.h"
+#include "app/page/page.h"
+
+#include <QObject>
+#include <QStringList>
+
+#include <memory>
+
+class CUndoRedo;
+class PluginLoader;
+class QJsonArray;
+class QMimeData;
+
+/// One page in the editor. Knows nothing of windows.
+class PageSession : public QObject, private IPageWatcher
+{
+    Q_OBJECT
+
+public:
+    /// An empty page. \param loader is loaded and outlives the session
+    static std::unique_ptr<PageSession> create(const PluginLoader *loader);
+    /// The page of a file; null with \a error, which says what is wrong and where.
+    static std::unique_ptr<PageSession> open(const PluginLoader *loader, const QString &fileName,
+                                             QString &error);
+    ~PageSession() override;
+
+    /// Writes the page. An open edit goes on afterwards with its caret where it was. On failure false,
+    /// with \a error; a file that was there before is as it was.
+    bool save(const QString &fileName, QString &error);
+    /// Empty for a page without a file.
+    QString fileName() const { return m_fileName; }
+    /// What was left out when the page was opened, a sentence each.
+    QStringList warnings() const { return m_open->warnings(); }
+    bool isModified() const;
+
+    Page *page() const { return m_open->page(); }
+    CUndoRedo *undoStack() const;
+    QSize size() const { return m_open->size(); }
+    QColor background() const { return m_open->background(); }
+    /// The object in edit state, or null.
+    CVXRootObject *editedObject() const;
+    /// The families that texts of the page name and that are not installed.
+    QStringList missingFonts() const;
+
+    /// Puts a text on the page that the user is about to draw from \a pos (scene) on.
+    CVXRootObject *startText(const QPointF &pos);
+    /// Throws away a text whose drawing the user has given up.
+    void cancelText(CVXRootObject *object);
+    /// Selects the text that has been drawn and enters its edit.
+    void editDrawnText(CVXRootObject *object);
+    /// Ends an open edit. A new text that is still empty goes, with all its steps.
+    /// \return false when a text went that way
+    bool endEdit();
+    /// To be called when an object says that its edit has begun or ended.
+    void noteEditState();
+
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    /// Into the edited text, or as new objects; a text gets its upper left corner to \a place (scene).
+    void paste(const QPointF &place);
+    void removeSelected();
+    void selectAll();
+
+Q_SIGNALS:
+    /// Title and menus are to be brought up to date. Comes once for many changes.
+    void stateChanged();
+
+private:
+    PageSession(const PluginLoader *loader, std::unique_ptr<OpenPage> page);
+    void objectChanged(CVXRootObject *object) override;
+    void editingChanged(CVXRootObject *object, bool editing) override;
+    void objectDrawn(CVXRootObject *object) override;
+
+    void announce();
+    void hintMissingFonts();
+    bool isNewTextAbandoned() const;
+    bool settleNewText();
+    QList<CVXRootObject *> selectedTexts() const;
+    void selectOnly(const QList<CVXRootObject *> &objects);
+    void adopt(CVXRootObject *object);
+    bool pasteObjects(const QMimeData &data);
+    CVXRootObject *objectOfRecord(const QJsonObject &record);
+    void pasteText(const QPointF &place);
+
+    const PluginLoader *m_loader;
+    std::unique_ptr<OpenPage> m_open;
+    QString m_fileName;
+    int m_lastId = 0;
+    bool m_announced = false;
+    QString m_editStartText;            ///< of the object in edit state
+    CVXRootObject *m_newText = nullptr; ///< drawn last, in its first edit
+    int m_stepsAheadOfNewText = 0;
+};
+
+#endif

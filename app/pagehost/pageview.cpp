@@ -1,0 +1,387 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/pageview.h"
+
+#include "app/pagehost/pagesession.h"
+#include "app/pagehost/textcommands.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QtMath>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+
+constexpr double pageMargin = 48; // around the page, page pixels
+constexpr int checkerSide = 8;    // of the ground under a transparent page
+
+/// The pointer over an edge or corner of an upright object, and the direction in which it points:
+/// degrees, clockwise, from the right.
+struct HandlePointer {
+    int handle;
+    double angle;
+};
+
+// clang-format off
+constexpr HandlePointer handlePointers[] = {
+    {CObjAction::ACT_Right,        0},
+    {CObjAction::ACT_BottomRight,  45},
+    {CObjAction::ACT_BottomCentre, 90},
+    {CObjAction::ACT_BottomLeft,   135},
+    {CObjAction::ACT_Left,         180},
+    {CObjAction::ACT_TopLeft,      225},
+    {CObjAction::ACT_TopCentre,    270},
+    {CObjAction::ACT_TopRight,     315},
+};
+// clang-format on
+
+/// The pointer of a drag along \a angle.
+Qt::CursorShape shapeAlong(double angle)
+{
+    constexpr Qt::CursorShape shapes[] = {Qt::SizeHorCursor, Qt::SizeFDiagCursor, Qt::SizeVerCursor,
+                                          Qt::SizeBDiagCursor};
+    const double turned = std::fmod(std::fmod(angle, 180.0) + 180.0, 180.0);
+    return shapes[qRound(turned / 45.0) % 4];
+}
+
+Qt::CursorShape pointerOfHandle(int handle, double rotation)
+{
+    for (const HandlePointer &row : handlePointers) {
+        if (row.handle == handle)
+            return shapeAlong(row.angle + rotation);
+    }
+    return handle == CObjAction::ACT_Rotate ? Qt::PointingHandCursor : Qt::ArrowCursor;
+}
+
+struct DirectionPointer {
+    const char *name;
+    Qt::CursorShape shape;
+};
+
+// clang-format off
+constexpr DirectionPointer directionPointers[] = {
+    {"tl_or_br",  Qt::SizeFDiagCursor},
+    {"tr_or_br",  Qt::SizeBDiagCursor},
+    {"tc_or_bc",  Qt::SizeVerCursor},
+    {"cr_or_cl",  Qt::SizeHorCursor},
+    {"edit_move", Qt::SizeAllCursor},
+};
+// clang-format on
+
+QPixmap checkers()
+{
+    QPixmap tile(2 * checkerSide, 2 * checkerSide);
+    tile.fill(Qt::white);
+    QPainter painter(&tile);
+    painter.fillRect(0, 0, checkerSide, checkerSide, Qt::lightGray);
+    painter.fillRect(checkerSide, checkerSide, checkerSide, checkerSide, Qt::lightGray);
+    return tile;
+}
+
+QGraphicsObject *itemOf(CVXRootObject *object)
+{
+    return object->GetGraphicsItemPtr()->toGraphicsObject();
+}
+
+} // namespace
+
+PageView::PageView(QWidget *parent)
+    : QGraphicsView(parent)
+{
+    setAccessibleName(tr("Page"));
+    setMouseTracking(true);
+    setFrameShape(QFrame::NoFrame);
+    setDragMode(QGraphicsView::RubberBandDrag);
+    setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
+    setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
+    resetPointer();
+}
+
+void PageView::setSession(PageSession *session)
+{
+    m_session = session;
+    m_drawn = nullptr;
+    m_grabber.clear();
+    if (!session) {
+        setScene(nullptr);
+        return;
+    }
+    const QRectF page(QPointF(0, 0), session->size());
+    const QRectF shown = page.adjusted(-pageMargin, -pageMargin, pageMargin, pageMargin);
+    session->page()->scene()->setSceneRect(shown);
+    setScene(session->page()->scene());
+    // The hints of missing fonts reach out of their objects.
+    setViewportUpdateMode(session->missingFonts().isEmpty() ? SmartViewportUpdate
+                                                            : FullViewportUpdate);
+    session->page()->setZoomRate(float(m_zoom));
+    horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
+    verticalScrollBar()->setValue(verticalScrollBar()->minimum());
+    setFocus();
+}
+
+void PageView::setTool(int tool)
+{
+    m_tool = tool;
+    setDragMode(tool == EditorTool::Select ? RubberBandDrag : NoDrag);
+    resetPointer();
+}
+
+QPointF PageView::visibleCentre() const
+{
+    return mapToScene(viewport()->rect().center());
+}
+
+// Zoom
+
+void PageView::setZoom(double zoom)
+{
+    if (!std::isfinite(zoom))
+        return;
+    m_zoom = qBound(smallestZoom, zoom, largestZoom);
+    setTransform(QTransform::fromScale(m_zoom, m_zoom));
+    if (m_session) {
+        m_session->page()->setZoomRate(float(m_zoom));
+        for (CVXRootObject *object : m_session->page()->objects()) // handles keep their screen size
+            object->updateAfterObjRectChanged(object->GetGraphicsItemPtr(), /*notify=*/false);
+    }
+    Q_EMIT zoomChanged(m_zoom);
+}
+
+void PageView::fitPage()
+{
+    if (!m_session)
+        return;
+    const QSizeF room = maximumViewportSize();
+    const QSizeF wanted = scene()->sceneRect().size();
+    setZoom(qMin(room.width() / wanted.width(), room.height() / wanted.height()));
+    centerOn(scene()->sceneRect().center());
+}
+
+void PageView::wheelEvent(QWheelEvent *event)
+{
+    if (!(event->modifiers() & Qt::ControlModifier)) {
+        QGraphicsView::wheelEvent(event);
+        return;
+    }
+    setZoom(m_zoom * std::pow(1.25, event->angleDelta().y() / 120.0));
+    event->accept();
+}
+
+// Painting
+
+void PageView::drawBackground(QPainter *painter, const QRectF &rect)
+{
+    painter->fillRect(rect, palette().brush(QPalette::Mid));
+    if (!m_session)
+        return;
+    const QRectF page(QPointF(0, 0), m_session->size());
+    if (m_session->background().alpha() < 255) {
+        painter->fillRect(page, QBrush(checkers()));
+    }
+    painter->fillRect(page, m_session->background());
+    painter->setPen(QPen(palette().color(QPalette::Dark), 0));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(page);
+}
+
+/// What objects show above all others: handles, frames, the caret, hints.
+void PageView::drawForeground(QPainter *painter, const QRectF &rect)
+{
+    if (!m_session)
+        return;
+    for (CVXRootObject *object : m_session->page()->objects()) {
+        if (!object->isVisible())
+            continue;
+        painter->save();
+        object->paintHandlersInScene(object->GetGraphicsItemPtr(), painter);
+        object->drawForeground(painter, rect);
+        painter->restore();
+    }
+}
+
+// The pointer
+
+CVXRootObject *PageView::objectUnder(const QPointF &scenePos) const
+{
+    const QList<CVXRootObject *> &objects = m_session->page()->objects();
+    const auto top = std::find_if(objects.crbegin(), objects.crend(), [&](CVXRootObject *object) {
+        QGraphicsItem *item = object->GetGraphicsItemPtr();
+        return object->isVisible() && item->contains(item->mapFromScene(scenePos));
+    });
+    return top == objects.crend() ? nullptr : *top;
+}
+
+/// The topmost object that has a handle there.
+CVXRootObject *PageView::handleOwner(const QPointF &scenePos, int *handle) const
+{
+    const QList<CVXRootObject *> &objects = m_session->page()->objects();
+    for (auto it = objects.crbegin(); it != objects.crend(); ++it) {
+        const int hit = (*it)->HitTestHandle((*it)->GetGraphicsItemPtr()->mapFromScene(scenePos));
+        if (hit == CObjAction::ACT_None)
+            continue;
+        if (handle)
+            *handle = hit;
+        return *it;
+    }
+    return nullptr;
+}
+
+/// The object that gets a press although another may lie above it; null for whichever lies on top.
+CVXRootObject *PageView::takerOfPress(const QPointF &scenePos) const
+{
+    if (CVXRootObject *owner = handleOwner(scenePos))
+        return owner;
+    CVXRootObject *edited = m_session->editedObject();
+    if (!edited)
+        return nullptr;
+    const QPointF inItem = edited->GetGraphicsItemPtr()->mapFromScene(scenePos);
+    return edited->getClientRect().contains(inItem) ? edited : nullptr;
+}
+
+/// Ends an edit that the press at \a scenePos leaves. Around its text an edited object has a margin by
+/// which it is moved, as far as no other object lies there.
+void PageView::prepareEdit(const QPointF &scenePos)
+{
+    CVXRootObject *edited = m_session->editedObject();
+    if (edited && takerOfPress(scenePos) != edited && objectUnder(scenePos) != edited)
+        m_session->endEdit();
+}
+
+void PageView::mousePressEvent(QMouseEvent *event)
+{
+    if (!m_session || event->button() != Qt::LeftButton || isDrawing()) {
+        event->accept(); // a second button changes nothing in a drag
+        return;
+    }
+    const QPointF scenePos = mapToScene(event->pos());
+    prepareEdit(scenePos);
+    CVXRootObject *taker = takerOfPress(scenePos);
+    if (!taker && m_tool == EditorTool::Text && !objectUnder(scenePos)) {
+        if (!startDrawing(scenePos))
+            return;
+        taker = m_drawn;
+    }
+    if (taker)
+        grab(taker);
+    QGraphicsView::mousePressEvent(event);
+}
+
+void PageView::mouseMoveEvent(QMouseEvent *event)
+{
+    QGraphicsView::mouseMoveEvent(event);
+    if (isDrawing())
+        viewport()->update(); // the frame of the drag reaches out of the object
+    else if (m_session && event->buttons() == Qt::NoButton)
+        showPointerOver(mapToScene(event->pos()));
+}
+
+void PageView::mouseReleaseEvent(QMouseEvent *event)
+{
+    QGraphicsView::mouseReleaseEvent(event);
+    if (event->button() != Qt::LeftButton)
+        return;
+    releaseGrab();
+    if (isDrawing())
+        finishDrawing();
+}
+
+void PageView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (!m_session || event->button() != Qt::LeftButton)
+        return;
+    const QPointF scenePos = mapToScene(event->pos());
+    CVXRootObject *taker = takerOfPress(scenePos);
+    if (taker)
+        grab(taker);
+    QGraphicsView::mouseDoubleClickEvent(event);
+}
+
+void PageView::grab(CVXRootObject *object)
+{
+    m_grabber = itemOf(object);
+    m_grabber->grabMouse();
+}
+
+void PageView::releaseGrab()
+{
+    if (m_grabber && m_grabber->scene() && m_grabber->scene()->mouseGrabberItem() == m_grabber)
+        m_grabber->ungrabMouse();
+    m_grabber.clear();
+}
+
+// Drawing a text
+
+bool PageView::startDrawing(const QPointF &scenePos)
+{
+    m_drawn = m_session->startText(scenePos);
+    return isDrawing();
+}
+
+void PageView::finishDrawing()
+{
+    CVXRootObject *object = std::exchange(m_drawn, nullptr);
+    viewport()->update();
+    Q_EMIT textDrawn(object);
+}
+
+void PageView::cancelDrawing()
+{
+    releaseGrab();
+    m_session->cancelText(std::exchange(m_drawn, nullptr));
+    viewport()->update();
+}
+
+void PageView::keyPressEvent(QKeyEvent *event)
+{
+    if (isDrawing()) {
+        if (event->key() == Qt::Key_Escape)
+            cancelDrawing();
+        event->accept();
+        return;
+    }
+    if (m_session && !m_session->editedObject() && event->key() == Qt::Key_Escape)
+        m_session->page()->scene()->clearSelection();
+    QGraphicsView::keyPressEvent(event);
+}
+
+// Pointer shapes
+
+void PageView::resetPointer()
+{
+    viewport()->setCursor(m_tool == EditorTool::Text ? Qt::CrossCursor : Qt::ArrowCursor);
+}
+
+void PageView::setDirection(const QString &direction, bool horizontal)
+{
+    for (const DirectionPointer &row : directionPointers) {
+        if (direction == QLatin1String(row.name)) {
+            viewport()->setCursor(row.shape);
+            return;
+        }
+    }
+    viewport()->setCursor(horizontal ? Qt::IBeamCursor : Qt::SplitVCursor);
+}
+
+/// Outside an edit, where objects say nothing.
+void PageView::showPointerOver(const QPointF &scenePos)
+{
+    CVXRootObject *edited = m_session->editedObject();
+    if (edited && objectUnder(scenePos) == edited)
+        return; // it says itself
+    int handle = CObjAction::ACT_None;
+    CVXRootObject *owner = handleOwner(scenePos, &handle);
+    CVXRootObject *under = owner ? owner : objectUnder(scenePos);
+    if (owner)
+        viewport()->setCursor(pointerOfHandle(handle, owner->getRotate()));
+    else if (under && m_tool == EditorTool::Text && TextCommands::isRichText(under))
+        setDirection(QString(), /*horizontal=*/true);
+    else if (under && under->graphicsItem()->isSelected() && !under->isLocked())
+        viewport()->setCursor(Qt::SizeAllCursor);
+    else
+        resetPointer();
+}

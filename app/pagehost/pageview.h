@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// pageview.h -- shows a page and brings the pointer to its objects.
+#ifndef PAGEHOST_PAGEVIEW_H
+#define PAGEHOST_PAGEVIEW_H
+
+#include "app/pagehost/tools.h"
+
+#include <QGraphicsObject>
+#include <QGraphicsView>
+#include <QPointer>
+
+class CVXRootObject;
+class PageSession;
+
+/// The canvas. Most events take the way of every graphics scene; the view steps in where objects want
+/// more: a handle is reached although another object covers it, a press away from an edited text ends
+/// the edit, and the text tool draws.
+class PageView : public QGraphicsView
+{
+    Q_OBJECT
+
+public:
+    explicit PageView(QWidget *parent = nullptr);
+
+    /// Shows the page of \a session, which outlives its being shown; null shows nothing.
+    void setSession(PageSession *session);
+    /// An EditorTool.
+    void setTool(int tool);
+    /// Scene point of the middle of what is shown.
+    QPointF visibleCentre() const;
+
+    static constexpr double smallestZoom = 0.05;
+    static constexpr double largestZoom = 64;
+    double zoom() const { return m_zoom; }
+    /// Out of bounds is brought within.
+    void setZoom(double zoom);
+    void fitPage();
+
+    /// Shows the pointer for what an object says it is over: "direction" of its notification.
+    void setDirection(const QString &direction, bool horizontal);
+    /// Shows the pointer of the tool again.
+    void resetPointer();
+
+Q_SIGNALS:
+    /// A text has been drawn and wants to be edited.
+    void textDrawn(CVXRootObject *object);
+    void zoomChanged(double zoom);
+
+protected:
+    void drawBackground(QPainter *painter, const QRectF &rect) override;
+    void drawForeground(QPainter *painter, const QRectF &rect) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    bool isDrawing() const { return m_drawn != nullptr; }
+    CVXRootObject *objectUnder(const QPointF &scenePos) const;
+    CVXRootObject *handleOwner(const QPointF &scenePos, int *handle = nullptr) const;
+    CVXRootObject *takerOfPress(const QPointF &scenePos) const;
+    void prepareEdit(const QPointF &scenePos);
+    bool startDrawing(const QPointF &scenePos);
+    void finishDrawing();
+    void cancelDrawing();
+    void grab(CVXRootObject *object);
+    void releaseGrab();
+    void showPointerOver(const QPointF &scenePos);
+
+    PageSession *m_session = nullptr;
+    int m_tool = EditorTool::Select;
+    double m_zoom = 1;
+    CVXRootObject *m_drawn = nullptr;    ///< a text between press and release
+    QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
+};
+
+#endif

@@ -1,0 +1,3 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+exit 77

@@ -1,0 +1,602 @@
+// SPDX-License-Identifier: MIT
+// The editor's window with events of pointer, keys and input methods.
+#include "app/page/framework.h"
+#include "app/page/pluginloader.h"
+#include "app/pagehost/mainwindow.h"
+#include "app/pagehost/pagesession.h"
+#include "app/pagehost/pageview.h"
+#include "app/pagehost/textcommands.h"
+#include "host/framework/cundoredo.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+class TestPageHost : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void clickWithTextToolMakesLineText();
+    void dragWithTextToolMakesBox();
+    void toolGoesBackToSelectionOnceTextIsDrawn();
+    void emptyTextThatIsLeftGoesWithItsSteps();
+    void escapeGivesUpDrawing();
+    void pressAwayFromTextEndsEdit();
+    void pressInTextWithTextToolEditsIt();
+    void doubleClickSelectsWholeText();
+
+    void composedChineseEntersText();
+    void preeditIsReplacedByNextPreedit();
+    void inputMethodSeesCaret();
+    void inputMethodIsOffOutsideEdit();
+
+    void keysOfEditedTextDoNotReachMenus_data();
+    void keysOfEditedTextDoNotReachMenus();
+    void programShortcutsWorkInEdit();
+    void toolLetterIsTypedInEdit();
+
+    void undoOfMenuEndsEditAndKeepsText();
+    void deletedObjectComesBackToItsPlace();
+    void stepsOfGonePageEndWithoutHarm();
+    void foreignTextIsPastedAsObject();
+    void copiedObjectIsPastedBesideOriginal();
+    void pasteInEditGoesIntoText();
+
+    void selectedObjectIsMovedByDrag();
+    void handleUnderAnotherObjectIsReached();
+    void zoomKeepsHandlesInSize();
+
+    void modifiedMarkFollowsTyping();
+    void savedPageIsEqualAfterReopening_data();
+    void savedPageIsEqualAfterReopening();
+    void saveInEditGoesOnWithEdit();
+    void brokenFileIsRefusedWithItsPlace();
+
+    void missingLibraryEndsWithCode4();
+    void wrongUsageEndsWithCode2();
+
+private:
+    QWidget *canvas() const { return m_window->view()->viewport(); }
+    QPoint at(const QPointF &scenePos) const { return m_window->view()->mapFromScene(scenePos); }
+    PageSession *session() const { return m_window->session(); }
+    const QList<CVXRootObject *> &objects() const { return session()->page()->objects(); }
+    CVXRootObject *only() const { return objects().value(0); }
+    QString text() const { return TextCommands::plainText(only()); }
+    void trigger(const char *action);
+    void drag(const QPointF &from, const QPointF &to);
+    void type(const QString &text);
+    void compose(const QString &preedit, const QString &commit = QString());
+    CVXRootObject *writeLine(const QPointF &pos, const QString &text);
+
+    PluginLoader m_loader;
+    std::unique_ptr<Framework> m_framework;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+void TestPageHost::initTestCase()
+{
+    QVERIFY2(m_loader.load(QStringLiteral(VX_PLUGIN)), qPrintable(m_loader.errorString()));
+}
+
+void TestPageHost::init()
+{
+    m_framework = std::make_unique<Framework>();
+    m_framework->setDefaultFont(QStringLiteral("DejaVu Sans"), 24);
+    m_window = std::make_unique<MainWindow>(&m_loader, m_framework.get());
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_window->view()->setFocus();
+}
+
+void TestPageHost::cleanup()
+{
+    m_window.reset();
+    m_framework.reset();
+}
+
+void TestPageHost::trigger(const char *action)
+{
+    auto *found = m_window->findChild<QAction *>(QLatin1String(action));
+    QVERIFY2(found, action);
+    found->trigger();
+}
+
+void TestPageHost::drag(const QPointF &from, const QPointF &to)
+{
+    QTest::mousePress(canvas(), Qt::LeftButton, {}, at(from));
+    // QTest::mouseMove() tells no buttons
+    for (int step = 1; step <= 4; ++step) {
+        const QPoint pos = at(from + (to - from) * (step / 4.0));
+        QMouseEvent move(QEvent::MouseMove, pos, canvas()->mapToGlobal(pos), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(canvas(), &move);
+    }
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {}, at(to));
+}
+
+void TestPageHost::type(const QString &text)
+{
+    QTest::keyClicks(m_window->view(), text);
+}
+
+void TestPageHost::compose(const QString &preedit, const QString &commit)
+{
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QCoreApplication::sendEvent(m_window->view(), &event);
+}
+
+CVXRootObject *TestPageHost::writeLine(const QPointF &pos, const QString &text)
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at(pos));
+    type(text);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    return objects().isEmpty() ? nullptr : objects().constLast();
+}
+
+// Drawing and entering
+
+void TestPageHost::clickWithTextToolMakesLineText()
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(session()->editedObject(), only());
+    AttributeMap attributes;
+    QVERIFY(only()->getAllAttributes(attributes));
+    QCOMPARE(attributes.value(QStringLiteral("text_wordwrap")).toBool(), false);
+    type(QStringLiteral("line"));
+    QCOMPARE(text(), QStringLiteral("line"));
+}
+
+void TestPageHost::dragWithTextToolMakesBox()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(only()->getPos(), QPointF(100, 150));
+    QCOMPARE(only()->getSize(), QSizeF(240, 120));
+    AttributeMap attributes;
+    QVERIFY(only()->getAllAttributes(attributes));
+    QCOMPARE(attributes.value(QStringLiteral("text_wordwrap")).toBool(), true);
+    type(QStringLiteral("in a box"));
+    QCOMPARE(text(), QStringLiteral("in a box"));
+}
+
+void TestPageHost::toolGoesBackToSelectionOnceTextIsDrawn()
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Select));
+    QVERIFY(m_window->findChild<QAction *>(QStringLiteral("selectTool"))->isChecked());
+}
+
+void TestPageHost::emptyTextThatIsLeftGoesWithItsSteps()
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(session()->undoStack()->count(), 1);
+    QTest::keyClick(m_window->view(), Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QTRY_COMPARE(objects().size(), 0);
+    QCOMPARE(session()->undoStack()->count(), 0);
+    QVERIFY(!session()->isModified());
+}
+
+void TestPageHost::escapeGivesUpDrawing()
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mousePress(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(objects().size(), 1);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(objects().size(), 0);
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {}, at({150, 200}));
+    QCOMPARE(objects().size(), 0);
+    QCOMPARE(session()->undoStack()->count(), 0);
+}
+
+void TestPageHost::pressAwayFromTextEndsEdit()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 100}, {300, 160});
+    type(QStringLiteral("kept"));
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500}));
+    QVERIFY(!session()->editedObject());
+    QCOMPARE(text(), QStringLiteral("kept"));
+    QCOMPARE(session()->undoStack()->count(), 2); // drawn, written
+}
+
+void TestPageHost::pressInTextWithTextToolEditsIt()
+{
+    writeLine({100, 150}, QStringLiteral("again"));
+    m_window->setTool(EditorTool::Text);
+    const QRectF box(only()->getPos(), only()->getSize());
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at(box.center()));
+    QCOMPARE(session()->editedObject(), only());
+    QCOMPARE(objects().size(), 1);
+}
+
+void TestPageHost::doubleClickSelectsWholeText()
+{
+    writeLine({100, 150}, QStringLiteral("whole"));
+    const QPoint middle = at(QRectF(only()->getPos(), only()->getSize()).center());
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, middle);
+    QTest::mouseDClick(canvas(), Qt::LeftButton, {}, middle);
+    QCOMPARE(session()->editedObject(), only());
+    type(QStringLiteral("x"));
+    QCOMPARE(text(), QStringLiteral("x"));
+}
+
+// Input methods
+
+void TestPageHost::composedChineseEntersText()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {400, 270});
+    type(QStringLiteral("Hi "));
+    compose(QStringLiteral("ni'hao"));
+    QCOMPARE(text(), QStringLiteral("Hi ni'hao"));
+    compose(QString(), QStringLiteral("你好"));
+    QCOMPARE(text(), QStringLiteral("Hi 你好"));
+    type(QStringLiteral("!"));
+    QCOMPARE(text(), QStringLiteral("Hi 你好!"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(text(), QStringLiteral("Hi 你好!"));
+}
+
+void TestPageHost::preeditIsReplacedByNextPreedit()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {400, 270});
+    compose(QStringLiteral("n"));
+    compose(QStringLiteral("ni"));
+    QCOMPARE(text(), QStringLiteral("ni"));
+    compose(QString());
+    QCOMPARE(text(), QString());
+}
+
+void TestPageHost::inputMethodSeesCaret()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {400, 270});
+    const auto caret = [this] {
+        canvas()->repaint(); // the caret's place is that of its last painting
+        return m_window->view()->inputMethodQuery(Qt::ImCursorRectangle).toRect().topLeft();
+    };
+    const QPoint before = caret();
+    type(QStringLiteral("wide text"));
+    const QPoint after = caret();
+    QVERIFY(after.x() > before.x() + 50);
+    QCOMPARE(after.y(), before.y());
+    QVERIFY(canvas()->rect().contains(after));
+}
+
+void TestPageHost::inputMethodIsOffOutsideEdit()
+{
+    writeLine({100, 150}, QStringLiteral("some"));
+    QVERIFY(!m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
+    m_window->setTool(EditorTool::Text);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {},
+                      at(QRectF(only()->getPos(), only()->getSize()).center()));
+    QVERIFY(m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
+}
+
+// Keys
+
+void TestPageHost::keysOfEditedTextDoNotReachMenus_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << 0 << QStringLiteral("abc");
+    QTest::newRow("Ctrl+Z") << int(Qt::Key_Z) << int(Qt::ControlModifier) << QString();
+    QTest::newRow("Ctrl+A") << int(Qt::Key_A) << int(Qt::ControlModifier) << QStringLiteral("abc");
+    QTest::newRow("Home") << int(Qt::Key_Home) << 0 << QStringLiteral("abc");
+}
+
+void TestPageHost::keysOfEditedTextDoNotReachMenus()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, expected);
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    QInputMethodEvent whole;
+    whole.setCommitString(QStringLiteral("abc"));
+    QCoreApplication::sendEvent(m_window->view(), &whole); // one step of the text's own undo
+    QTest::keyClick(m_window->view(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(session()->editedObject(), only());
+    QCOMPARE(text(), expected);
+}
+
+void TestPageHost::programShortcutsWorkInEdit()
+{
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("page.json"));
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("saved"));
+    QVERIFY(session()->isModified());
+    QTest::keyClick(m_window->view(), Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!session()->isModified());
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("saved"));
+}
+
+void TestPageHost::toolLetterIsTypedInEdit()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("vt"));
+    QCOMPARE(text(), QStringLiteral("vt"));
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Select));
+}
+
+// Commands
+
+void TestPageHost::undoOfMenuEndsEditAndKeepsText()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("typed"));
+    trigger("undo");
+    QVERIFY(!session()->editedObject());
+    QCOMPARE(text(), QString());
+    trigger("redo");
+    QCOMPARE(text(), QStringLiteral("typed"));
+    trigger("undo");
+    trigger("undo");
+    QCOMPARE(objects().size(), 0);
+    trigger("redo");
+    trigger("redo");
+    QCOMPARE(text(), QStringLiteral("typed"));
+}
+
+void TestPageHost::deletedObjectComesBackToItsPlace()
+{
+    for (int i = 0; i < 3; ++i)
+        writeLine(QPointF(100, 100 + 150 * i), QString::number(i));
+    CVXRootObject *middle = objects().at(1);
+    session()->page()->scene()->clearSelection();
+    middle->doSelected(true, false);
+    trigger("delete");
+    QCOMPARE(objects().size(), 2);
+    QVERIFY(!objects().contains(middle));
+    trigger("undo");
+    QCOMPARE(objects().indexOf(middle), 1);
+    QCOMPARE(middle->getZorder(), 1);
+    QCOMPARE(objects().at(2)->getZorder(), 2);
+    QCOMPARE(TextCommands::plainText(middle), QStringLiteral("1"));
+}
+
+// Objects that only a step holds, off the page, end with it.
+void TestPageHost::stepsOfGonePageEndWithoutHarm()
+{
+    QPointer<QGraphicsObject> deleted(
+        writeLine({100, 100}, QStringLiteral("deleted"))->GetGraphicsItemPtr()->toGraphicsObject());
+    trigger("selectAll");
+    trigger("delete");
+    QPointer<QGraphicsObject> undone(
+        writeLine({100, 300}, QStringLiteral("undone"))->GetGraphicsItemPtr()->toGraphicsObject());
+    trigger("undo");
+    trigger("undo");
+    QCOMPARE(objects().size(), 0);
+    QVERIFY(deleted && undone);
+    m_window.reset();
+    QVERIFY(!deleted);
+    QVERIFY(!undone);
+}
+
+void TestPageHost::foreignTextIsPastedAsObject()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("from elsewhere"));
+    trigger("paste");
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(text(), QStringLiteral("from elsewhere"));
+    QVERIFY(only()->graphicsItem()->isSelected());
+    trigger("undo");
+    QCOMPARE(objects().size(), 0);
+    trigger("redo");
+    QCOMPARE(text(), QStringLiteral("from elsewhere"));
+}
+
+void TestPageHost::copiedObjectIsPastedBesideOriginal()
+{
+    CVXRootObject *original = writeLine({100, 150}, QStringLiteral("twice"));
+    trigger("selectAll");
+    trigger("copy");
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("twice"));
+    trigger("paste");
+    QCOMPARE(objects().size(), 2);
+    CVXRootObject *copy = objects().at(1);
+    QCOMPARE(TextCommands::plainText(copy), QStringLiteral("twice"));
+    QCOMPARE(copy->getPos(), original->getPos() + QPointF(16, 16));
+    QCOMPARE(copy->getSize(), original->getSize());
+    trigger("cut");
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(only(), original);
+}
+
+void TestPageHost::pasteInEditGoesIntoText()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("mid"));
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("ab"));
+    QTest::keyClick(m_window->view(), Qt::Key_Left);
+    trigger("paste");
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(text(), QStringLiteral("amidb"));
+    trigger("selectAll");
+    trigger("cut");
+    QCOMPARE(text(), QString());
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("amidb"));
+    QTest::keyClick(m_window->view(), Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(text(), QStringLiteral("amidb"));
+}
+
+// Pointer
+
+void TestPageHost::selectedObjectIsMovedByDrag()
+{
+    writeLine({100, 150}, QStringLiteral("moved"));
+    session()->page()->scene()->clearSelection();
+    const QPointF start = only()->getPos();
+    const QPointF middle = QRectF(start, only()->getSize()).center();
+    drag(middle, middle + QPointF(60, 40));
+    QCOMPARE(only()->getPos(), start + QPointF(60, 40));
+    trigger("undo");
+    QCOMPARE(only()->getPos(), start);
+}
+
+void TestPageHost::handleUnderAnotherObjectIsReached()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 100}, {300, 200});
+    type(QStringLiteral("below"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    CVXRootObject *below = only();
+    QGuiApplication::clipboard()->setText(QStringLiteral("above\nabove\nabove"));
+    trigger("paste");
+    CVXRootObject *above = objects().at(1);
+    above->setPos(below->getPos() + QPointF(below->getSize().width() - 30, 20), false);
+    session()->page()->scene()->clearSelection();
+    below->doSelected(true, false);
+    const QPointF handle = below->GetGraphicsItemPtr()->mapToScene(
+        below->handlePosition(CObjAction::ACT_Right));
+    QVERIFY(above->GetGraphicsItemPtr()->sceneBoundingRect().contains(handle));
+    const QSizeF size = below->getSize();
+    const QPointF placeOfAbove = above->getPos();
+    drag(handle, handle + QPointF(40, 0));
+    QCOMPARE(below->getSize().width(), size.width() + 40);
+    QCOMPARE(above->getPos(), placeOfAbove);
+}
+
+void TestPageHost::zoomKeepsHandlesInSize()
+{
+    writeLine({100, 150}, QStringLiteral("zoomed"));
+    const double size = only()->handleSize();
+    m_window->view()->setZoom(2);
+    QCOMPARE(only()->handleSize(), size / 2);
+    m_window->view()->setZoom(1e9);
+    QCOMPARE(m_window->view()->zoom(), 64.0);
+}
+
+// Files
+
+void TestPageHost::modifiedMarkFollowsTyping()
+{
+    QVERIFY(!m_window->isWindowModified());
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("x"));
+    QTRY_VERIFY(m_window->isWindowModified());
+    QTemporaryDir folder;
+    QString error;
+    QVERIFY2(session()->save(folder.filePath(QStringLiteral("a.vxpage")), error),
+             qPrintable(error));
+    QTRY_VERIFY(!m_window->isWindowModified());
+    type(QStringLiteral("y")); // the stack knows nothing of it yet
+    QTRY_VERIFY(m_window->isWindowModified());
+}
+
+void TestPageHost::savedPageIsEqualAfterReopening_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("json") << QStringLiteral("page.json");
+    QTest::newRow("binary") << QStringLiteral("page.vxpage");
+}
+
+void TestPageHost::savedPageIsEqualAfterReopening()
+{
+    QFETCH(QString, name);
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(name);
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("Some words that wrap in the box"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    session()->page()->scene()->clearSelection();
+    const QImage before = canvas()->grab().toImage();
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+
+    QVERIFY(m_window->openFile(fileName));
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(text(), QStringLiteral("Some words that wrap in the box"));
+    QVERIFY(!session()->isModified());
+    QCOMPARE(canvas()->grab().toImage(), before);
+}
+
+void TestPageHost::saveInEditGoesOnWithEdit()
+{
+    QTemporaryDir folder;
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {340, 270});
+    type(QStringLiteral("ac"));
+    QTest::keyClick(m_window->view(), Qt::Key_Left);
+    QString error;
+    QVERIFY2(session()->save(folder.filePath(QStringLiteral("a.json")), error), qPrintable(error));
+    QCOMPARE(session()->editedObject(), only());
+    type(QStringLiteral("b"));
+    QCOMPARE(text(), QStringLiteral("abc"));
+}
+
+void TestPageHost::brokenFileIsRefusedWithItsPlace()
+{
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("broken.json"));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"format\": \"vxpage\",\n \"version\": 1,\n \"page\" }");
+    file.close();
+    QString error;
+    QVERIFY(!PageSession::open(&m_loader, fileName, error));
+    QVERIFY2(error.contains(QLatin1String("line 3")), qPrintable(error));
+}
+
+// The program
+
+void TestPageHost::missingLibraryEndsWithCode4()
+{
+    QProcess program;
+    program.start(QStringLiteral(PAGEHOST_PROGRAM),
+                  {QStringLiteral("--plugin"), QStringLiteral("/nowhere/libvxarttext.so.1")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.exitCode(), 4);
+    const QByteArray message = program.readAllStandardError();
+    QVERIFY2(message.contains("pagehost: The library of text objects cannot be loaded"),
+             message.constData());
+    QVERIFY2(message.contains("/nowhere/libvxarttext.so.1"), message.constData());
+}
+
+void TestPageHost::wrongUsageEndsWithCode2()
+{
+    QProcess program;
+    program.start(QStringLiteral(PAGEHOST_PROGRAM), {QStringLiteral("--nonsense")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 2);
+    program.start(QStringLiteral(PAGEHOST_PROGRAM), {QStringLiteral("a"), QStringLiteral("b")});
+    QVERIFY(program.waitForFinished());
+    QCOMPARE(program.exitCode(), 2);
+}
+
+QTEST_MAIN(TestPageHost)
+#include "tst_pagehost.moc"
