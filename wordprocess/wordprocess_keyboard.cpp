@@ -180,8 +180,7 @@ CWordProcess::KeyAction CWordProcess::keyAction(const KeyPress &press)
         {QKeySequence::Paste, &CWordProcess::keyPaste},
     };
     for (const StandardKey &standard : standardKeys) {
-        // matches() is not const although it changes nothing
-        if (const_cast<QKeyEvent &>(press.event).matches(standard.key))
+        if (press.event.matches(standard.key))
             return standard.action;
     }
     if (keyCommandFor(press.event.key(), press.modifiers))
@@ -350,9 +349,8 @@ bool CWordProcess::keyText(const KeyPress &press)
     QTextCharFormat format = m_cursor->charFormat();
     int start = 0;
     int end = 0;
-    if (hasSelection()
-        && selection(start, end)) { // what is typed looks like the first that it replaces
-        QTextCursor first(*m_cursor);
+    if (hasSelection() && selection(start, end)) {
+        QTextCursor first(*m_cursor); // what is typed looks like the first that it replaces
         first.setPosition(start + 1);
         format = first.charFormat();
     }
@@ -417,8 +415,8 @@ int CWordProcess::cursorMove(Qt::Key key)
         target = line.first;
     else if (motion == Motion::LineEnd)
         target = line.last;
-    target = qBound(0, target,
-                    m_document->characterCount() - 1); // an empty text may keep former lines
+    // An empty text may keep former lines.
+    target = qBound(0, target, m_document->characterCount() - 1);
     if (m_document->characterAt(target).isLowSurrogate() && target > line.first
         && m_document->characterAt(target - 1).isHighSurrogate())
         --target;

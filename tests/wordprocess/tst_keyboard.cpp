@@ -1586,7 +1586,7 @@ void TestKeyboard::anyKeysLeaveAnEditThatWorks()
     const Qt::KeyboardModifiers modifiers[] = {None, None, None, Shift, Ctrl, CtrlShift, Alt};
     const QString typed[] = {QStringLiteral("x"), grin, QStringLiteral("\t"), QString()};
     QRandomGenerator random(11);
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 300; ++i) {
         const int key = keys[random.bounded(20)];
         const Qt::KeyboardModifiers held = modifiers[random.bounded(7)];
         const bool isLetter = key == Qt::Key_unknown || (key >= Qt::Key_A && key <= Qt::Key_Z);
