@@ -61,7 +61,11 @@ public:
     // frame: state, lifecycle
     int type() const override { return 65543; }
     QString getObjName() const override { return QStringLiteral("wb text"); }
+    /// Also from within whatever the object tells its host: it leaves its scene at once and is told of no more,
+    /// finishes the call that it is in, and goes when control is back in the event loop.
     void Release() override;
+    void notifyObjPropertyChanged(int code, const QString &detail) override;
+    void updateAfterObjRectChanged(QGraphicsItem *item, bool notify) override;
     bool canDo(OperationType operation) override;
     QRectF boundingRect() const override;
     QPainterPath shape() const override;
@@ -167,11 +171,13 @@ public:
     bool selection(int &start, int &end) const;
 
     // clipboard
-    /// Puts the selection on the clipboard, rich and plain. False without a selection: the clipboard stays.
+    /// Puts the selection on the clipboard, rich and plain. False without a selection: the clipboard stays;
+    /// and, like cut() and paste(), false in a program that has no clipboard.
     bool copy();
-    /// copy(), then removeSelectedText(). Does not lay out.
+    /// copy(), and removeSelectedText() when that went well. Does not lay out.
     bool cut();
-    /// Inserts the clipboard's best form in place of the selection. False when it has nothing to paste.
+    /// Inserts the clipboard's best form in place of the selection, as one step of the document's own undo.
+    /// False when it has nothing to paste.
     /// \param newObject  the object was made for this text and is finished by it
     /// \param rich       takes formats along where the clipboard has them
     bool paste(bool newObject, bool rich);
@@ -402,6 +408,28 @@ protected:
 
 private:
     // frame
+    /// Stands around every call that leaves the object for its host: a Release() that comes back from there
+    /// waits, so that no call of ours finds the object gone.
+    class KeepAlive
+    {
+        Q_DISABLE_COPY(KeepAlive)
+
+    public:
+        explicit KeepAlive(CWordProcess &object)
+            : m_object(object)
+        {
+            ++m_object.m_keepAliveDepth;
+        }
+        ~KeepAlive() { m_object.endKeepAlive(); }
+
+    private:
+        CWordProcess &m_object;
+    };
+    int m_keepAliveDepth = 0;
+    bool m_releaseWaits = false;
+    bool m_releaseIsPosted = false;
+    void endKeepAlive();
+    void releaseAtLast();
     void enableAllHandles();
     void takeEditAppearance();
     void leaveEditAppearance();
@@ -496,6 +524,7 @@ private:
 
     // clipboard
     QString offeredText(bool rich, bool &isRich) const;
+    void replaceByPasted(const QString &text, bool isRich, bool withDefaultLook);
     void takeDefaultLook();
 
     // undo
@@ -508,9 +537,9 @@ private:
     /// Where a step starts from: the state ahead of a command, or what m_fontReplaceData held.
     enum class StepStart { Present, Held };
     int m_stepsAtWork = 0;          ///< steps of this object that are rebuilding it now
-    bool m_stepHasGrown = false;    ///< a listener has commanded something that belongs to the innermost of them
+    bool m_stepHasGrown = false;    ///< a listener's command belongs to the innermost of them
     bool m_heldAheadOfEdit = false; ///< m_fontReplaceData is older than the start of the edit
-    QString m_waitingStep;          ///< start of a step that no stack could take yet; empty for none
+    QString m_waitingStep; ///< start of a step that no stack could take yet; empty for none
     void pushStep(const QString &before, const QString &after, StepStart origin);
     void pushLater(const QString &before);
     void pushWaitingStep(const QString &end);
@@ -529,6 +558,7 @@ private:
     // records
     void fillSaveParams();
     void fillPlacementParams();
+    QPointF textOriginBehindImage() const;
     void fillBoundsParams();
     void storeImageInParams();
     void readSaveParams(const QString &olderText);
@@ -540,6 +570,7 @@ private:
     void takeStretch(double m11, double m12, double m21, double m22);
     void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
     void finishLoading();
+    void standWhereSaved(const QPointF &centre, double angle);
     void showFontImage(const QString &documentString);
 
     // fonts and units
@@ -573,7 +604,7 @@ private:
     // notifications
     int m_notificationDepth = 0;
     bool m_notificationLeftOut = false; ///< too many were under way
-    bool m_quiet = false;               ///< a command of the input method is under way: nobody is told
+    bool m_quiet = false; ///< a command of the input method is under way: nobody is told
     void sendTextOperation(EnumTextOperation operation, const AttributeMap &map);
     AttributeMap textOperationMap(EnumTextOperation operation, const AttributeMap &map);
 };

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // wordprocess_frame.cpp -- CWordProcess: construction, edit state, flags, item plumbing, caret timer.
-// Changes: m_editing, m_editStartText, m_editStartData, m_cursorVisible, m_hasFocus, m_flip, m_mirror.
+// Changes: m_editing, m_editStartText, m_editStartData, m_cursorVisible, m_hasFocus, m_flip, m_mirror; whether a
+// release waits.
 #include "wordprocess/cwordprocess.h"
 
 #include "arttext/arttexthelper.h"
@@ -82,16 +83,47 @@ CWordProcess::~CWordProcess()
 
 void CWordProcess::Release()
 {
-    if (m_notificationDepth == 0) {
+    if (m_releaseWaits)
+        return;
+    if (m_keepAliveDepth == 0) {
         CVXRootObject::Release();
         return;
     }
-    // A listener ends the object in the middle of a call: it leaves the page now and goes after that call, which
-    // a listener with an event loop of its own may keep from returning.
+    m_releaseWaits = true;
     if (scene())
         scene()->removeItem(this);
-    QMetaObject::invokeMethod(
-        this, [this] { CWordProcess::Release(); }, Qt::QueuedConnection);
+}
+
+/// The outermost call out has returned, but not yet the call of ours that it was made from: a release that was
+/// asked for meanwhile goes through the event loop.
+void CWordProcess::endKeepAlive()
+{
+    if (--m_keepAliveDepth > 0 || !m_releaseWaits || m_releaseIsPosted)
+        return;
+    m_releaseIsPosted = true;
+    QMetaObject::invokeMethod(this, &CWordProcess::releaseAtLast, Qt::QueuedConnection);
+}
+
+void CWordProcess::releaseAtLast()
+{
+    m_releaseIsPosted = false;
+    if (m_keepAliveDepth > 0) // in an event loop of a listener: the end of its call posts again
+        return;
+    m_releaseWaits = false;
+    CVXRootObject::Release();
+}
+
+void CWordProcess::notifyObjPropertyChanged(int code, const QString &detail)
+{
+    const KeepAlive guard(*this);
+    if (!m_releaseWaits)
+        CBaseObject::notifyObjPropertyChanged(code, detail);
+}
+
+void CWordProcess::updateAfterObjRectChanged(QGraphicsItem *item, bool notify)
+{
+    const KeepAlive guard(*this);
+    CBaseObject::updateAfterObjRectChanged(item, notify && !m_releaseWaits);
 }
 
 bool CWordProcess::canDo(OperationType operation)
@@ -167,6 +199,7 @@ void CWordProcess::beginEdit()
 {
     if (m_changingEditState) // a listener asks from within
         return;
+    const KeepAlive alive(*this);
     {
         const QScopedValueRollback<bool> guard(m_changingEditState, true);
         takeEditAppearance();

@@ -212,6 +212,7 @@ void CWordProcess::setSize(const QSizeF &size, bool undo, bool notify)
 {
     if (!isFinite(QRectF(QPointF(), size)) || !size.isValid())
         return;
+    const KeepAlive guard(*this); // the base pushes a step
     // One handle, two meanings, deliberate: glyphs are scaled outside an edit and rewrapped during it.
     if (!m_editing)
         stretchTo(size, undo, notify);

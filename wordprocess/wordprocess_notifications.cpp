@@ -46,12 +46,13 @@ void CWordProcess::notifyTextOperation(EnumTextOperation operation, const Attrib
 void CWordProcess::sendTextOperation(EnumTextOperation operation, const AttributeMap &map)
 {
     IObjectEventSink *sink = eventSink();
-    if (!sink) // without a listener nothing is built
+    if (!sink || m_releaseWaits) // without a listener nothing is built
         return;
     AttributeMap values = textOperationMap(operation, map);
     if (values.isEmpty())
         return;
     values[QStringLiteral("sub_operator")] = static_cast<int>(operation);
+    const KeepAlive guard(*this);
     ++m_notificationDepth;
     sink->notifyObjectEvent(this, QStringLiteral("text_operation"), values);
     --m_notificationDepth;

@@ -44,6 +44,7 @@ void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
 
 void CWordProcess::pushStep(const QString &before, const QString &after, StepStart origin)
 {
+    const KeepAlive guard(*this); // the stack has listeners of its own
     if (m_stepsAtWork > 0) { // what a listener commands meanwhile belongs to that step
         m_stepHasGrown = true;
         undoRedo(after, /*notify=*/true);
@@ -66,7 +67,7 @@ void CWordProcess::pushStep(const QString &before, const QString &after, StepSta
     pushWaitingStep(first);
     if (wasTyped)
         undoStack()->push(new CTextDataCommand(this, first, before));
-    undoStack()->push(new CTextDataCommand(this, before, after)); // runs carryOutStep(after) at once
+    undoStack()->push(new CTextDataCommand(this, before, after)); // rebuilds at once
 }
 
 QString CWordProcess::carryOutStep(const QString &data)
@@ -111,6 +112,7 @@ void CWordProcess::startEditHere()
 
 void CWordProcess::undoRedo(const QString &data, bool notify)
 {
+    const KeepAlive guard(*this);
     endComposition(); // the text that it stands in is replaced
     const bool wasWrapped = m_wordWrap;
     const double scaleX = m_scaleX;
@@ -144,7 +146,8 @@ void CWordProcess::undoRedo(const QString &data, bool notify)
     notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
     if (notify) {
         notifyTextOperation(TextOperationAttributes, {});
-        updatePreview();
+        if (!m_releaseWaits)
+            updatePreview();
     }
 }
 

@@ -133,7 +133,7 @@ public:
     {
         changes.append(code);
         details.append(detail);
-        CBaseObject::notifyObjPropertyChanged(code, detail);
+        CWordProcess::notifyObjPropertyChanged(code, detail);
     }
 
     void clearLayerEffectCache(int reason) override

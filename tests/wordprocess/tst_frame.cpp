@@ -1,16 +1,122 @@
 // SPDX-License-Identifier: MIT
 // Construction, edit state, flags, item plumbing and the caret timer of the rich text object.
+#include "callinghost.h"
 #include "openword.h"
 #include "plugin/vxtext.h"
 
 #include <QAbstractEventDispatcher>
+#include <QClipboard>
+#include <QDataStream>
 #include <QFocusEvent>
 #include <QGraphicsItem>
+#include <QGuiApplication>
 #include <QPointer>
 #include <QTest>
 #include <QTimerEvent>
 
 #include <thread>
+
+namespace {
+/// Something that a host asks of an object, and what it does ahead of it.
+struct Request {
+    const char *name;
+    void (*prepare)(OpenWord &word);
+    void (*run)(OpenWord &word);
+};
+
+void nothing(OpenWord & /*word*/) {}
+
+void makeBox(OpenWord &word)
+{
+    word.m_wordWrap = true;
+    word.m_wordManager->setWordWrap(true);
+    word.setSize(QSizeF(60, 40), false, false);
+    word.updateBoundingRectImpl(true);
+}
+
+void edit(OpenWord &word)
+{
+    word.beginEdit();
+}
+
+void type(OpenWord &word)
+{
+    word.m_cursor->insertText(QStringLiteral("x"), OpenWord::format());
+}
+
+void pushStep(OpenWord &word)
+{
+    const QString before = word.serialize(false);
+    type(word);
+    word.pushUndoRedo(before, word.serialize(false));
+}
+
+void offerText()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("pasted"));
+}
+
+template<typename... Arguments>
+void command(OpenWord &word, int number, const Arguments &...arguments)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    Q_UNUSED((out << ... << arguments))
+    QDataStream in(bytes);
+    word.SetSpecialProperty(number, in, false);
+}
+
+const QString bold = QStringLiteral("font_bold");
+const QString wrapped = QStringLiteral("text_wordwrap");
+
+// clang-format off
+const Request requests[] = {
+    {"begin an edit",           nothing, [](OpenWord &w) { w.beginEdit(); }},
+    {"begin an edit of a box",  makeBox, [](OpenWord &w) { w.beginEdit(); }},
+    {"end an edit",             edit,    [](OpenWord &w) { w.endEdit(); }},
+    {"end an edit of a box",    [](OpenWord &w) { makeBox(w); edit(w); type(w); },
+                                         [](OpenWord &w) { w.endEdit(); }},
+    {"end a changed edit",      [](OpenWord &w) { edit(w); type(w); },
+                                         [](OpenWord &w) { w.endEdit(); }},
+    {"lay out",                 type,    [](OpenWord &w) { w.updateBoundingRectImpl(true); }},
+    {"lay a box out",           [](OpenWord &w) { makeBox(w); type(w); },
+                                         [](OpenWord &w) { w.updateBoundingRectImpl(true); }},
+    {"move",                    nothing, [](OpenWord &w) { w.updatePosition(&w, QRectF(5, 5, 30, 30)); }},
+    {"stretch",                 nothing, [](OpenWord &w) { w.setSize(QSizeF(99, 77), false, true); }},
+    {"stretch with a step",     nothing, [](OpenWord &w) { w.setSize(QSizeF(99, 77), true, true); }},
+    {"reflow",                  [](OpenWord &w) { makeBox(w); w.m_autoWordWrap = true; edit(w); },
+                                         [](OpenWord &w) { w.setSize(QSizeF(99, 77), true, true); }},
+    {"flip",                    nothing, [](OpenWord &w) { w.setFlip(true, true); }},
+    {"mirror",                  nothing, [](OpenWord &w) { w.setMirror(true, true); }},
+    {"select all",              edit,    [](OpenWord &w) { w.selectAll(); }},
+    {"paste",                   edit,    [](OpenWord &w) { offerText(); w.paste(false, true); }},
+    {"paste over a selection",  [](OpenWord &w) { edit(w); w.select(0, 2); },
+                                         [](OpenWord &w) { offerText(); w.paste(false, true); }},
+    {"paste as a new object",   nothing, [](OpenWord &w) { offerText(); w.paste(true, false); }},
+    {"push a step",             nothing, pushStep},
+    {"push a step in an edit",  [](OpenWord &w) { edit(w); type(w); }, pushStep},
+    {"rebuild",                 nothing, [](OpenWord &w) { w.undoRedo(w.serialize(false), true); }},
+    {"undo",                    pushStep, [](OpenWord &w) { w.undoStack()->undo(); }},
+    {"attributes",              nothing, [](OpenWord &w) { w.setAllAttributes({{bold, true}}, true); }},
+    {"attributes, no step",     nothing, [](OpenWord &w) { w.setAllAttributes({{bold, true}}, false); }},
+    {"attributes at the caret", edit,    [](OpenWord &w) { w.setAllAttributes({{bold, true}}, true); }},
+    {"into a box",              nothing, [](OpenWord &w) { w.setAllAttributes({{wrapped, true}}, true); }},
+    {"into line text",          makeBox, [](OpenWord &w) { w.setAllAttributes({{wrapped, false}}, true); }},
+    {"property 101",            nothing, [](OpenWord &w) { command(w, 101); }},
+    {"property 102",            [](OpenWord &w) { edit(w); type(w); },
+                                         [](OpenWord &w) { command(w, 102); }},
+    {"property 106",            nothing, [](OpenWord &w) { command(w, 106, QStringLiteral("new")); }},
+    {"property 109",            nothing, [](OpenWord &w) { command(w, 109, QStringLiteral("new")); }},
+    {"property 110",            nothing, [](OpenWord &w) { command(w, 110, 72, 1.0, 1.0); }},
+    {"property 118",            nothing, [](OpenWord &w) { command(w, 118, 3, 0.5, 0.0, 0.0, 1, true); }},
+    {"property 125",            [](OpenWord &w) { edit(w); w.select(0, 2); },
+                                         [](OpenWord &w) { command(w, 125); }},
+    {"property 127",            edit,    [](OpenWord &w) { offerText(); command(w, 127, false, true); }},
+};
+// clang-format on
+} // namespace
+
+Q_DECLARE_METATYPE(const Request *)
 
 class TestFrame : public QObject
 {
@@ -28,6 +134,9 @@ private Q_SLOTS:
     void constructionStartsTheCaretTimer();
     void dpiComesFromTheDocument();
     void releaseDeletesTheObject();
+    void hostMayReleaseTheObjectFromAnyCallBack_data();
+    void hostMayReleaseTheObjectFromAnyCallBack();
+    void secondReleaseFromACallBackIsTheSame();
 
     // questions
     void canDoAsksForText();
@@ -209,6 +318,73 @@ void TestFrame::releaseDeletesTheObject()
     QPointer<OpenWord> word = new OpenWord;
     word->Release();
     QVERIFY(word.isNull());
+}
+
+void TestFrame::hostMayReleaseTheObjectFromAnyCallBack_data()
+{
+    QTest::addColumn<const Request *>("request");
+    for (const Request &request : requests)
+        QTest::newRow(request.name) << &request;
+}
+
+void TestFrame::hostMayReleaseTheObjectFromAnyCallBack()
+{
+    QFETCH(const Request *, request);
+    bool released = true;
+    for (int releaseAt = 0; released; ++releaseAt) { // from the first call back, from the second...
+        released = false;
+        int callBacks = 0;
+        int toldAfterwards = 0;
+        CallingHost host;
+        auto *word = new OpenWord(&host);
+        const QPointer<OpenWord> alive(word);
+        host.scene().addItem(word);
+        word->add(QStringLiteral("ab cd"));
+        request->prepare(*word);
+        const auto callBack = [&] {
+            if (callBacks++ == releaseAt) {
+                released = true;
+                word->Release();
+            }
+            QCoreApplication::sendPostedEvents(); // as a host that runs a dialog does
+        };
+        host.onTextOperation = [&](int) {
+            toldAfterwards += released;
+            callBack();
+        };
+        host.onPreview = [&] {
+            toldAfterwards += released;
+            callBack();
+        };
+        host.onEditing = callBack;
+        const auto connection = connect(&host.stack(), &QUndoStack::indexChanged, callBack);
+        request->run(*word);
+        disconnect(connection);
+        host.onTextOperation = nullptr;
+        host.onPreview = nullptr;
+        host.onEditing = nullptr;
+        QVERIFY(alive);
+        QVERIFY2(callBacks > 0, "nobody was told");
+        QCOMPARE(toldAfterwards, 0);
+        QCOMPARE(host.scene().items().isEmpty(), released);
+        host.stack().clear();
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(alive.isNull(), released);
+    }
+}
+
+void TestFrame::secondReleaseFromACallBackIsTheSame()
+{
+    CallingHost host;
+    QPointer<OpenWord> word = new OpenWord(&host);
+    host.onTextOperation = [&](int) { word->Release(); };
+    word->selectAll();
+    QVERIFY(word);
+    word->Release();
+    QVERIFY(word);
+    host.onTextOperation = nullptr;
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(!word);
 }
 
 void TestFrame::canDoAsksForText()
