@@ -4,6 +4,7 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textproperties.h"
+#include "wordprocess/fragmentwalk.h"
 #include "wordprocess/hostdefaults.h"
 #include "wordprocess/htmldocument.h"
 
@@ -13,6 +14,13 @@
 
 namespace {
 const QLatin1String richTextType("application/vixorama_text"); // a document string in UTF-8
+
+/// Null without a graphical application, of which there is no clipboard.
+QClipboard *systemClipboard()
+{
+    const auto *application = qobject_cast<QGuiApplication *>(QCoreApplication::instance());
+    return application ? QGuiApplication::clipboard() : nullptr;
+}
 
 QString untilZeroByte(const QByteArray &bytes)
 {
@@ -38,18 +46,22 @@ bool CWordProcess::copy()
         qDebug("no text selection");
         return false;
     }
+    QClipboard *clipboard = systemClipboard();
+    if (!clipboard)
+        return false;
     auto *data = new QMimeData;
     data->setData(richTextType, serialize(/*selectionOnly=*/true).toUtf8());
     data->setText(getSelectedText());
-    QGuiApplication::clipboard()->setMimeData(data, QClipboard::Clipboard); // which owns it now
+    clipboard->setMimeData(data, QClipboard::Clipboard); // which owns it now
     return true;
 }
 
 bool CWordProcess::cut()
 {
-    const bool copied = copy();
+    if (!copy()) // what is not on the clipboard is not lost
+        return false;
     removeSelectedText();
-    return copied;
+    return true;
 }
 
 bool CWordProcess::paste(bool newObject, bool rich)
@@ -59,20 +71,34 @@ bool CWordProcess::paste(bool newObject, bool rich)
     if (text.isEmpty())
         return false;
     endComposition();
-    removeSelectedText();
-    dropCursorSelection();
-    if (isRich) {
-        deserialization(text, /*insertAtCursor=*/true);
-    } else {
-        if (newObject)
-            takeDefaultLook();
-        m_cursor->insertText(text);
-    }
+    const bool replacesSelection = hasSelection();
+    replaceByPasted(text, isRich, /*withDefaultLook=*/newObject && !isRich);
+    if (replacesSelection)
+        clearSelection();
     if (newObject)
         finishNewObject();
     notifyTextOperation(TextOperationAttributes, {});
     updateBoundingRectImpl(true);
     return true;
+}
+
+/// One step of the document's own undo: the removal goes with what takes its place. Nobody is told, since a
+/// listener may undo at once, which has to find the step closed.
+void CWordProcess::replaceByPasted(const QString &text, bool isRich, bool withDefaultLook)
+{
+    const EditBlock step(*m_cursor);
+    if (hasSelection())
+        putCursorOnSelection();
+    else
+        dropCursorSelection();
+    m_cursor->removeSelectedText();
+    if (isRich) {
+        deserialization(text, /*insertAtCursor=*/true);
+        return;
+    }
+    if (withDefaultLook)
+        takeDefaultLook();
+    m_cursor->insertText(text);
 }
 
 /// The best form that the clipboard offers; empty when it has nothing to paste. Our own type wins over
@@ -81,7 +107,9 @@ bool CWordProcess::paste(bool newObject, bool rich)
 QString CWordProcess::offeredText(bool rich, bool &isRich) const
 {
     isRich = false;
-    const QClipboard *clipboard = QGuiApplication::clipboard();
+    const QClipboard *clipboard = systemClipboard();
+    if (!clipboard)
+        return QString();
     const QMimeData *data = clipboard->mimeData();
     if (data && data->hasFormat(richTextType)) {
         const QString own = untilZeroByte(data->data(richTextType));

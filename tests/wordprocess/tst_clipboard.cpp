@@ -93,6 +93,10 @@ private Q_SLOTS:
     void pastedBlocksSplitTheParagraph();
     void pasteTellsListenersAndLaysOut();
     void pasteIsPartOfTheEditsStep();
+    void cutIsOneStepOfTheDocument();
+    void pasteIsOneStepOfTheDocument_data();
+    void pasteIsOneStepOfTheDocument();
+    void listenerMayUndoThePasteThatItIsToldOf();
 
     // a new object
     void newObjectIsFinished_data();
@@ -529,6 +533,83 @@ void TestClipboard::pasteIsPartOfTheEditsStep()
     host.stack().undo();
     QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
     host.stack().clear();
+}
+
+void TestClipboard::cutIsOneStepOfTheDocument()
+{
+    OpenWord word;
+    word.add(QStringLiteral("ab\n"));
+    word.add(QStringLiteral("cd"), OpenWord::format(24));
+    word.m_document->clearUndoRedoStacks();
+    word.select(1, 4);
+    QVERIFY(word.cut());
+    QCOMPARE(word.toPlainText(), QStringLiteral("ad"));
+    word.m_document->undo();
+    QVERIFY(!word.m_document->isUndoAvailable());
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab\ncd"));
+    QCOMPARE(sizeAt(word, 3), 24.0);
+}
+
+void TestClipboard::pasteIsOneStepOfTheDocument_data()
+{
+    QTest::addColumn<bool>("own");
+    QTest::addColumn<bool>("newObject");
+    QTest::addColumn<bool>("selected");
+    for (bool own : {true, false}) {
+        for (bool newObject : {true, false}) {
+            for (bool selected : {true, false})
+                QTest::addRow("own %d, new %d, selected %d", own, newObject, selected)
+                    << own << newObject << selected;
+        }
+    }
+}
+
+void TestClipboard::pasteIsOneStepOfTheDocument()
+{
+    QFETCH(bool, own);
+    QFETCH(bool, newObject);
+    QFETCH(bool, selected);
+    OpenWord word;
+    word.add(QStringLiteral("abcdef"));
+    const QString before = word.serialize(false);
+    word.m_document->clearUndoRedoStacks();
+    if (selected)
+        word.select(1, 5);
+    offer(own ? ownFormOf(QStringLiteral("X\nY"), OpenWord::format(24)) : QByteArray(),
+          QStringLiteral("X\nY"));
+    QVERIFY(word.paste(newObject, /*rich=*/own));
+    QCOMPARE(word.toPlainText(),
+             selected ? QStringLiteral("aX\nYf") : QStringLiteral("abcdefX\nY"));
+    word.m_document->undo();
+    QVERIFY(!word.m_document->isUndoAvailable());
+    QCOMPARE(contentsOf(word.serialize(false)), contentsOf(before));
+    QCOMPARE(jsonOf(word.serialize(false)).value(QLatin1String("fragment")),
+             jsonOf(before).value(QLatin1String("fragment")));
+    word.m_document->redo();
+    QCOMPARE(word.toPlainText(),
+             selected ? QStringLiteral("aX\nYf") : QStringLiteral("abcdefX\nY"));
+}
+
+void TestClipboard::listenerMayUndoThePasteThatItIsToldOf()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("abcdef"));
+    word.m_document->clearUndoRedoStacks();
+    word.select(1, 5);
+    offer(QByteArray(), QStringLiteral("X"));
+    bool undone = false;
+    host.onTextOperation = [&](int) {
+        if (!undone) {
+            undone = true;
+            word.m_document->undo();
+        }
+    };
+    QVERIFY(word.paste(false, true));
+    host.onTextOperation = nullptr;
+    QVERIFY(undone);
+    QCOMPARE(word.toPlainText(), QStringLiteral("abcdef"));
+    contentOf(word);
 }
 
 void TestClipboard::newObjectIsFinished_data()
