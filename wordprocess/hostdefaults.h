@@ -7,6 +7,8 @@
 
 #include <QFont>
 
+#include <cmath>
+
 /// Tools of the host that a text object knows.
 namespace Tool {
 constexpr int Text = 300;
@@ -20,7 +22,7 @@ inline int currentTool()
     return framework ? framework->getCurrentTool() : 0;
 }
 
-/// The host's default family and size in points; Qt's own where the host says nothing.
+/// The host's default family and size in points; Qt's own where the host says nothing, or no size at all.
 inline QFont hostDefaultFont()
 {
     QString family;
@@ -33,14 +35,15 @@ inline QFont hostDefaultFont()
     return font;
 }
 
-/// Resolution of the screen along x, 96 without a host.
+/// Resolution of the screen along x; 96 without a host and where the host's is 0, negative or not finite.
 inline double screenDpiX()
 {
-    double x = 96;
-    double y = 96;
+    constexpr double usualDpi = 96;
+    double x = usualDpi;
+    double y = usualDpi;
     if (IAppFramework *framework = GetFramework())
         framework->getScreenDpi(x, y);
-    return x;
+    return std::isfinite(x) && x > 0 ? x : usualDpi;
 }
 
 #endif

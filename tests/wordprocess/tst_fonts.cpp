@@ -525,8 +525,10 @@ void TestFonts::htmlForOutsideAtOtherScreens()
     QCOMPARE(word.replacePtToPx(html), QStringLiteral("font-size:10px;"));
     host.screenDpiX = 100; // 16.67 - 2
     QCOMPARE(word.replacePtToPx(html), QStringLiteral("font-size:14px;"));
-    host.screenDpiX = notANumber;
-    QCOMPARE(word.replacePtToPx(html), QStringLiteral("font-size:0px;"));
+    for (double noResolution : {0.0, -96.0, notANumber, infinite}) { // counts as 96
+        host.screenDpiX = noResolution;
+        QCOMPARE(word.replacePtToPx(html), QStringLiteral("font-size:14px;"));
+    }
 }
 
 void TestFonts::hugeHtmlIsQuick()
