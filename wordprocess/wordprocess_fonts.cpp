@@ -64,14 +64,14 @@ QString rewriteBetween(const QString &html, QLatin1String mark, QLatin1String en
 double pointsOf(const QTextCharFormat &format, double dpi, int documentDpi)
 {
     const QFont font = format.font();
-    double pixels = font.pixelSize();
+    const int pixels = font.pixelSize();
     if (pixels < 1)
-        pixels = font.pointSizeF() / 72.0 * dpi;
+        return font.pointSizeF() / 72.0 * dpi / documentDpi * 72.0;
     // Whole pixels that were cut off from the run's own points stand for these: no size is rounded.
     const double exact = finiteReal(format.property(QTextFormat::FontPointSize));
-    if (font.pixelSize() >= 1 && truncated(exact * documentDpi / 72.0) == font.pixelSize())
+    if (truncated(exact * documentDpi / 72.0) == pixels)
         return exact;
-    return pixels / documentDpi * 72.0;
+    return double(pixels) / documentDpi * 72.0;
 }
 
 QRectF inkOf(const QFont &font, const QString &text)

@@ -47,10 +47,12 @@ QTextCharFormat formatForRun(const QTextCharFormat &format, const QTextCharForma
     const QString family = format.stringProperty(QTextFormat::FontFamily);
     if (!family.isEmpty())
         font.setFamily(family);
+    // setFont() writes all properties of the run's font, also over those that were asked for. merge() brings
+    // these back, and with them a family without a name, in whose place the run's own stays.
     QTextCharFormat result = format;
     result.setFont(font);
     result.merge(format);
-    result.setProperty(QTextFormat::FontFamily, font.family()); // an empty name is no family
+    result.setProperty(QTextFormat::FontFamily, font.family());
     return result;
 }
 
@@ -86,34 +88,91 @@ Range characterAround(const QString &text, int index)
     return {start, start + (isPair ? 2 : 1)};
 }
 
-/// The value of \a a when the two formats agree on \a id; "" when they differ or \a a has it not.
-void keepCommonOrBlank(QTextFormat &result, const QTextFormat &a, const QTextFormat &b, int id)
-{
-    const bool agree = a.hasProperty(id) && a.property(id) == b.property(id);
-    result.setProperty(id, agree ? a.property(id) : QVariant(QString()));
-}
+/// What becomes of a property in which two formats differ.
+enum class OnDifference {
+    LeftOut,
+    Blank,      ///< ""; nothing at all when neither format has it
+    BlankUnset, ///< "", also when the first format has it not
+};
 
-/// The value of \a a when the two formats agree on \a id; nothing when they differ.
-void keepCommon(QTextFormat &result, const QTextFormat &a, const QTextFormat &b, int id)
-{
-    if (a.property(id) == b.property(id))
-        result.setProperty(id, a.property(id));
-}
+/// One property that two formats may have in common.
+struct CommonRow {
+    int property;
+    OnDifference onDifference;
+    /// Takes the place of the comparison of the two values, for what is not compared as it is stored.
+    void (*keep)(QTextFormat &result, const QTextCharFormat &a, const QTextCharFormat &b) = nullptr;
+};
 
-/// Blank on a difference, but nothing at all when neither format has \a id.
-void keepCommonBlankOnDifference(QTextFormat &result, const QTextFormat &a, const QTextFormat &b,
-                                 int id)
-{
-    const bool agree = a.property(id) == b.property(id);
-    result.setProperty(id, agree ? a.property(id) : QVariant(QString()));
-}
-
-void keepCommonWeight(QTextCharFormat &result, const QTextCharFormat &a, const QTextCharFormat &b)
+void keepWeight(QTextFormat &result, const QTextCharFormat &a, const QTextCharFormat &b)
 {
     if (isBold(a) == isBold(b))
-        result.setProperty(QTextFormat::FontWeight, a.hasProperty(QTextFormat::FontWeight)
-                                                        ? a.fontWeight()
-                                                        : FontWeight::Normal);
+        result.setProperty(QTextFormat::FontWeight, a.fontWeight());
+}
+
+void keepUnderline(QTextFormat &result, const QTextCharFormat &a, const QTextCharFormat &b)
+{
+    if (a.fontUnderline() == b.fontUnderline())
+        result.setProperty(QTextFormat::TextUnderlineStyle, a.fontUnderline() ? 1 : 0);
+}
+
+// Formats are equal only when their properties were set in the same order: the rows keep theirs.
+// clang-format off
+const CommonRow commonCharRows[] = {
+    {QTextFormat::FontFamily,             OnDifference::Blank},
+    {QTextFormat::FontWeight,             OnDifference::LeftOut, keepWeight},
+    {QTextFormat::FontItalic,             OnDifference::LeftOut},
+    {TextProperty::LetterSpacing,         OnDifference::BlankUnset},
+    {TextProperty::LeadingGap,            OnDifference::BlankUnset},
+    {QTextFormat::FontPointSize,          OnDifference::LeftOut},
+    {QTextFormat::TextUnderlineStyle,     OnDifference::LeftOut, keepUnderline},
+    {QTextFormat::FontStrikeOut,          OnDifference::LeftOut},
+    {QTextFormat::ForegroundBrush,        OnDifference::LeftOut},
+    {QTextFormat::FontStyleName,          OnDifference::LeftOut},
+    {TextProperty::HorizontalScale,       OnDifference::BlankUnset},
+    {QTextFormat::TextVerticalAlignment,  OnDifference::LeftOut},
+    {TextProperty::VerticalScale,         OnDifference::Blank},
+    {TextProperty::BaselineOffset,        OnDifference::Blank},
+    {TextProperty::UpperCase,             OnDifference::Blank},
+    {TextProperty::RowSpacing,            OnDifference::Blank},
+};
+const CommonRow commonBlockRows[] = {
+    {QTextFormat::BlockAlignment,         OnDifference::LeftOut},
+    {TextProperty::Alignment,             OnDifference::BlankUnset},
+    {TextProperty::SpaceAheadOfBlock,     OnDifference::BlankUnset},
+    {TextProperty::SpaceBehindBlock,      OnDifference::BlankUnset},
+    {TextProperty::FirstLineIndent,       OnDifference::BlankUnset},
+    {TextProperty::LeftIndent,            OnDifference::BlankUnset},
+    {TextProperty::RightIndent,           OnDifference::BlankUnset},
+    {TextProperty::Hyphenate,             OnDifference::BlankUnset},
+    {TextProperty::HeadTailRule,          OnDifference::BlankUnset},
+    {TextProperty::PunctuationExtra,      OnDifference::BlankUnset},
+};
+// clang-format on
+
+void keepRow(QTextFormat &result, const CommonRow &row, const QTextFormat &a, const QTextFormat &b)
+{
+    const QVariant value = a.property(row.property);
+    const bool isUnset = row.onDifference == OnDifference::BlankUnset
+                         && !a.hasProperty(row.property);
+    if (value == b.property(row.property) && !isUnset)
+        result.setProperty(row.property, value);
+    else if (row.onDifference != OnDifference::LeftOut)
+        result.setProperty(row.property, QString());
+}
+
+template<typename Format, std::size_t count>
+Format commonOf(const CommonRow (&rows)[count], const Format &a, const Format &b)
+{
+    if (a == b)
+        return a;
+    Format result;
+    for (const CommonRow &row : rows) {
+        if (row.keep)
+            row.keep(result, a.toCharFormat(), b.toCharFormat());
+        else
+            keepRow(result, row, a, b);
+    }
+    return result;
 }
 } // namespace
 
@@ -195,42 +254,13 @@ void CWordProcess::putCursorOnSelection()
 QTextCharFormat CWordProcess::compareCharFormat(const QTextCharFormat &a,
                                                 const QTextCharFormat &b) const
 {
-    if (a == b)
-        return a;
-    QTextCharFormat result;
-    keepCommonBlankOnDifference(result, a, b, QTextFormat::FontFamily);
-    keepCommonWeight(result, a, b);
-    keepCommon(result, a, b, QTextFormat::FontItalic);
-    keepCommonOrBlank(result, a, b, TextProperty::LetterSpacing);
-    keepCommonOrBlank(result, a, b, TextProperty::LeadingGap);
-    keepCommon(result, a, b, QTextFormat::FontPointSize);
-    if (a.fontUnderline() == b.fontUnderline())
-        result.setProperty(QTextFormat::TextUnderlineStyle, a.fontUnderline() ? 1 : 0);
-    keepCommon(result, a, b, QTextFormat::FontStrikeOut);
-    keepCommon(result, a, b, QTextFormat::ForegroundBrush);
-    keepCommon(result, a, b, QTextFormat::FontStyleName);
-    keepCommonOrBlank(result, a, b, TextProperty::HorizontalScale);
-    keepCommon(result, a, b, QTextFormat::TextVerticalAlignment);
-    keepCommonBlankOnDifference(result, a, b, TextProperty::VerticalScale);
-    keepCommonBlankOnDifference(result, a, b, TextProperty::BaselineOffset);
-    keepCommonBlankOnDifference(result, a, b, TextProperty::UpperCase);
-    keepCommonBlankOnDifference(result, a, b, TextProperty::RowSpacing);
-    return result;
+    return commonOf(commonCharRows, a, b);
 }
 
 QTextBlockFormat CWordProcess::compareBlockFormat(const QTextBlockFormat &a,
                                                   const QTextBlockFormat &b) const
 {
-    if (a == b)
-        return a;
-    QTextBlockFormat result;
-    keepCommon(result, a, b, QTextFormat::BlockAlignment);
-    for (int id :
-         {TextProperty::Alignment, TextProperty::SpaceAheadOfBlock, TextProperty::SpaceBehindBlock,
-          TextProperty::FirstLineIndent, TextProperty::LeftIndent, TextProperty::RightIndent,
-          TextProperty::Hyphenate, TextProperty::HeadTailRule, TextProperty::PunctuationExtra})
-        keepCommonOrBlank(result, a, b, id);
-    return result;
+    return commonOf(commonBlockRows, a, b);
 }
 
 bool CWordProcess::selection(int &start, int &end) const
