@@ -37,6 +37,9 @@ private Q_SLOTS:
     // steps and notices
     void initialisingPushesNoStep();
     void inputMethodRecordsAndTellsNothing();
+    void inputMethodIsQuietOnEveryRoad_data();
+    void inputMethodIsQuietOnEveryRoad();
+    void compositionEndsOnlyAheadOfAStep();
     void heldStateIsWhereTheStepGoesBackTo();
     void caretFormatLaysOutForEmptyTextAndParagraphsOnly();
     void twoCommandsAreTwoSteps();
@@ -63,6 +66,7 @@ private Q_SLOTS:
     // orientation
     void orientationTurnsTheText();
     void presentOrientationHidesOtherChanges();
+    void changeHiddenByTheOrientationIsLaidOut();
     void orientationOfEditedBoxIsLaidOut();
 
     // box and line
@@ -72,6 +76,7 @@ private Q_SLOTS:
     void boxBecomesLineWithoutAStep();
     void boxOfOlderEngineStaysABox();
     void presentFormStillPushesAStep();
+    void boxThatBeginsToFollowItsTextIsLaidOut();
 
     // shown attributes
     void everyKeyIsShown();
@@ -384,6 +389,56 @@ void TestAttributeCommands::inputMethodRecordsAndTellsNothing()
     QCOMPARE(text.told(), QVector<int>());
 }
 
+void TestAttributeCommands::inputMethodIsQuietOnEveryRoad_data()
+{
+    QTest::addColumn<AttributeMap>("map");
+    QTest::addColumn<bool>("wrapped");
+    QTest::addColumn<QString>("result");
+    const QString kept = key("abcd");
+    QTest::newRow("format") << AttributeMap{{key("font_bold"), true}} << false << kept;
+    QTest::newRow("text") << AttributeMap{{key("text"), key("xy")}} << false << key("xy");
+    QTest::newRow("box to line") << AttributeMap{{key("text_wordwrap"), false}} << true << kept;
+    QTest::newRow("line to box") << AttributeMap{{key("text_wordwrap"), true}} << false << kept;
+    QTest::newRow("direction") << AttributeMap{{key("text_horizontal"), false}} << false << kept;
+}
+
+void TestAttributeCommands::inputMethodIsQuietOnEveryRoad()
+{
+    QFETCH(AttributeMap, map);
+    QFETCH(bool, wrapped);
+    QFETCH(QString, result);
+    map.insert(key("InputMethod"), true);
+    for (bool editing : {false, true}) {
+        Text text(QStringLiteral("abcd"), wrapped);
+        if (editing)
+            text.edit(1, 3);
+        const AttributeMap given = map;
+        QVERIFY(text.set(given));
+        QCOMPARE(text.word.toPlainText(), result);
+        QCOMPARE(text.steps(), 0);
+        QCOMPARE(text.told(), QVector<int>());
+        text.word.notifyTextOperation(TextOperationAttributes, {});
+        QCOMPARE(text.told(), QVector<int>{0}); // from then on everyone is told again
+    }
+}
+
+void TestAttributeCommands::compositionEndsOnlyAheadOfAStep()
+{
+    Text text;
+    text.edit(2, 2);
+    text.word.m_cursor->insertText(key("ni"), OpenWord::format());
+    text.word.m_preeditString = key("ni");
+    text.set({{key("font_bold"), true}}, false);
+    QCOMPARE(text.word.m_preeditString, key("ni"));
+    text.set({{key("font_bold"), true}, {key("text_init_flag"), true}});
+    QCOMPARE(text.word.m_preeditString, key("ni"));
+    text.set({{key("font_bold"), true}, {key("InputMethod"), true}});
+    QCOMPARE(text.word.m_preeditString, key("ni"));
+    text.set({{key("font_bold"), true}});
+    QVERIFY(text.word.m_preeditString.isEmpty());
+    QCOMPARE(text.word.toPlainText(), key("abni"));
+}
+
 void TestAttributeCommands::heldStateIsWhereTheStepGoesBackTo()
 {
     Text text;
@@ -655,6 +710,20 @@ void TestAttributeCommands::presentOrientationHidesOtherChanges()
     QCOMPARE(text.steps(), 1);
 }
 
+void TestAttributeCommands::changeHiddenByTheOrientationIsLaidOut()
+{
+    Text text;
+    QVERIFY(!text.set({{key("text"), key("abcd")}, {key("text_horizontal"), true}}));
+    QCOMPARE(text.word.m_clientRect.width(), 32.0);
+    QCOMPARE(text.steps(), 0);
+    Text line;
+    line.set({{key("text_wordwrap"), true},
+              {key("text_auto_wordwrap"), true},
+              {key("text_horizontal"), true}});
+    QCOMPARE(line.word.m_wordManager->textLayout().lines.size(), 1);
+    QCOMPARE(line.word.m_textPathsRect, line.word.m_clientRect);
+}
+
 void TestAttributeCommands::orientationOfEditedBoxIsLaidOut()
 {
     Text text(QStringLiteral("ab"), true);
@@ -735,6 +804,18 @@ void TestAttributeCommands::boxOfOlderEngineStaysABox()
     QVERIFY(text.set({{key("text_wordwrap"), false}}));
     QVERIFY(text.word.m_wordWrap);
     QCOMPARE(text.steps(), 1); // the key counts as a change
+}
+
+void TestAttributeCommands::boxThatBeginsToFollowItsTextIsLaidOut()
+{
+    Text text(QStringLiteral("ab"), true);
+    text.edit(2, 2);
+    text.word.updatePosition(&text.word, QRectF(0, 0, 64, 100));
+    text.word.updateBoundingRectImpl(true);
+    QCOMPARE(text.word.m_clientRect.height(), 100.0);
+    text.set({{key("text_wordwrap"), true}, {key("text_auto_wordwrap"), true}}, false);
+    QCOMPARE(text.word.m_clientRect.size(), QSizeF(64, 16));
+    QCOMPARE(text.steps(), 0);
 }
 
 void TestAttributeCommands::presentFormStillPushesAStep()

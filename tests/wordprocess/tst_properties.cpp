@@ -47,6 +47,9 @@ private Q_SLOTS:
     void placedTextStandsAsPictureWhileFontsAreMissing();
     void placedTextLeavesItsPictureWhenFontsAreThere();
     void placedTextObeysTheHeaderOfItsString();
+    void placedTextWithoutAPictureKeepsTheOneThatIsThere();
+    void placedLineTextHasItsAnchorWhereTheMatrixSays_data();
+    void placedLineTextHasItsAnchorWhereTheMatrixSays();
     void replacedTextKeepsTheFirstFormats();
     void replacedTextMayBeEmpty();
 
@@ -82,6 +85,7 @@ private Q_SLOTS:
     void kindAndConditionOfNotifications_data();
     void kindAndConditionOfNotifications();
     void nothingIsSentWithoutASink();
+    void oneNotificationMakesUpForThoseLeftOut();
 
     // whatever comes in
     void shortStreamsCommandNothing_data();
@@ -198,20 +202,23 @@ double pointsOf(const OpenWord &word)
 
 /// The stream of a placed text: the text of \a string, 40 by 20, its picture at (7, 9).
 QByteArray placedText(const QString &string, bool wrapped = false,
-                      const QTransform &matrix = QTransform(1, 0, 0, 1, 30, 50))
+                      const QTransform &matrix = QTransform(1, 0, 0, 1, 30, 50), int warp = 3)
 {
     QByteArray bytes = bytesOf(string.toUtf8(), wrapped, 1, 40.0, 20.0, 7.0, 9.0, matrix.m11(),
                                matrix.m12(), matrix.m21(), matrix.m22(), matrix.dx(), matrix.dy(),
-                               3, 2, -12.0, 50.0, 25.0);
+                               warp, 2, -12.0, 50.0, 25.0);
     if (wrapped)
         bytes += bytesOf(-2.0, -3.0, 36.0, 28.0, 0.0, 0.0, 32.0, 24.0);
     return bytes;
 }
 
 /// The document string of \a text without header, so that nothing but the text comes with it.
-QString bodyOf(const QString &text)
+QString bodyOf(const QString &text, int alignment = Qt::AlignLeft)
 {
     OpenWord word;
+    QTextBlockFormat format;
+    format.setProperty(1001, alignment);
+    word.m_cursor->setBlockFormat(format);
     word.add(text);
     QJsonObject json = jsonOf(word.serialize(false));
     const QStringList keys = json.keys();
@@ -663,6 +670,53 @@ void TestProperties::placedTextObeysTheHeaderOfItsString()
     QVERIFY(!word.m_textPaths.isEmpty());
 }
 
+void TestProperties::placedTextWithoutAPictureKeepsTheOneThatIsThere()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    QImage picture(30, 10, QImage::Format_ARGB32);
+    picture.fill(Qt::green);
+    word.m_fontImage = picture;
+    word.m_fontImagePos = QPointF(200, 100);
+    word.m_fontImageSize = QSizeF(30, 10);
+    give(word, 108, placedText(bodyOf(key("abc"))));
+    QCOMPARE(word.m_fontImage, picture);
+    QCOMPARE(word.m_fontImagePos, QPointF(200, 100));
+    QCOMPARE(word.m_fontImageSize, QSizeF(30, 10));
+    QVERIFY(!word.m_showFontImage);
+}
+
+void TestProperties::placedLineTextHasItsAnchorWhereTheMatrixSays_data()
+{
+    QTest::addColumn<int>("alignment");
+    QTest::addColumn<QTransform>("matrix");
+    QTest::addColumn<QPointF>("corner"); // top left of the box of 24 by 16, ascent 12
+    const QTransform upright(1, 0, 0, 1, 30, 50);
+    const QTransform stretched(2, 0, 0, 3, 30, 50);
+    const QTransform quarter(0, 1, -1, 0, 30, 50); // down is to the left
+    QTest::newRow("left") << 1 << upright << QPointF(30, 38);
+    QTest::newRow("centred") << 4 << upright << QPointF(18, 38);
+    QTest::newRow("right") << 2 << upright << QPointF(6, 38);
+    QTest::newRow("left, stretched") << 1 << stretched << QPointF(30, 14);
+    QTest::newRow("centred, stretched") << 4 << stretched << QPointF(6, 14);
+    QTest::newRow("right, stretched") << 2 << stretched << QPointF(-18, 14);
+    QTest::newRow("left, turned") << 1 << quarter << QPointF(42, 50);
+    QTest::newRow("right, turned") << 2 << quarter << QPointF(42, 26);
+}
+
+void TestProperties::placedLineTextHasItsAnchorWhereTheMatrixSays()
+{
+    QFETCH(int, alignment);
+    QFETCH(QTransform, matrix);
+    QFETCH(QPointF, corner);
+    RecordingHost host;
+    OpenWord word(&host);
+    give(word, 108, placedText(bodyOf(key("abc"), alignment), false, matrix, /*warp=*/0));
+    QCOMPARE(word.getTextTransform().dx(), 30.0);
+    QCOMPARE(word.getTextTransform().dy(), 50.0);
+    QCOMPARE(word.mapToScene(QPointF(0, 0)), corner);
+}
+
 void TestProperties::replacedTextKeepsTheFirstFormats()
 {
     Text text(QStringLiteral("ab\ncd"));
@@ -1033,6 +1087,27 @@ void TestProperties::nothingIsSentWithoutASink()
     for (int kind = 0; kind <= 7; ++kind)
         word.notifyTextOperation(EnumTextOperation(kind), {{key("a"), 1}});
     QVERIFY(host.events.isEmpty());
+}
+
+void TestProperties::oneNotificationMakesUpForThoseLeftOut()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    int answersLeft = 100;
+    host.onTextOperation = [&](int) {
+        if (answersLeft-- > 0)
+            word.notifyTextOperation(TextOperationEditState, {});
+    };
+    for (int i = 0; i < 2; ++i) {
+        host.clearEvents();
+        word.notifyTextOperation(TextOperationEditState, {});
+        QCOMPARE(operationsOf(host), (QVector<int>{3, 3, 3, 0}));
+    }
+    answersLeft = 2; // three are no more than may be under way
+    host.clearEvents();
+    word.notifyTextOperation(TextOperationEditState, {});
+    QCOMPARE(operationsOf(host), (QVector<int>{3, 3, 3}));
+    host.onTextOperation = nullptr;
 }
 
 void TestProperties::shortStreamsCommandNothing_data()

@@ -97,6 +97,8 @@ private Q_SLOTS:
     void endEditWithTheOldTextAgainPushesNoStep();
     void beginEditAgainMovesTheStartOfTheStep();
     void typingAheadOfACommandIsAStepOfItsOwn();
+    void stateHeldAheadOfTheEditIsOneStep();
+    void typingAheadOfAHeldStateIsAStepOfItsOwn();
     void secondEndEditPushesNothingMore();
     void stepsOfAStretchedBoxKeepStretchAndPlace_data();
     void stepsOfAStretchedBoxKeepStretchAndPlace();
@@ -135,6 +137,12 @@ private Q_SLOTS:
     void listenerMayReleaseTheObject_data();
     void listenerMayReleaseTheObject();
     void listenerThatAlwaysCommandsComesToAnEnd();
+    void commandDuringAStepBelongsToIt();
+    void commandOnAnotherObjectIsAStepOfItsOwn_data();
+    void commandOnAnotherObjectIsAStepOfItsOwn();
+    void stepThatWaitsGoesAheadOfTheNextOne();
+    void commandOnAnObjectWithAnotherStackIsRecordedAtOnce();
+    void endEditAfterACommandDuringAStepPushesNothing();
 
     // properties of all sequences
     void stringOfARebuiltDocumentIsItself_data();
@@ -347,6 +355,54 @@ void TestUndo::typingAheadOfACommandIsAStepOfItsOwn()
         const QTextFragment run = word.m_document->firstBlock().begin().fragment();
         QCOMPARE(run.charFormat().fontWeight(), weights.at(index));
     }
+    host.stack().clear();
+}
+
+void TestUndo::stateHeldAheadOfTheEditIsOneStep()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("a"));
+    settled(word);
+    QDataStream nothing;
+    word.SetSpecialProperty(114, nothing, false);
+    word.setAllAttributes({{QStringLiteral("font_bold"), true}}, false); // a preview
+    word.beginEdit();
+    word.m_cursor->movePosition(QTextCursor::End);
+    word.m_cursor->insertText(QStringLiteral("b"), OpenWord::format());
+    word.selectAll();
+    word.setAllAttributes({{QStringLiteral("font_italic"), true}}, true);
+    QCOMPARE(host.stack().count(), 1);
+    host.stack().undo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("a"));
+    const QTextFragment run = word.m_document->firstBlock().begin().fragment();
+    QVERIFY(run.charFormat().fontWeight() <= 50);
+    host.stack().redo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
+    word.endEdit();
+    QCOMPARE(host.stack().count(), 1);
+    host.stack().clear();
+}
+
+void TestUndo::typingAheadOfAHeldStateIsAStepOfItsOwn()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("a"));
+    settled(word);
+    word.beginEdit();
+    word.m_cursor->movePosition(QTextCursor::End);
+    word.m_cursor->insertText(QStringLiteral("b"), OpenWord::format());
+    QDataStream nothing;
+    word.SetSpecialProperty(114, nothing, false);
+    word.selectAll();
+    word.setAllAttributes({{QStringLiteral("font_bold"), true}}, false); // a preview
+    word.setAllAttributes({{QStringLiteral("font_italic"), true}}, true);
+    QCOMPARE(host.stack().count(), 2);
+    host.stack().undo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
+    host.stack().undo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("a"));
     host.stack().clear();
 }
 
@@ -939,6 +995,152 @@ void TestUndo::listenerThatAlwaysCommandsComesToAnEnd()
     word.pushUndoRedo(state, state);
     QVERIFY(calls > 0);
     QCOMPARE(word.serialize(false), state);
+    host.onTextOperation = nullptr;
+    host.stack().clear();
+}
+
+void TestUndo::commandDuringAStepBelongsToIt()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    const QString a = stateWithText(QStringLiteral("a"));
+    const QString b = stateWithText(QStringLiteral("b"));
+    QString answer;
+    host.onTextOperation = [&](int) {
+        const QString text = std::exchange(answer, QString());
+        if (!text.isEmpty())
+            word.setAllAttributes({{QStringLiteral("text"), text}}, true);
+    };
+    answer = QStringLiteral("pushed");
+    word.pushUndoRedo(a, b);
+    QCOMPARE(word.toPlainText(), QStringLiteral("pushed"));
+    answer = QStringLiteral("undone");
+    host.stack().undo();
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(word.toPlainText(), QStringLiteral("undone"));
+        host.stack().redo();
+        QCOMPARE(word.toPlainText(), QStringLiteral("pushed"));
+        host.stack().undo();
+    }
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(host.stack().count(), 1);
+    host.onTextOperation = nullptr;
+    host.stack().clear();
+}
+
+void TestUndo::commandOnAnotherObjectIsAStepOfItsOwn_data()
+{
+    QTest::addColumn<int>("from"); // where the stack stands before
+    QTest::addColumn<int>("to");   // where it goes while the other object is commanded
+    QTest::addColumn<QString>("text");
+    QTest::newRow("redo") << 0 << 1 << "b";
+    QTest::newRow("redo of one that others follow") << 0 << 1 << "b";
+    QTest::newRow("undo of all") << 1 << 0 << "a";
+    QTest::newRow("undo of the last") << 2 << 1 << "b";
+}
+
+void TestUndo::commandOnAnotherObjectIsAStepOfItsOwn()
+{
+    QFETCH(int, from);
+    QFETCH(int, to);
+    QFETCH(QString, text);
+    CallingHost host;
+    OpenWord word(&host);
+    OpenWord other(&host);
+    other.add(QStringLiteral("x"));
+    const QString a = stateWithText(QStringLiteral("a"));
+    const QString b = stateWithText(QStringLiteral("b"));
+    word.pushUndoRedo(a, b);
+    word.pushUndoRedo(b, stateWithText(QStringLiteral("c")));
+    host.stack().setIndex(from);
+    bool answers = true;
+    host.onTextOperation = [&](int) {
+        if (std::exchange(answers, false))
+            other.setAllAttributes({{QStringLiteral("text"), QStringLiteral("y")}}, true);
+    };
+    host.stack().setIndex(to);
+    QVERIFY(!answers);
+    QCOMPARE(host.stack().index(), to);
+    QCOMPARE(other.toPlainText(), QStringLiteral("y"));
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(host.stack().count(), to + 1); // it takes the place of what was undone
+    QCOMPARE(host.stack().index(), to + 1);
+    QCOMPARE(word.toPlainText(), text);
+    QCOMPARE(other.toPlainText(), QStringLiteral("y"));
+    host.stack().undo();
+    QCOMPARE(word.toPlainText(), text);
+    QCOMPARE(other.toPlainText(), QStringLiteral("x"));
+    host.stack().redo();
+    QCOMPARE(other.toPlainText(), QStringLiteral("y"));
+    host.onTextOperation = nullptr;
+    host.stack().clear();
+}
+
+void TestUndo::stepThatWaitsGoesAheadOfTheNextOne()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    OpenWord other(&host);
+    other.add(QStringLiteral("x"));
+    bool answers = true;
+    host.onTextOperation = [&](int) {
+        if (std::exchange(answers, false))
+            other.setAllAttributes({{QStringLiteral("text"), QStringLiteral("y")}}, true);
+    };
+    word.pushUndoRedo(stateWithText(QStringLiteral("a")), stateWithText(QStringLiteral("b")));
+    other.setAllAttributes({{QStringLiteral("text"), QStringLiteral("z")}}, true);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(host.stack().count(), 3);
+    QCOMPARE(other.toPlainText(), QStringLiteral("z"));
+    host.stack().undo();
+    QCOMPARE(other.toPlainText(), QStringLiteral("y"));
+    host.stack().undo();
+    QCOMPARE(other.toPlainText(), QStringLiteral("x"));
+    QCOMPARE(word.toPlainText(), QStringLiteral("b"));
+    host.onTextOperation = nullptr;
+    host.stack().clear();
+}
+
+void TestUndo::commandOnAnObjectWithAnotherStackIsRecordedAtOnce()
+{
+    RecordingHost otherPage;
+    CallingHost host;
+    OpenWord word(&host);
+    OpenWord other(&otherPage);
+    bool answers = true;
+    host.onTextOperation = [&](int) {
+        if (std::exchange(answers, false))
+            other.setAllAttributes({{QStringLiteral("text"), QStringLiteral("y")}}, true);
+    };
+    word.pushUndoRedo(stateWithText(QStringLiteral("a")), stateWithText(QStringLiteral("b")));
+    QCOMPARE(host.stack().count(), 1);
+    QCOMPARE(otherPage.stack().count(), 1);
+    otherPage.stack().undo();
+    QCOMPARE(other.toPlainText(), QString());
+    host.onTextOperation = nullptr;
+    host.stack().clear();
+    otherPage.stack().clear();
+}
+
+void TestUndo::endEditAfterACommandDuringAStepPushesNothing()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    word.pushUndoRedo(stateWithText(QStringLiteral("a")), stateWithText(QStringLiteral("b")));
+    word.beginEdit();
+    bool answers = true;
+    host.onTextOperation = [&](int) {
+        if (std::exchange(answers, false)) {
+            word.selectAll();
+            word.setAllAttributes({{QStringLiteral("text"), QStringLiteral("c")}}, true);
+            word.pushUndoRedo(word.m_editStartData, word.serialize(false));
+        }
+    };
+    host.stack().undo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("c"));
+    word.endEdit();
+    QCOMPARE(host.stack().count(), 1);
+    QVERIFY(host.stack().canRedo());
     host.onTextOperation = nullptr;
     host.stack().clear();
 }
