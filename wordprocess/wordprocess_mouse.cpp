@@ -112,7 +112,7 @@ public:
     }
 
     /// A prefix that ends at or before \a along, the longest one where the ends rise. Only a few are measured.
-    int upTo(qreal along) const
+    int reaching(qreal along) const
     {
         const MeasuredText::Fit fit = m_text.fit(m_run.start, along);
         const int length = qBound(0, fit.length, m_run.text.length() - 1);
@@ -135,9 +135,9 @@ int charactersBefore(qreal along, const TextFragment &run, Qt::Orientation orien
     const PrefixEnds ends(run, orientation);
     int next = text.length();
     if (ends.rise()) {
-        next = indexAfter(text, ends.upTo(along));
+        next = indexAfter(text, ends.reaching(along));
     } else if (ends.riseOnTheWhole() || next > longestWalk) {
-        next = qMin(next, ends.upTo(along) + joinedText);
+        next = qMin(next, ends.reaching(along) + joinedText);
         if (splitsPair(text, next))
             ++next;
     }

@@ -39,7 +39,7 @@ inline void release(CWordProcess &object, const QPointF &scenePos)
     object.mouseReleaseEvent(&event);
 }
 
-inline void doubleClick(CWordProcess &object, const QPointF &scenePos)
+inline void clickTwice(CWordProcess &object, const QPointF &scenePos)
 {
     QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMouseDoubleClick);
     prepare(event, scenePos);

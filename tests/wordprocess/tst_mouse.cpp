@@ -25,6 +25,7 @@ private Q_SLOTS:
     void newObjectIsAnnouncedOnce();
     void newObjectNeedsNoPage();
     void drawingForgetsAnchorAndFlags();
+    void drawnBoxKeepsItsPlaceInTheEdit();
 
     // into the edit
     void pressWithTextToolEntersEditAtThePointer();
@@ -289,6 +290,23 @@ void TestMouse::drawingForgetsAnchorAndFlags()
     QVERIFY(!word.m_dragMovesObject);
 }
 
+void TestMouse::drawnBoxKeepsItsPlaceInTheEdit()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    word.m_created = false;
+    word.setPos(QPointF(100, 50), false);
+    press(word, QPointF(100, 50));
+    release(word, QPointF(60, 90));
+    word.beginEdit();
+    QCOMPARE(QRectF(word.getPos(), word.m_clientRect.size()), QRectF(60, 50, 40, 40));
+    word.add(han); // two characters a row
+    QCOMPARE(word.m_wordManager->textLayout().lines.first().length, 2);
+    word.endEdit();
+    word.beginEdit();
+    QCOMPARE(word.getPos(), QPointF(60, 50));
+}
+
 // into the edit
 
 void TestMouse::pressWithTextToolEntersEditAtThePointer()
@@ -439,7 +457,7 @@ void TestMouse::doubleClickEntersEdit()
     host.currentTool = tool;
     host.clearEvents();
     word->m_cursorAtLineEnd = true;
-    doubleClick(*word, QPointF(17, 8));
+    clickTwice(*word, QPointF(17, 8));
     QVERIFY(word->m_editing);
     QVERIFY(word->isSelected());
     QCOMPARE(selectionOf(*word), (QVector<int>{0, 4}));
@@ -468,7 +486,7 @@ void TestMouse::doubleClickIsRefused()
         word->setBelongPage(nullptr);
     word->m_cursorAtLineEnd = true;
     host.clearEvents();
-    doubleClick(*word, QPointF(17, 8));
+    clickTwice(*word, QPointF(17, 8));
     QVERIFY(!word->m_editing);
     QVERIFY(!word->m_cursorAtLineEnd); // first of all
     QVERIFY(operationsOf(host).isEmpty());
@@ -481,7 +499,7 @@ void TestMouse::doubleClickWithMissingFontTellsSo()
     word->setSelected(true);
     word->m_missingFonts = QStringList(QStringLiteral("No Such Family"));
     host.clearEvents();
-    doubleClick(*word, QPointF(17, 8));
+    clickTwice(*word, QPointF(17, 8));
     QVERIFY(!word->m_editing);
     QCOMPARE(operationsOf(host), (QVector<int>{1}));
 }
@@ -1203,10 +1221,10 @@ void TestMouse::doubleClickSelectsTheWordBefore()
     OpenWord word;
     editLineText(word, QStringLiteral("ab cd"));
     word.forgetCalls();
-    doubleClick(word, QPointF(29, 8)); // position 4: its character before is "c"
+    clickTwice(word, QPointF(29, 8)); // position 4: its character before is "c"
     QCOMPARE(selectionOf(word), (QVector<int>{3, 5}));
     QCOMPARE(word.changes, (QVector<int>{1002}));
-    doubleClick(word, QPointF(25, 8)); // position 3: the blank
+    clickTwice(word, QPointF(25, 8)); // position 3: the blank
     QCOMPARE(selectionOf(word), (QVector<int>{2, 3}));
 }
 
@@ -1215,7 +1233,7 @@ void TestMouse::doubleClickAtTheStartDoesNothing()
     OpenWord word;
     editLineText(word, QStringLiteral("ab cd"));
     word.select(1, 2);
-    doubleClick(word, QPointF(1, 8));
+    clickTwice(word, QPointF(1, 8));
     QCOMPARE(selectionOf(word), (QVector<int>{1, 2}));
     QVERIFY(word.m_editing);
 }
@@ -1254,7 +1272,7 @@ void TestMouse::pointerEndsAComposition()
     else if (act == QLatin1String("drag"))
         move(word, point);
     else if (act == QLatin1String("double click"))
-        doubleClick(word, point);
+        clickTwice(word, point);
     else
         word.doubleSelectText(0);
     QVERIFY(word.m_preeditString.isEmpty());
