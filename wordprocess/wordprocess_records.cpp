@@ -48,6 +48,15 @@ const QLatin1String JsonDpi("TextDPI");
 const QLatin1String JsonContent("TextContent");
 } // namespace Key
 
+constexpr double sameAngle = 1e-6; // degrees that an angle may lose on its way through a matrix
+
+/// \a stretch without what it lost on its way through a matrix: a box that holds its text exactly would wrap
+/// it anew for the last bit.
+double withoutNoise(double stretch)
+{
+    return QString::number(stretch, 'g', 10).toDouble();
+}
+
 double real(const AttributeMap &params, QLatin1String key)
 {
     return finiteReal(params.value(key));
@@ -94,12 +103,22 @@ void CWordProcess::fillSaveParams()
 void CWordProcess::fillPlacementParams()
 {
     const QTransform placement = getTextTransform();
+    const QPointF origin = m_showFontImage ? textOriginBehindImage()
+                                           : QPointF(placement.dx(), placement.dy());
     m_saveParams[Key::TransformXx] = placement.m11();
     m_saveParams[Key::TransformYy] = placement.m22();
     m_saveParams[Key::TransformXy] = placement.m12();
     m_saveParams[Key::TransformYx] = placement.m21();
-    m_saveParams[Key::TransformTx] = placement.dx();
-    m_saveParams[Key::TransformTy] = placement.dy();
+    m_saveParams[Key::TransformTx] = origin.x();
+    m_saveParams[Key::TransformTy] = origin.y();
+}
+
+/// Where the text lies that the picture stands for, scene: it has gone with the picture from where both were
+/// read, and is not moved once more by each record.
+QPointF CWordProcess::textOriginBehindImage() const
+{
+    const QPointF inImage = m_fontImageClient.topLeft() - m_fontImagePos;
+    return mapToScene(inImage.x() * m_fontImageScaleX, inImage.y() * m_fontImageScaleY);
 }
 
 void CWordProcess::fillBoundsParams()
@@ -178,7 +197,7 @@ void CWordProcess::readSaveParams(const QString &olderText)
     if (m_saveParams.contains(Key::DefaultFollow))
         m_defaultFollow = m_saveParams.value(Key::DefaultFollow).toBool();
     if (m_saveParams.contains(Key::TextOrientation))
-        m_textOrientation = m_saveParams.value(Key::TextOrientation).toInt();
+        m_textOrientation = toWhole(m_saveParams.value(Key::TextOrientation));
     if (m_saveParams.contains(Key::WordWrap)) {
         m_wordWrap = m_saveParams.value(Key::WordWrap).toBool();
         m_wordManager->setWordWrap(m_wordWrap);
@@ -200,6 +219,7 @@ void CWordProcess::readHtml(const QString &html)
 {
     HtmlDocument reader;
     reader.setHtml(html);
+    m_document->clear();
     QTextCursor(m_document).insertFragment(QTextDocumentFragment(&reader));
     deserialization(serialize(false), false); // the formats take on our own vocabulary
     m_autoWordWrap = false;
@@ -243,11 +263,12 @@ void CWordProcess::readPlacement(const QSizeF &size)
         m_fontImageClient.setLeft(dx);
         m_fontImageClient.setTop(dy);
         m_textOffset = mapFromScene(m_fontImageClient.topLeft());
+        m_textPathsRect.setSize(m_fontImageClient.size());
     } else {
         readPlacementMatrix();
-        m_fontImageClient = QRectF(dx, dy, size.width() * m_scaleX, size.height() * m_scaleY);
+        m_fontImageClient = QRectF(QPointF(dx, dy), stretched(size, m_scaleX, m_scaleY));
+        m_textPathsRect.setSize(size); // at stretch 1: whoever reads it stretches it
     }
-    m_textPathsRect.setSize(m_fontImageClient.size());
 }
 
 /// Takes rotation and stretch out of the stored matrix; flip and mirror are known already.
@@ -267,13 +288,14 @@ void CWordProcess::readPlacementMatrix()
     takeStretch(m11, m12, m21, m22);
 }
 
-/// Takes the stretch out of a matrix that turns by m_fontImageRotation.
+/// Takes the stretch out of a matrix that turns by m_fontImageRotation. The cosine is rounded only to tell the
+/// quarter turns: a rounded divisor would change a turned text a little each time that it is loaded.
 void CWordProcess::takeStretch(double m11, double m12, double m21, double m22)
 {
-    const double cosine =
-        QString::number(std::cos(qDegreesToRadians(m_fontImageRotation)), 'f', 6).toDouble();
-    m_scaleX = cosine == 0.0 ? std::abs(m12) : std::abs(m11 / cosine);
-    m_scaleY = cosine == 0.0 ? std::abs(m21) : std::abs(m22 / cosine);
+    const double cosine = std::cos(qDegreesToRadians(m_fontImageRotation));
+    const bool quarterTurn = QString::number(cosine, 'f', 6).toDouble() == 0.0;
+    m_scaleX = withoutNoise(std::abs(quarterTurn ? m12 : m11 / cosine));
+    m_scaleY = withoutNoise(std::abs(quarterTurn ? m21 : m22 / cosine));
 }
 
 void CWordProcess::readFontImage(
@@ -302,11 +324,34 @@ void CWordProcess::finishLoading()
 {
     m_created = true;
     updateAfterObjRectChanged(this, true);
+    const QRectF box = m_clientRect;
+    const QPointF centre = mapToScene(box.center());
+    const double angle = rotation();
     if (m_fontImage.isNull())
         updateBoundingRectImpl(true);
     else
         showFontImage(m_saveParams.value(Key::DocumentData).toString());
+    if (m_newVersion && !m_showFontImage && !box.isEmpty())
+        standWhereSaved(centre, angle);
     enableAllHandles();
+}
+
+/// Puts real text where its record had it, as often as it is loaded and saved again. A picture says so only to
+/// the pixel, and leaves a turned box at its own corner; line text without one would hang below its anchor.
+/// \param centre  of the record's box, scene
+void CWordProcess::standWhereSaved(const QPointF &centre, double angle)
+{
+    if (m_fontImage.isNull()) {
+        if (!m_wordWrap && m_saveParams.contains(Key::TransformXx))
+            setCenterPos(centre, m_clientRect.size());
+        return;
+    }
+    const QPointF ofImage = QRectF(m_fontImagePos, m_fontImageSize).center();
+    const QPointF apart = centre - ofImage;
+    const bool sameBox = std::abs(apart.x()) <= 1.0 && std::abs(apart.y()) <= 1.0;
+    if (std::abs(std::remainder(rotation() - angle, 360.0)) < sameAngle)
+        setRotation(angle);
+    setCenterPos(sameBox ? centre : ofImage, m_clientRect.size());
 }
 
 /// Stands as the picture, and leaves it at once when all fonts are there.
