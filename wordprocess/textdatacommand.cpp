@@ -4,6 +4,8 @@
 
 #include "wordprocess/cwordprocess.h"
 
+#include <utility>
+
 CTextDataCommand::CTextDataCommand(CWordProcess *object, const QString &before,
                                    const QString &after, QUndoCommand *parent)
     : CWbUndoCmd(parent)
@@ -21,7 +23,8 @@ void CTextDataCommand::undo()
 
 void CTextDataCommand::redo()
 {
-    rebuildFrom(m_redoData);
+    if (!std::exchange(m_isDone, false))
+        rebuildFrom(m_redoData);
 }
 
 void CTextDataCommand::rebuildFrom(QString &data)

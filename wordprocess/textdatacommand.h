@@ -21,12 +21,16 @@ public:
     void undo() override;
     void redo() override;
 
+    /// The object has passed through this change already: the first redo(), that of the push, does nothing.
+    void takeAsDone() { m_isDone = true; }
+
 private:
     /// Rebuilds the object from \a data, which takes in what listeners command of it meanwhile.
     void rebuildFrom(QString &data);
 
     QString m_undoData;
     QString m_redoData;
+    bool m_isDone = false;
 };
 
 #endif

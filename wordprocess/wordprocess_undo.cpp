@@ -19,6 +19,8 @@ namespace {
 /// True when two document strings hold the same text in the same formats, wherever the caret stands.
 bool haveSameContent(const QString &a, const QString &b)
 {
+    if (a == b)
+        return true;
     const QJsonObject first = QJsonDocument::fromJson(a.toUtf8()).object();
     const QJsonObject second = QJsonDocument::fromJson(b.toUtf8()).object();
     for (const QLatin1String &key : {QLatin1String("block"), QLatin1String("fragment")}) {
@@ -55,7 +57,8 @@ void CWordProcess::pushStep(const QString &before, const QString &after, StepSta
     const bool mayBeTyped = withinEdit && !(origin == StepStart::Held && m_heldAheadOfEdit);
     // Deliberate: what was typed ahead of a command becomes a step of its own. Otherwise the step of the edit
     // would reach back over that of the command, and undoing both would bring the typed text back.
-    const bool wasTyped = mayBeTyped && !haveSameContent(before, m_editStartData);
+    const bool wasTyped = mayBeTyped && !before.isEmpty()
+                          && !haveSameContent(before, m_editStartData);
     const QString first = wasTyped ? m_editStartData : before;
     if (isAtWork(undoStack())) { // with a step of another object
         pushLater(first);
@@ -65,8 +68,11 @@ void CWordProcess::pushStep(const QString &before, const QString &after, StepSta
         return;
     }
     pushWaitingStep(first);
-    if (wasTyped)
-        undoStack()->push(new CTextDataCommand(this, first, before));
+    if (wasTyped) {
+        auto *typed = new CTextDataCommand(this, first, before);
+        typed->takeAsDone(); // no way back and forth for what is shown
+        undoStack()->push(typed);
+    }
     undoStack()->push(new CTextDataCommand(this, before, after)); // rebuilds at once
 }
 
@@ -98,6 +104,7 @@ void CWordProcess::pushWaitingStep(const QString &end)
         pushLater(m_waitingStep);
         return;
     }
+    const KeepAlive guard(*this);
     const QString before = std::exchange(m_waitingStep, QString());
     undoStack()->push(new CTextDataCommand(this, before, end));
 }

@@ -97,6 +97,8 @@ private Q_SLOTS:
     void endEditWithTheOldTextAgainPushesNoStep();
     void beginEditAgainMovesTheStartOfTheStep();
     void typingAheadOfACommandIsAStepOfItsOwn();
+    void stepOfTypedTextIsNotShownOnceMore();
+    void commandWithoutAStateAheadPushesNoTypedText();
     void stateHeldAheadOfTheEditIsOneStep();
     void typingAheadOfAHeldStateIsAStepOfItsOwn();
     void secondEndEditPushesNothingMore();
@@ -355,6 +357,46 @@ void TestUndo::typingAheadOfACommandIsAStepOfItsOwn()
         const QTextFragment run = word.m_document->firstBlock().begin().fragment();
         QCOMPARE(run.charFormat().fontWeight(), weights.at(index));
     }
+    host.stack().clear();
+}
+
+void TestUndo::stepOfTypedTextIsNotShownOnceMore()
+{
+    CallingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("a"));
+    settled(word);
+    word.beginEdit();
+    word.m_cursor->insertText(QStringLiteral("b"), OpenWord::format());
+    word.selectAll();
+    QVector<int> weights;
+    host.onTextOperation = [&](int) {
+        weights.append(
+            word.m_document->firstBlock().begin().fragment().charFormat().fontWeight());
+    };
+    word.setAllAttributes({{QStringLiteral("font_bold"), true}}, true);
+    host.onTextOperation = nullptr;
+    QCOMPARE(host.stack().count(), 2);
+    QCOMPARE(weights, QVector<int>{75});
+    host.stack().setIndex(1);
+    host.stack().undo(); // it works both ways later on
+    QCOMPARE(word.toPlainText(), QStringLiteral("a"));
+    host.stack().redo();
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
+    host.stack().clear();
+}
+
+void TestUndo::commandWithoutAStateAheadPushesNoTypedText()
+{
+    RecordingHost host;
+    OpenWord word(&host);
+    word.add(QStringLiteral("a"));
+    settled(word);
+    word.beginEdit();
+    word.m_cursor->insertText(QStringLiteral("b"), OpenWord::format());
+    word.pushUndoRedo(QString(), word.serialize(false));
+    QCOMPARE(host.stack().count(), 1);
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab"));
     host.stack().clear();
 }
 
