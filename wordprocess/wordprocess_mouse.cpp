@@ -280,6 +280,7 @@ void CWordProcess::mousePressEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!event)
         return;
+    const KeepAlive alive(*this); // the host may end the object in what it hears meanwhile
     if (!m_created) {
         m_pressPos = textPoint(*event);
         m_dragPos = m_pressPos; // a click without a drag shows no frame
@@ -358,6 +359,7 @@ void CWordProcess::mouseMoveEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!event)
         return;
+    const KeepAlive alive(*this);
     if (!m_created) {
         m_dragPos = textPoint(*event);
         notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
@@ -407,6 +409,7 @@ void CWordProcess::mouseReleaseEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!event)
         return;
+    const KeepAlive alive(*this);
     if (!m_created) {
         m_textOffset = QPointF(0, 0);
         m_dragPos = textPoint(*event);
@@ -471,6 +474,7 @@ void CWordProcess::mouseDoubleClickEvent(QGraphicsSceneMouseEvent *event)
 {
     if (!event)
         return;
+    const KeepAlive alive(*this);
     m_cursorAtLineEnd = false;
     if (!m_editing) {
         enterEditByDoubleClick();

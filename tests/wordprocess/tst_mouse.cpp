@@ -4,6 +4,7 @@
 
 #include <QGraphicsView>
 #include <QInputMethodEvent>
+#include <QPointer>
 #include <QTest>
 
 #include <algorithm>
@@ -26,6 +27,7 @@ private Q_SLOTS:
     void newObjectNeedsNoPage();
     void drawingForgetsAnchorAndFlags();
     void drawnBoxKeepsItsPlaceInTheEdit();
+    void hostMayEndWhatItHearsIsDrawn();
 
     // into the edit
     void pressWithTextToolEntersEditAtThePointer();
@@ -305,6 +307,21 @@ void TestMouse::drawnBoxKeepsItsPlaceInTheEdit()
     word.endEdit();
     word.beginEdit();
     QCOMPARE(word.getPos(), QPointF(60, 50));
+}
+
+void TestMouse::hostMayEndWhatItHearsIsDrawn()
+{
+    struct RefusingHost : RecordingHost {
+        void objectCreated(CVXRootObject *object) override { object->Release(); }
+    };
+    RefusingHost host;
+    const QPointer<OpenWord> word(new OpenWord(&host));
+    word->m_created = false;
+    press(*word, QPointF(0, 0));
+    release(*word, QPointF(40, 30));
+    QVERIFY(!word.isNull()); // until the call is over
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::MetaCall);
+    QVERIFY(word.isNull());
 }
 
 // into the edit
