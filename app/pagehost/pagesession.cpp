@@ -32,9 +32,13 @@ AttributeMap lookOfNewText()
 {
     QString family;
     int size = 0;
-    if (IAppFramework *framework = GetFramework())
+    QString hint = QStringLiteral("Please input text");
+    if (IAppFramework *framework = GetFramework()) {
         framework->getDefaultFont(family, size);
-    return {{QStringLiteral("text_init_flag"), true}, // part of the coming of the object: no step
+        hint = framework->getLocalString(QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), hint);
+    }
+    return {{QStringLiteral("defaultword"), hint},    // stands in the text while that is empty
+            {QStringLiteral("text_init_flag"), true}, // part of the coming of the object: no step
             {QStringLiteral("font_family"), family},
             {QStringLiteral("font_pointsize"), size},
             {QStringLiteral("pen_color"), QStringLiteral("#000000")}};
@@ -191,7 +195,6 @@ CVXRootObject *PageSession::startText(const QPointF &pos)
     object->updateCursorColor(background());
     page()->addObject(object);
     object->setPos(pos, /*undo=*/false);
-    TextObject::setAttributes(object, lookOfNewText());
     return object;
 }
 
@@ -204,6 +207,7 @@ void PageSession::editDrawnText(CVXRootObject *object)
 {
     selectOnly({object});
     m_newText = object;
+    TextObject::setAttributes(object, lookOfNewText());
     TextObject::beginEdit(object);
 }
 

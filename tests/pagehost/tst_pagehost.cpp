@@ -275,6 +275,7 @@ void TestPageHost::inputMethodSeesCaret()
         canvas()->repaint(); // the caret's place is that of its last painting
         return m_window->view()->inputMethodQuery(Qt::ImCursorRectangle).toRect().topLeft();
     };
+    type(QStringLiteral("a"));
     const QPoint before = caret();
     type(QStringLiteral("wide text"));
     const QPoint after = caret();
