@@ -266,9 +266,16 @@ void PageView::mousePressEvent(QMouseEvent *event)
             return;
         taker = m_drawn;
     }
-    if (taker)
-        grab(taker);
+    if (!taker) {
+        QGraphicsView::mousePressEvent(event);
+        return;
+    }
+    grab(taker);
+    // The press counts as unused even by a grabber, and would begin a selection frame.
+    const DragMode mode = dragMode();
+    setDragMode(NoDrag);
     QGraphicsView::mousePressEvent(event);
+    setDragMode(mode);
 }
 
 void PageView::mouseMoveEvent(QMouseEvent *event)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void pressAwayFromTextEndsEdit();
     void pressInTextWithTextToolEditsIt();
     void doubleClickSelectsWholeText();
+    void dragOverEditedTextSelects();
 
     void composedChineseEntersText();
     void preeditIsReplacedByNextPreedit();
@@ -234,6 +235,17 @@ void TestPageHost::doubleClickSelectsWholeText()
     const QPoint middle = at(QRectF(only()->getPos(), only()->getSize()).center());
     QTest::mouseClick(canvas(), Qt::LeftButton, {}, middle);
     QTest::mouseDClick(canvas(), Qt::LeftButton, {}, middle);
+    QCOMPARE(session()->editedObject(), only());
+    type(QStringLiteral("x"));
+    QCOMPARE(text(), QStringLiteral("x"));
+}
+
+void TestPageHost::dragOverEditedTextSelects()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 150}, {500, 270});
+    type(QStringLiteral("first second"));
+    drag({102, 170}, {480, 171});
     QCOMPARE(session()->editedObject(), only());
     type(QStringLiteral("x"));
     QCOMPARE(text(), QStringLiteral("x"));
