@@ -78,6 +78,10 @@ private Q_SLOTS:
     void installedFontShowsNoPicture();
     void replacementIsChecked_data();
     void replacementIsChecked();
+    void pageIsConvertedBothWays();
+    void binaryPageIsRendered();
+    void wrongConversionsAreNamed_data();
+    void wrongConversionsAreNamed();
     void hugeObjectsEnd_data();
     void hugeObjectsEnd();
 
@@ -477,6 +481,74 @@ void TestRenderPage::replacementIsChecked()
     QCOMPARE(run.exitCode, 1);
     QVERIFY2(run.err.contains(part), qPrintable(run.err));
     QVERIFY(!m_folder->has("o.png"));
+}
+
+void TestRenderPage::pageIsConvertedBothWays()
+{
+    m_folder->write("page.json",
+                    page(text("a", "'x':10,'y':20,'later':[1]") + ",{'kind':'shape'}",
+                         ",'images':{'a.png':'" + storedPicture(QSize(2, 3), Qt::red) + "'}"));
+    for (const char *files : {"page.json a.vxpage", "a.vxpage b.json", "b.json c.vxpage",
+                              "c.vxpage d.JSON", "d.JSON e.json"}) {
+        m_run = m_folder->run(qPrintable(QStringLiteral("--convert ") + QLatin1String(files)));
+        QVERIFY2(m_run.ended && m_run.exitCode == 0, qPrintable(m_run.err));
+    }
+    QVERIFY(m_folder->read("a.vxpage").startsWith("\x89VXPAGE\r\n"));
+    QCOMPARE(m_folder->read("c.vxpage"), m_folder->read("a.vxpage"));
+    QCOMPARE(m_folder->read("d.JSON"), m_folder->read("b.json"));
+    QCOMPARE(m_folder->read("e.json"), m_folder->read("b.json"));
+    QCOMPARE(QJsonDocument::fromJson(m_folder->read("b.json")),
+             QJsonDocument::fromJson(m_folder->read("page.json")));
+}
+
+void TestRenderPage::binaryPageIsRendered()
+{
+    const QImage expected = picture(page(text("ab", "'x':10,'y':20"), "", ",'background':'#fed'"));
+    QVERIFY(!expected.isNull());
+    QCOMPARE(m_folder->run("--convert page.json page.vxpage").exitCode, 0);
+    QCOMPARE(m_folder->run("page.vxpage -o binary.png").exitCode, 0);
+    QCOMPARE(QImage(m_folder->path("binary.png")), expected);
+    QCOMPARE(m_folder->run("page.vxpage --dpi 72 -o binary.png").exitCode, 2);
+}
+
+void TestRenderPage::wrongConversionsAreNamed_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<QString>("part");
+    const auto row = [](const char *arguments, int exitCode, const char *part) {
+        QTest::newRow(arguments) << QString::fromLatin1(arguments) << exitCode
+                                 << QString::fromLatin1(part);
+    };
+    row("--convert", 2, "--convert wants two page files");
+    row("--convert page.json", 2, "--convert wants two page files");
+    row("--convert page.json a.vxpage b.json", 2, "--convert wants two page files");
+    row("--convert page.json kept.png", 2, "'kept.png': .json or .vxpage");
+    row("--convert page.json kept.json --scale 2", 2, "no other option: --scale");
+    row("--convert page.json kept.json -o a.png", 2, "no other option: --o");
+    row("--convert none.json kept.json", 1, "none.json");
+    row("--convert document.json kept.json", 1, "'document.json': format: is missing");
+    row("--convert cut.vxpage kept.json", 1, "'cut.vxpage': at byte 14: the file is cut short");
+    row("--convert page.json no/a.json", 1, "cannot write 'no/a.json'");
+    row("cut.vxpage -o kept.png", 1, "'cut.vxpage': at byte 14: the file is cut short");
+}
+
+void TestRenderPage::wrongConversionsAreNamed()
+{
+    QFETCH(QString, arguments);
+    QFETCH(int, exitCode);
+    QFETCH(QString, part);
+    m_folder->write("page.json", page(text("a", "'x':10")));
+    m_folder->write("document.json", "{\"block\":[],\"fragment\":[]}");
+    m_folder->write("cut.vxpage", QByteArray("\x89VXPAGE\r\n\n\0\0\0\1", 14));
+    for (const char *name : {"kept.json", "kept.png"})
+        m_folder->write(name, "as it was");
+    m_run = m_folder->run(qPrintable(arguments));
+    QVERIFY(m_run.ended);
+    QCOMPARE(m_run.exitCode, exitCode);
+    QVERIFY2(m_run.err.contains(part), qPrintable(m_run.err));
+    for (const char *name : {"kept.json", "kept.png"})
+        QCOMPARE(m_folder->read(name), QByteArray("as it was"));
 }
 
 void TestRenderPage::hugeObjectsEnd_data()
