@@ -836,6 +836,11 @@ void TestFonts::sizeInTheDefaultFont()
     path.addText(0, 0, font, text);
     QCOMPARE(word.getDefaultTextSize(text), path.boundingRect().size());
     QVERIFY(word.getDefaultTextSize(text).height() > 12);
+    host.defaultFontSize = -1; // what no host says is Qt's own size
+    const QSizeF usual = word.getDefaultTextSize(text);
+    host.defaultFontSize = 0;
+    QCOMPARE(word.getDefaultTextSize(text), usual);
+    QVERIFY(usual.width() > 0 && usual.height() > 0);
     word.beginEdit();
     word.m_cursor->setCharFormat(pixelFormat());
     QCOMPARE(word.getDefaultTextSize(text), QSizeF(14, 8)); // the cursor's font again
