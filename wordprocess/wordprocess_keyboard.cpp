@@ -147,6 +147,7 @@ void CWordProcess::keyPressEvent(QKeyEvent *event)
 /// the tab key.
 bool CWordProcess::sceneEvent(QEvent *event)
 {
+    const KeepAlive guard(*this);
     if (!m_editing)
         return CBaseObject::sceneEvent(event);
     if (event->type() == QEvent::ShortcutOverride) {
