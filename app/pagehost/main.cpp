@@ -129,6 +129,7 @@ int main(int argc, char **argv)
             "there is no display; pagerender makes a picture of a page without one"));
         return Failed;
     }
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     int applicationArgc = argc > 0 ? 1 : 0;
     QApplication application(applicationArgc, argv);

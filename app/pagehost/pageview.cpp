@@ -343,6 +343,17 @@ void PageView::cancelDrawing()
     viewport()->update();
 }
 
+/// While the pointer drags something no command of the menus may take it away.
+bool PageView::event(QEvent *event)
+{
+    const bool isDragging = isDrawing() || (scene() && scene()->mouseGrabberItem());
+    if (event->type() == QEvent::ShortcutOverride && isDragging) {
+        event->accept();
+        return true;
+    }
+    return QGraphicsView::event(event);
+}
+
 void PageView::keyPressEvent(QKeyEvent *event)
 {
     if (isDrawing()) {

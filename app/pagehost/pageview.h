@@ -47,6 +47,7 @@ Q_SIGNALS:
     void zoomChanged(double zoom);
 
 protected:
+    bool event(QEvent *event) override;
     void drawBackground(QPainter *painter, const QRectF &rect) override;
     void drawForeground(QPainter *painter, const QRectF &rect) override;
     void mousePressEvent(QMouseEvent *event) override;

@@ -219,4 +219,26 @@ keys ctrl+s
 same "objects" "$(python3 "$inspect" count copy.json)" "2"
 quit_editor
 
+echo "a broken file"
+printf '{ "format": "vxpage",\n  "version": ' >broken.json
+"$pagehost" broken.json 2>>pagehost.log &
+editor=$!
+focus "Open"
+shot 13-broken
+keys Return
+focus "Untitled"
+quit_editor
+
+echo "a missing library"
+"$pagehost" --plugin "$work/none.so" 2>missing-library.log &
+editor=$!
+focus "pagehost"
+shot 14-missing-library
+keys Return
+code=0
+wait "$editor" || code=$?
+editor=
+same "exit code without the library" "$code" 4
+grep -q "cannot be loaded" missing-library.log || fail "no message about the library"
+
 echo "PASS"

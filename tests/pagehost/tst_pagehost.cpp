@@ -57,6 +57,7 @@ private Q_SLOTS:
     void selectedObjectIsMovedByDrag();
     void handleUnderAnotherObjectIsReached();
     void zoomKeepsHandlesInSize();
+    void shortcutsWaitForEndOfDrag();
 
     void modifiedMarkFollowsTyping();
     void savedPageIsEqualAfterReopening_data();
@@ -509,6 +510,17 @@ void TestPageHost::zoomKeepsHandlesInSize()
     QCOMPARE(only()->handleSize(), size / 2);
     m_window->view()->setZoom(1e9);
     QCOMPARE(m_window->view()->zoom(), 64.0);
+}
+
+void TestPageHost::shortcutsWaitForEndOfDrag()
+{
+    m_window->setTool(EditorTool::Text);
+    QTest::mousePress(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    CVXRootObject *drawn = only();
+    QTest::keyClick(m_window->view(), Qt::Key_N, Qt::ControlModifier);
+    QCOMPARE(only(), drawn);
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {}, at({300, 250}));
+    QCOMPARE(session()->editedObject(), drawn);
 }
 
 // Files
