@@ -483,6 +483,9 @@ private:
     void takePressedPosition(int position);
     void selectUpTo(int position);
     bool isSeamPossible(int position) const;
+    /// At a wrap \a position shows at the start of the next line. Behind the last character of a paragraph there
+    /// is no such line: caret and selection would vanish.
+    bool showsOnNextLine(int position) const { return m_cursorAtLineEnd && isSeamPossible(position); }
     void takeDrawnForm();
     void announceNewObject();
 
@@ -570,6 +573,7 @@ private:
     void takeStretch(double m11, double m12, double m21, double m22);
     void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
     void finishLoading();
+    void keepSavedBox(const QSizeF &size, const QPointF &centre, double angle);
     void standWhereSaved(const QPointF &centre, double angle);
     void showFontImage(const QString &documentString);
 

@@ -331,9 +331,23 @@ void CWordProcess::finishLoading()
         updateBoundingRectImpl(true);
     else
         showFontImage(m_saveParams.value(Key::DocumentData).toString());
-    if (m_newVersion && !m_showFontImage && !box.isEmpty())
-        standWhereSaved(centre, angle);
+    if (!m_showFontImage && !box.isEmpty()) {
+        if (m_newVersion)
+            standWhereSaved(centre, angle);
+        else
+            keepSavedBox(box.size(), centre, angle);
+    }
     enableAllHandles();
+}
+
+/// Text of the older engine that was laid out to nothing keeps the box of its record.
+void CWordProcess::keepSavedBox(const QSizeF &size, const QPointF &centre, double angle)
+{
+    if (!m_clientRect.isEmpty())
+        return;
+    updatePosition(this, QRectF(getPos(), size));
+    setRotation(angle);
+    setCenterPos(centre, size);
 }
 
 /// Puts real text where its record had it, as often as it is loaded and saved again. A picture says so only to
