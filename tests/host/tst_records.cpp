@@ -128,6 +128,8 @@ private Q_SLOTS:
     void jsonOfWrongTypesReadsAsZero();
     void notANumberIsStoredAsZero();
     void jsonWithoutVersionIsRefused();
+    void everyJsonKeyMayBeAbsentOrOfAnyKind();
+    void cutValuesReadAsInvalid();
     void valuesThatCannotBeKeptBecomeInvalid();
     void coloursTravelAsNames();
 };
@@ -331,6 +333,74 @@ void TestRecords::jsonWithoutVersionIsRefused()
     QJsonObject json{{QStringLiteral("width"), 5}};
     QVERIFY(!loaded.loadJson(json));
     QCOMPARE(loaded.getSize(), QSizeF(9, 9));
+}
+
+void TestRecords::everyJsonKeyMayBeAbsentOrOfAnyKind()
+{
+    RecordingHost host;
+    PlainObject object(&host);
+    dress(object);
+    QJsonObject whole;
+    object.saveJson(whole);
+    const QJsonValue values[] = {QJsonValue::Undefined,
+                                 QJsonValue::Null,
+                                 true,
+                                 -1e300,
+                                 QStringLiteral("7"),
+                                 QJsonArray{1, 2},
+                                 QJsonObject{{QStringLiteral("type"), QStringLiteral("QColor")},
+                                             {QStringLiteral("data"), QStringLiteral("AAAA")}}};
+    const QStringList keys = whole.keys();
+    for (const QString &key : keys) {
+        for (const QJsonValue &value : values) {
+            QJsonObject record = whole;
+            if (value.isUndefined())
+                record.remove(key);
+            else
+                record[key] = value;
+            PlainObject loaded(&host, QSizeF(9, 9));
+            const bool isRecord = record.value(QStringLiteral("version")).toInt() >= 1;
+            QCOMPARE(loaded.loadJson(record), isRecord);
+            QVERIFY2(isSound(loaded), qPrintable(key));
+            const QByteArray bytes = recordOf(loaded); // and it can be written and read again
+            PlainObject again(&host, QSizeF());
+            QDataStream in(bytes);
+            QVERIFY(again.load(in));
+            QCOMPARE(recordOf(again), bytes);
+        }
+    }
+}
+
+/// A tagged value of JSON whose bytes end anywhere.
+void TestRecords::cutValuesReadAsInvalid()
+{
+    RecordingHost host;
+    PlainObject object(&host);
+    object.params() = richParams();
+    QJsonObject whole;
+    object.saveJson(whole);
+    const QString paramsKey = QStringLiteral("params");
+    const QString dataKey = QStringLiteral("data");
+    const QJsonObject params = whole.value(paramsKey).toObject();
+    int tagged = 0;
+    for (auto it = params.begin(); it != params.end(); ++it) {
+        QJsonObject value = it->toObject();
+        if (!value.contains(QStringLiteral("type")) || !value.value(dataKey).isString())
+            continue;
+        ++tagged;
+        const QByteArray bytes = QByteArray::fromBase64(value.value(dataKey).toString().toLatin1());
+        for (int length = 0; length < bytes.size(); ++length) {
+            value[dataKey] = QString::fromLatin1(bytes.left(length).toBase64());
+            QJsonObject broken = params;
+            broken[it.key()] = value;
+            QJsonObject record = whole;
+            record[paramsKey] = broken;
+            PlainObject loaded(&host);
+            QVERIFY(loaded.loadJson(record));
+            QVERIFY2(!loaded.params().value(it.key()).isValid(), qPrintable(it.key()));
+        }
+    }
+    QVERIFY(tagged > 5);
 }
 
 void TestRecords::valuesThatCannotBeKeptBecomeInvalid()
