@@ -227,10 +227,11 @@ bool PageFile::read(const QJsonObject &root, const QMap<QString, QByteArray> &im
         || !fields.list("objects", objects) || !file.readPage(page, error))
         return false;
     file.m_source = root;
-    if (root.contains(objectsKey))
-        file.m_source.insert(objectsKey, QJsonArray());
-    if (root.contains(imagesKey))
+    file.m_source.remove(imagesKey);
+    if (root.value(imagesKey) == QJsonObject()) // an empty one comes back
         file.m_source.insert(imagesKey, QJsonObject());
+    if (!objects.isEmpty())
+        file.m_source.remove(objectsKey);
     file.m_images = images;
     if (!file.readObjects(objects, error))
         return false;
@@ -279,9 +280,19 @@ bool PageFile::readPage(const QJsonObject &page, QString &error)
                        QStringLiteral("must be a colour: a name, #rrggbb or transparent"));
 }
 
+QJsonObject PageFile::sheet() const
+{
+    QJsonObject sheet = m_source;
+    if (!m_objects.isEmpty())
+        sheet.remove(objectsKey);
+    if (!m_images.isEmpty())
+        sheet.remove(imagesKey);
+    return sheet;
+}
+
 QJsonObject PageFile::toJson() const
 {
-    QJsonObject root = m_source;
+    QJsonObject root = sheet();
     QJsonArray objects;
     for (const PageObject &object : m_objects)
         objects.append(object.source);

@@ -69,8 +69,8 @@ public:
     bool read(const QJsonObject &root, const QMap<QString, QByteArray> &images, QString &error);
     /// The page as it is written to a file: reading it again gives an equal page.
     QJsonObject toJson() const;
-    /// toJson() with neither objects nor images: if they are there at all, their lists are empty.
-    QJsonObject sheet() const { return m_source; }
+    /// toJson() without objects and images; where a list of them is empty, it may stand there.
+    QJsonObject sheet() const;
     /// Exchanges the objects, of which only source counts for what is written, and the images.
     void setContent(const QVector<PageObject> &objects, const QMap<QString, QByteArray> &images);
 
@@ -85,7 +85,7 @@ private:
     bool readPage(const QJsonObject &page, QString &error);
     bool readObjects(const QJsonArray &list, QString &error);
 
-    QJsonObject m_source; ///< without objects and images
+    QJsonObject m_source; ///< as sheet()
     QSize m_size;
     int m_dpi = 96;
     QColor m_background = Qt::white;

@@ -280,8 +280,8 @@ void TestBinaryPage::binaryPageIsMadeOfSections()
     const PageFile file = pageOf(
         json("{'format':'vxpage','version':1,'page':{'width':1,'height':2},"
              "'objects':[{'kind':'x'}],'images':{'a':'AAH/'}}"));
-    const QByteArray source("{\"format\":\"vxpage\",\"images\":{},\"objects\":[],"
-                            "\"page\":{\"height\":2,\"width\":1},\"version\":1}");
+    const QByteArray source(
+        "{\"format\":\"vxpage\",\"page\":{\"height\":2,\"width\":1},\"version\":1}");
     const QByteArray image = number(1) + "a" + QByteArray("\0\x01\xff", 3);
     QCOMPARE(bytesOf(file, PageForm::Binary), head + section("PAGE", source)
                                                   + section("IMAG", image)

@@ -62,6 +62,17 @@ QByteArray look(const OpenPage &open)
     return renderer.render(PageRenderer::Format::Png);
 }
 
+/// The page file \a bytes in the form \a form.
+QByteArray converted(const QByteArray &bytes, PageForm form)
+{
+    PageFile file;
+    QByteArray result;
+    QString error;
+    if (!readPage(bytes, file, error) || !pageBytes(file, form, result, error))
+        qWarning("%s", qPrintable(error));
+    return result;
+}
+
 QString textOf(CVXRootObject *object)
 {
     AttributeMap attributes;
@@ -294,6 +305,11 @@ void TestOpenPage::movedObjectComesBackAtItsPlace()
     QCOMPARE(again->page()->objects().size(), 1);
     QCOMPARE(again->page()->objects().constFirst()->getPos(), object->getPos());
     QCOMPARE(look(*again), look(*open));
+    const QByteArray bytes = read(qPrintable(file));
+    const bool isJson = file.endsWith(QLatin1String("json"));
+    QCOMPARE(converted(converted(bytes, isJson ? PageForm::Binary : PageForm::Json),
+                       isJson ? PageForm::Json : PageForm::Binary),
+             bytes);
     const auto third = reopened(*again, "third.vxpage");
     QVERIFY(third);
     QCOMPARE(saved(*third), saved(*again));
