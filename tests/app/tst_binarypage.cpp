@@ -150,6 +150,8 @@ private Q_SLOTS:
     void binaryPageCutAtEveryByteIsRefused();
     void anyByteOfABinaryPageMayBeWrong();
 
+    void anyKeyMayBeMissingOrWrong();
+
     void suffixTellsTheForm();
     void contentTellsTheFormToReaders();
     void failureLeavesTheFileAsItWas();
@@ -450,6 +452,64 @@ void TestBinaryPage::anyByteOfABinaryPageMayBeWrong()
         QCOMPARE(converted(normal, PageForm::Binary), normal);
     }
     QVERIFY2(refused > 100, qPrintable(QString::number(refused)));
+}
+
+// Keys of the page, of its sheet, and of each object: it is refused by the name of a key, or what is
+// read goes both ways.
+void TestBinaryPage::anyKeyMayBeMissingOrWrong()
+{
+    const QJsonValue values[] = {QJsonValue(QJsonValue::Undefined),
+                                 QJsonValue(),
+                                 true,
+                                 -1,
+                                 1e308,
+                                 QStringLiteral("?"),
+                                 QJsonArray({1}),
+                                 QJsonObject({{QStringLiteral("x"), 1}})};
+    int refused = 0;
+    int taken = 0;
+    const auto check = [&](const QJsonObject &root) {
+        const QByteArray bytes = QJsonDocument(root).toJson();
+        PageFile file;
+        QString error;
+        if (!readPage(bytes, file, error)) {
+            ++refused;
+            return error.contains(QLatin1String(": "));
+        }
+        ++taken;
+        return converted(converted(bytes, PageForm::Binary), PageForm::Json) == bytes;
+    };
+    const QJsonObject whole = richPage();
+    const QJsonObject paper = whole.value(QLatin1String("page")).toObject();
+    const QJsonArray objects = whole.value(QLatin1String("objects")).toArray();
+    for (const QJsonValue &value : values) {
+        for (const QString &key : whole.keys()) {
+            QJsonObject root = whole;
+            root.insert(key, value);
+            QVERIFY2(check(root), qPrintable(key));
+        }
+        for (const QString &key : paper.keys()) {
+            QJsonObject changed = paper;
+            changed.insert(key, value);
+            QJsonObject root = whole;
+            root.insert(QStringLiteral("page"), changed);
+            QVERIFY2(check(root), qPrintable(key));
+        }
+        for (int i = 0; i < objects.size(); ++i) {
+            const QJsonObject object = objects.at(i).toObject();
+            for (const QString &key : object.keys()) {
+                QJsonObject changed = object;
+                changed.insert(key, value);
+                QJsonArray list = objects;
+                list[i] = changed;
+                QJsonObject root = whole;
+                root.insert(QStringLiteral("objects"), list);
+                QVERIFY2(check(root), qPrintable(key));
+            }
+        }
+    }
+    QVERIFY2(refused > 50 && taken > 50,
+             qPrintable(QStringLiteral("%1 %2").arg(refused).arg(taken)));
 }
 
 void TestBinaryPage::suffixTellsTheForm()
