@@ -151,10 +151,12 @@ void CWordProcess::fillBoundsParams()
 /// Keeps the object's look as pixels, for machines without its fonts.
 void CWordProcess::storeImageInParams()
 {
+    IDocumentHost *document = getDocument();
+    if (!document) // nobody to keep it
+        return;
     QRectF area;
     const QImage image = getImageFromObject(area, false);
-    IDocumentHost *document = getDocument();
-    if (!document || image.isNull())
+    if (image.isNull())
         return;
     m_saveParams[Key::ImageX] = area.x();
     m_saveParams[Key::ImageY] = area.y();
