@@ -344,7 +344,8 @@ QPoint CWordProcess::getCursorPos()
 {
     if (!m_editing)
         return QPoint(0, 0);
-    const QLineF caret = m_wordManager->cursorLine(m_cursor->position(), m_cursorAtLineEnd);
+    const int position = m_cursor->position();
+    const QLineF caret = m_wordManager->cursorLine(position, showsOnNextLine(position));
     return QPoint(roundedAway(caret.center().x()), roundedAway(caret.center().y()));
 }
 

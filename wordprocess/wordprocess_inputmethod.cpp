@@ -33,8 +33,11 @@ void CWordProcess::inputMethodEvent(QInputMethodEvent *event)
     // in the document already.
     if (!event || m_changingEditState)
         return;
-    removeSelectedText();
-    dropCursorSelection();
+    // Input methods send empty events at will: only text takes the place of what is selected.
+    if (!event->commitString().isEmpty() || !event->preeditString().isEmpty()) {
+        removeSelectedText();
+        dropCursorSelection();
+    }
     cleanPreeditString();
     QString text = event->commitString();
     if (text.isEmpty()) {

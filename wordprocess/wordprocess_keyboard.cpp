@@ -132,6 +132,8 @@ struct CWordProcess::KeyPress {
 
 void CWordProcess::keyPressEvent(QKeyEvent *event)
 {
+    if (!event)
+        return;
     if (!m_editing) {
         event->ignore();
         return;
@@ -238,17 +240,19 @@ bool CWordProcess::keyRedo(const KeyPress & /*press*/)
 void CWordProcess::changeHistory(void (QTextDocument::*step)())
 {
     settleComposition();
-    QTextCursor selected(m_document);
+    QTextCursor first(m_document);
+    QTextCursor last(m_document);
+    last.setKeepPositionOnInsert(true); // what comes in behind the selection is not selected
     int start = 0;
     int end = 0;
     const bool wasSelected = hasSelection() && selection(start, end);
     const bool isAnchoredAtEnd = m_selAnchor == m_selEnd;
-    selected.setPosition(start);
-    selected.setPosition(end, QTextCursor::KeepAnchor);
+    first.setPosition(start);
+    last.setPosition(end);
     (m_document->*step)();
     if (wasSelected) {
-        m_selStart = selected.selectionStart();
-        m_selEnd = selected.selectionEnd();
+        m_selStart = first.position();
+        m_selEnd = qMax(first.position(), last.position());
         m_selAnchor = isAnchoredAtEnd ? m_selEnd : m_selStart;
     }
     showStoredText();

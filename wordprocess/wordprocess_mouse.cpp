@@ -390,9 +390,7 @@ void CWordProcess::selectUpTo(int position)
         m_selStart = qMin(m_selAnchor, position);
         m_selEnd = qMax(m_selAnchor, position);
     }
-    // A selection that begins at a wrap begins on the next line. Behind the last character of a paragraph there
-    // is no such line: the caret would vanish there, and the selection with it.
-    m_cursorAtLineEnd = m_wordWrap && isSeamPossible(m_selStart) && isSeamPossible(position);
+    m_cursorAtLineEnd = m_wordWrap; // a selection that begins at a wrap begins on the next line
     notifyObjPropertyChanged(ObjectProperty::Appearance, QString());
 }
 

@@ -99,7 +99,7 @@ void CWordProcess::drawEditStatusPath(QPainter * /*painter*/)
     int end = 0;
     if (m_editing && selection(start, end)) {
         TextLayout layout = m_wordManager->textLayout();
-        inverted = paintTransform().map(layout.selectionPath(start, end, m_cursorAtLineEnd));
+        inverted = paintTransform().map(layout.selectionPath(start, end, showsOnNextLine(start)));
     }
     m_drawDelegate->setInvertArea(inverted);
 }
@@ -138,7 +138,8 @@ void CWordProcess::paintAnchorAndBaselines(QPainter *painter, const QTransform &
 
 void CWordProcess::paintCaret(QPainter *painter, const QTransform &toScene)
 {
-    const QLineF caret = m_wordManager->cursorLine(m_cursor->position(), m_cursorAtLineEnd);
+    const int position = m_cursor->position();
+    const QLineF caret = m_wordManager->cursorLine(position, showsOnNextLine(position));
     m_cursorLine = QLineF(toScene.map(caret.p1()), toScene.map(caret.p2()));
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, false);

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void commitWinsOverThePreeditOfItsEvent();
     void emptyEventTakesThePreeditOut();
     void emptyEventWithoutPreeditOnlyLaysOut();
+    void emptyEventKeepsTheSelection();
     void attributesAndReplacementAreIgnored();
     void nullEventDoesNothing();
 
@@ -159,6 +160,17 @@ void TestInputMethod::emptyEventWithoutPreeditOnlyLaysOut()
     preedit(word, QString());
     QCOMPARE(word.toPlainText(), QStringLiteral("abcd"));
     QCOMPARE(word.m_clientRect.width(), 32.0);
+}
+
+void TestInputMethod::emptyEventKeepsTheSelection()
+{
+    OpenWord word;
+    editAroundCaret(word);
+    word.select(1, 3);
+    preedit(word, QString());
+    QCOMPARE(word.toPlainText(), QStringLiteral("abcd"));
+    QCOMPARE(word.m_selStart, 1);
+    QCOMPARE(word.m_selEnd, 3);
 }
 
 void TestInputMethod::attributesAndReplacementAreIgnored()
@@ -367,8 +379,8 @@ void TestInputMethod::compositionEnds_data()
     QTest::newRow("nothing") << QStringLiteral("nothing") << QStringLiteral("abcd");
     QTest::newRow("pointer") << QStringLiteral("pointer") << stays;
     QTest::newRow("arrow") << QStringLiteral("arrow") << stays;
-    QTest::newRow("all selected") << QStringLiteral("all selected") << QString();
-    QTest::newRow("word selected") << QStringLiteral("word selected") << QString();
+    QTest::newRow("all selected") << QStringLiteral("all selected") << stays;
+    QTest::newRow("word selected") << QStringLiteral("word selected") << stays;
     QTest::newRow("edit ends") << QStringLiteral("edit ends") << stays;
     QTest::newRow("record written") << QStringLiteral("record written") << stays;
     QTest::newRow("host undo") << QStringLiteral("host undo") << QStringLiteral("abcd");
