@@ -469,7 +469,8 @@ private:
     void applyStretchToBox();
 
     // mouse
-    QVector<qreal> m_lineEdges; ///< of each line: how far down the flow of lines it and those before it reach
+    QVector<qreal>
+        m_lineEdges; ///< of each line: how far down the flow of lines it and those before it reach
     void forgetLineEdges() { m_lineEdges.clear(); }
     QPointF textPoint(const QGraphicsSceneMouseEvent &event) const;
     int positionUnder(const QGraphicsSceneMouseEvent &event);
@@ -485,7 +486,10 @@ private:
     bool isSeamPossible(int position) const;
     /// At a wrap \a position shows at the start of the next line. Behind the last character of a paragraph there
     /// is no such line: caret and selection would vanish.
-    bool showsOnNextLine(int position) const { return m_cursorAtLineEnd && isSeamPossible(position); }
+    bool showsOnNextLine(int position) const
+    {
+        return m_cursorAtLineEnd && isSeamPossible(position);
+    }
     void takeDrawnForm();
     void announceNewObject();
 

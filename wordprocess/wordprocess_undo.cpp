@@ -47,7 +47,7 @@ void CWordProcess::pushUndoRedo(const QString &before, const QString &after)
 void CWordProcess::pushStep(const QString &before, const QString &after, StepStart origin)
 {
     const KeepAlive guard(*this); // the stack has listeners of its own
-    if (m_stepsAtWork > 0) { // what a listener commands meanwhile belongs to that step
+    if (m_stepsAtWork > 0) {      // what a listener commands meanwhile belongs to that step
         m_stepHasGrown = true;
         undoRedo(after, /*notify=*/true);
         return;

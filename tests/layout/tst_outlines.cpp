@@ -54,7 +54,7 @@ void TestOutlines::textIsThatOfAddText_data()
                                   QStringLiteral("DejaVu Sans"),
                                   QStringLiteral("Noto Sans CJK SC")};
     const QStringList texts = {
-        QStringLiteral("AVATAR fi ffi Wo. y, Te"),
+        QStringLiteral("AVATAR fi ffi Wo. y, Ty"),
         QStringLiteral("  blanks all round  "),
         QStringLiteral("     "),
         QStringLiteral("ab"),

@@ -371,8 +371,7 @@ void TestUndo::stepOfTypedTextIsNotShownOnceMore()
     word.selectAll();
     QVector<int> weights;
     host.onTextOperation = [&](int) {
-        weights.append(
-            word.m_document->firstBlock().begin().fragment().charFormat().fontWeight());
+        weights.append(word.m_document->firstBlock().begin().fragment().charFormat().fontWeight());
     };
     word.setAllAttributes({{QStringLiteral("font_bold"), true}}, true);
     host.onTextOperation = nullptr;
