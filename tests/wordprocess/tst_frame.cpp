@@ -594,10 +594,10 @@ void TestFrame::endEditAfterFormatChangePushesNothing()
     OpenWord word(&host);
     word.add(QStringLiteral("abcd"));
     word.beginEdit();
-    QTextCharFormat bold;
-    bold.setFontWeight(75);
+    QTextCharFormat heavy;
+    heavy.setFontWeight(75);
     word.m_cursor->select(QTextCursor::Document);
-    word.m_cursor->mergeCharFormat(bold);
+    word.m_cursor->mergeCharFormat(heavy);
     host.clearEvents();
     word.endEdit();
     QCOMPARE(host.stack().count(), 0);

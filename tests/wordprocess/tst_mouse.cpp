@@ -759,8 +759,8 @@ void TestMouse::positionIsNeverWithinACodePoint()
     QFETCH(Qt::Orientation, orientation);
     QFETCH(int, pairs);
     OpenWord word;
-    const uint han = 0x20000; // 16 px wide
-    editLineText(word, QString::fromUcs4(&han, 1).repeated(pairs), orientation);
+    const uint rareHan = 0x20000; // 16 px wide
+    editLineText(word, QString::fromUcs4(&rareHan, 1).repeated(pairs), orientation);
     for (int i = 0; i <= 200; ++i) {
         const qreal along = pairs * 16 * i / 200.0;
         const int position = orientation == Qt::Horizontal
