@@ -68,6 +68,44 @@ QList<QPainterPath> columnPlaceholderPieces(const QString &text, const QFont &fo
     return pieces;
 }
 
+struct Placeholder {
+    QPainterPath outline;
+    QLineF caret;
+};
+
+Placeholder placeholderRow(const QString &text, const QFont &font, int alignment, qreal room)
+{
+    QPainterPath outline = textOutline(QPointF(0, 0), font, text);
+    const QRectF ink = outline.boundingRect();
+    const PlaceholderPlace place = placeInRow(alignment, room, ink.width());
+    outline.translate(place.start - ink.left(), -ink.top());
+    outline.setFillRule(Qt::WindingFill);
+    return {outline, QLineF(place.caret, 0, place.caret, ink.height())};
+}
+
+// The pieces pile up against the right of the box.
+Placeholder placeholderColumn(const QString &text, const QFont &font, int alignment,
+                              const QSizeF &box)
+{
+    const QList<QPainterPath> pieces = columnPlaceholderPieces(text, font);
+    qreal total = 0;
+    qreal widest = 0;
+    for (const QPainterPath &piece : pieces) {
+        total += piece.boundingRect().height();
+        widest = qMax(widest, piece.boundingRect().width());
+    }
+    const PlaceholderPlace place = placeInColumn(alignment, box.height(), total);
+    QPainterPath outline;
+    qreal top = place.start;
+    for (const QPainterPath &piece : pieces) {
+        const QRectF ink = piece.boundingRect();
+        outline.addPath(piece.translated(box.width() - widest - ink.left(), top - ink.top()));
+        top += ink.height();
+    }
+    const QRectF ink = outline.boundingRect();
+    return {outline, QLineF(ink.left(), place.caret, ink.right(), place.caret)};
+}
+
 } // namespace
 
 CMultiTextOjbect::CMultiTextOjbect(CWordProcess *object)
@@ -105,37 +143,14 @@ void CMultiTextOjbect::publish(const BoxPass &pass, const QRectF &box)
 
 void CMultiTextOjbect::defaultWordLayout()
 {
-    const QString text = defaultWord();
-    if (text.isEmpty())
+    if (defaultWord().isEmpty())
         return;
-    const QRectF rect = box();
     const QFont font = placeholderFont(cursor()->charFormat(), dpi());
     const int alignment = cursor()->blockFormat().property(TextProperty::Alignment).toInt();
-    QPainterPath outline;
-    if (orientation() == Qt::Horizontal) {
-        outline = textOutline(QPointF(0, 0), font, text);
-        const QRectF ink = outline.boundingRect();
-        const PlaceholderPlace place = placeInRow(alignment, rect.width(), ink.width());
-        outline.translate(place.start - ink.left(), -ink.top());
-        outline.setFillRule(Qt::WindingFill);
-        m_defaultCursorLine = QLineF(place.caret, 0, place.caret, ink.height());
-    } else {
-        const QList<QPainterPath> pieces = columnPlaceholderPieces(text, font);
-        qreal total = 0;
-        qreal widest = 0;
-        for (const QPainterPath &piece : pieces) {
-            total += piece.boundingRect().height();
-            widest = qMax(widest, piece.boundingRect().width());
-        }
-        const PlaceholderPlace place = placeInColumn(alignment, rect.height(), total);
-        qreal top = place.start;
-        for (const QPainterPath &piece : pieces) {
-            const QRectF ink = piece.boundingRect();
-            outline.addPath(piece.translated(rect.width() - widest - ink.left(), top - ink.top()));
-            top += ink.height();
-        }
-        const QRectF ink = outline.boundingRect();
-        m_defaultCursorLine = QLineF(ink.left(), place.caret, ink.right(), place.caret);
-    }
-    updateData(TextLayout(), rect, rect, outline);
+    const QRectF rect = box();
+    const Placeholder shown = orientation() == Qt::Horizontal
+                                  ? placeholderRow(defaultWord(), font, alignment, rect.width())
+                                  : placeholderColumn(defaultWord(), font, alignment, rect.size());
+    m_defaultCursorLine = shown.caret;
+    updateData(TextLayout(), rect, rect, shown.outline);
 }

@@ -55,20 +55,18 @@ public:
 
     void addSideways(const QString &text)
     {
-        const QPainterPath outline = textOutline(text);
+        const QPainterPath outline = outlineOf(text);
         add(CTextTools::getRotatePath(outline, outline.boundingRect().center(), 90));
     }
 
-    void addUpright(const QString &text) { add(textOutline(text)); }
+    void addUpright(const QString &text) { add(outlineOf(text)); }
 
     QPainterPath outlines() const { return m_outlines; }
 
 private:
-    QPainterPath textOutline(const QString &text) const
+    QPainterPath outlineOf(const QString &text) const
     {
-        QPainterPath outline;
-        outline.addText(0, 0, m_style.font, text);
-        return outline;
+        return textOutline(QPointF(0, 0), m_style.font, text);
     }
 
     void add(const QPainterPath &outline)
@@ -113,9 +111,8 @@ QPainterPath CSingleTextObject::horizontalPlaceholder(QRectF &rect) const
 {
     const PlaceholderStyle style = readPlaceholderStyle(*cursor(), dpi());
     const QPointF anchor = textOffset();
-    QPainterPath outline;
-    outline.addText(anchor, style.font, defaultWord());
-    outline = scaleAbout(anchor, style.scaleX, style.scaleY).map(outline);
+    QPainterPath outline = scaleAbout(anchor, style.scaleX, style.scaleY)
+                               .map(textOutline(anchor, style.font, defaultWord()));
     const QRectF ink = outline.boundingRect();
     outline.translate(alignedShift(style.alignment, ink.width()), -style.offset);
     outline.setFillRule(Qt::WindingFill);
