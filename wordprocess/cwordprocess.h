@@ -29,6 +29,7 @@ class CArtText;
 class CTextObjectBase;
 class CWordManager;
 class QJsonArray;
+class QTextBlock;
 struct TextLayout;
 struct TextLine;
 
@@ -292,11 +293,53 @@ public:
     void notifyTextOperation(EnumTextOperation operation, const AttributeMap &map);
 
     // legacy layout
+    /// Lays text of the older engine out into m_legacyLines and gives line text its size. Nothing for text of
+    /// the current engine. \param argument has no effect
     void updateBoundingRectForOldVersion(bool argument);
-    int legacyPositionUnder(const QPointF &point);
-    void selectLegacyLine(int position);
+    /// Line text, one line a paragraph. \return its size; (-1, -1) for box text and for the other orientation
+    QSizeF hTextLayout();
+    QSizeF vTextLayout();
+    /// Box text of either orientation. Outside edit state asks to be painted anew.
+    void multiTextLayout();
+    /// Box text, wrapped at the client width. No lines for line text and for vertical text.
+    void hMultiTextLayout();
+    /// Box text, wrapped at the client height. No lines for line text and for horizontal text.
+    void vMultiTextLayout();
+    /// Adds the runs of \a block to \a fragments; with compressed punctuation each mark is one of its own.
+    void getFragments(const QTextBlock &block, QList<SFragment> &fragments) const;
+    /// Where a line begins by its alignment, in a room of \a extent pixels.
+    /// \param spacing  receives attachSpacing()
+    /// \return false when margins and indent leave no room: \a spacing is left alone then
+    bool lineXOffset(const STextLine &line, double extent, double &start, double &spacing) const;
+    /// Space that justifies the line, behind each of its characters but one; 0 for other alignments.
+    double attachSpacing(const STextLine &line) const;
+
+    // legacy layout: line ends
+    /// Keeps forbidden characters from the ends of the last of \a lines.
+    /// \param rule       0 none, 1 relaxed, else strict
+    /// \param available  pixels along the line
+    /// \param moved      takes what belongs on the next line, ahead of what it holds
+    void avoidHeadTail(int rule, QList<STextLine> &lines, double available,
+                       QList<STextItem> &moved);
+    /// Takes a Latin word that the end of the last of \a lines cuts off that line, or a letter of it.
+    /// \param moved  receives what belongs on the next line
+    /// \return the number of characters that left the line, 0 for a whole word
+    int ligatureText(bool hyphenate, QList<STextLine> &lines, QList<STextItem> &moved);
+
+    // legacy layout: painting
+    /// Puts the outlines of all lines in their places. \param maxWidth  room along the lines
+    void generatorHorizontalTextPaths(double maxWidth);
+    /// Likewise for columns. \param heightSum  right edge of the first \param maxLength  room along them
+    void generatorVerticalTextPaths(double heightSum, double maxLength);
     void horizontalPaint(QPainter *painter);
     void verticalPaint(QPainter *painter);
+    void drawHorizontalText(QPainter *painter);
+    void drawVerticalText(QPainter *painter);
+    void drawDefaultWord(QPainter *painter);
+
+    // legacy layout: pointer
+    int legacyPositionUnder(const QPointF &point);
+    void selectLegacyLine(int position);
 
     // QObject and item events
     void timerEvent(QTimerEvent *event) override;
@@ -580,6 +623,13 @@ private:
     void keepSavedBox(const QSizeF &size, const QPointF &centre, double angle);
     void standWhereSaved(const QPointF &centre, double angle);
     void showFontImage(const QString &documentString);
+
+    // legacy layout
+    /// A run of \a text with its outline at the origin. Empty text has none.
+    STextItem legacyItem(const QTextCharFormat &format, const QString &text, int position,
+                         bool upright) const;
+    /// Gives a run another text, and the outline of it at the origin; format, bars and spacing stay.
+    void replaceItemText(STextItem &item, const QString &text) const;
 
     // fonts and units
     QTextBlockFormat rescaled(QTextBlockFormat format, int fromDpi) const;
