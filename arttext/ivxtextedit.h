@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// ivxtextedit.h -- IVxTextEdit, the overlay editor's way into the object that it edits.
+// ivxtextedit.h -- what an overlay editor asks of the object that it edits.
 #ifndef IVXTEXTEDIT_H
 #define IVXTEXTEDIT_H
 
@@ -9,28 +9,36 @@
 
 class IVxPage;
 
-/// An object whose text can be typed in an editor that lies over the view.
+/// The way of CVxTextEdit into its object, and its only one. The editor never deletes through it.
 class IVxTextEdit
 {
 public:
-    virtual ~IVxTextEdit() = default;
-    /// Where the editor lies: position in the view's pixels, size at the present zoom.
+    /// Where the editor is to lie, in pixels of the view: the object's place and size under the
+    /// present zoom.
     virtual QRectF getTextPosition() = 0;
-    /// The scene point of the view's origin, rounded; (0, 0) without a scene.
+    /// The view's origin in the scene; (0, 0) without a scene.
     virtual QPoint getViewPoint() = 0;
-    /// \a point of the view in global pixels; (0, 0) without a scene.
+    /// \a point of the view on the screen; (0, 0) without a scene.
     virtual QPoint getViewGlobalPt(const QPoint &point) = 0;
     virtual QString getPlainText() = 0;
+    /// Takes the text as it stands in the editor: told at each key.
     virtual void setPlainText(const QString &text) = 0;
     virtual QString getTextHtml() = 0;
     virtual void setTextHtml(const QString &html) = 0;
+    /// Ends the object's edit state; nothing outside it.
     virtual void EndEdit() = 0;
-    /// The object's own rectangle with its corner at (0, 0).
+    /// (0, 0, client width, client height).
     virtual QRectF GetViewRect() = 0;
-    /// Told by the editor's destructor: the object no longer has an editor.
+    /// The editor ends: it is not to be called any more.
     virtual void TextEditHasBeenDestroy() = 0;
-    /// The page that holds the object, or null.
+    /// The page of the object, or null.
     virtual IVxPage *GetCurrentPage() = 0;
+
+protected:
+    IVxTextEdit() = default;
+    IVxTextEdit(const IVxTextEdit &) = default;
+    IVxTextEdit &operator=(const IVxTextEdit &) = default;
+    ~IVxTextEdit() = default;
 };
 
 #endif
