@@ -3,19 +3,6 @@
 
 #include <QtMath>
 
-#include <limits>
-
-int truncated(double value)
-{
-    if (qIsNaN(value))
-        return 0;
-    if (value >= double(std::numeric_limits<int>::max()))
-        return std::numeric_limits<int>::max();
-    if (value <= double(std::numeric_limits<int>::min()))
-        return std::numeric_limits<int>::min();
-    return int(value);
-}
-
 qreal finiteReal(const QVariant &value)
 {
     const qreal real = value.toReal();

@@ -2,6 +2,8 @@
 #ifndef LAYOUT_UNITS_H
 #define LAYOUT_UNITS_H
 
+#include "common/truncated.h"
+
 #include <QFont>
 #include <QVariant>
 
@@ -11,9 +13,6 @@ constexpr qreal pointsToPixels(qreal points, int dpi)
 {
     return dpi * (points / 72.0);
 }
-
-/// Real to whole: toward zero, saturating at the range of int, 0 for not-a-number.
-int truncated(double value);
 
 /// The value as a real; 0.0 when it does not convert or is not finite.
 qreal finiteReal(const QVariant &value);

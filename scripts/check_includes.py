@@ -13,10 +13,12 @@ ANGLED = re.compile(r"^\s*#\s*include\s*<([^>]+)>")
 # Folder -> the project headers it may include besides its own: folders end in "/".
 ALLOWED = {
     "plugin": ("wordprocess/", "arttext/", "host/"),
-    "wordprocess": ("layout/", "warp/", "arttext/arttexthelper.h", "host/", EXPORT_MACRO),
-    "arttext": ("layout/texttools.h", "host/", EXPORT_MACRO),
-    "layout": (),
-    "warp": (),
+    "wordprocess": ("layout/", "warp/", "arttext/arttexthelper.h", "common/", "host/",
+                    EXPORT_MACRO),
+    "arttext": ("layout/texttools.h", "common/", "host/", EXPORT_MACRO),
+    "layout": ("common/",),
+    "warp": ("common/",),
+    "common": (),
     "host": (),
     "app": ("host/",),
 }
@@ -26,6 +28,7 @@ ALLOWED_FOR_FILE = {
 }
 # Folder -> the Qt headers that it may not include.
 FORBIDDEN_QT = {
+    "common": re.compile(r"^Q"),
     "warp": re.compile(r"^(QtWidgets|QtSvg|QtPrintSupport|QtNetwork)\b|^Q(Graphics|Widget|App)"),
     "layout": re.compile(r"^(QtWidgets|QtSvg|QtPrintSupport|QtNetwork)\b|^Q(Widget|App)"),
 }
