@@ -25,7 +25,10 @@ inline QPointF narrowed(const QPointF &point)
 class SurfaceNet
 {
 public:
-    explicit SurfaceNet(QPointF *points) : m_points(points) {}
+    explicit SurfaceNet(QPointF *points)
+        : m_points(points)
+    {
+    }
 
     QPointF &operator[](int index) { return m_points[index]; }
     const QPointF &operator[](int index) const { return m_points[index]; }
@@ -43,8 +46,8 @@ public:
 private:
     void bend(int first, int step, const QPointF &centre)
     {
-        getCircleBezier(m_points[first], m_points[first + 3 * step], centre,
-                        m_points[first + step], m_points[first + 2 * step]);
+        getCircleBezier(m_points[first], m_points[first + 3 * step], centre, m_points[first + step],
+                        m_points[first + 2 * step]);
     }
 
     QPointF *m_points;

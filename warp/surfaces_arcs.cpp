@@ -108,7 +108,8 @@ struct Ray {
     QPointF direction; // not of length 1: radius() is its length
 
     Ray(const QPointF &from, const QPointF &centre)
-        : start(narrowed(from)), direction(start - centre)
+        : start(narrowed(from))
+        , direction(start - centre)
     {
     }
     float radius() const
@@ -136,8 +137,8 @@ struct Ring {
     float radius;
 
     Ring(const SurfaceNet &net, const RingSides &sides, const QPointF &centre)
-        : rays{Ray(net[sides.anchor[0]], centre), Ray(net[sides.anchor[1]], centre)},
-          radius(rays[0].radius())
+        : rays{Ray(net[sides.anchor[0]], centre), Ray(net[sides.anchor[1]], centre)}
+        , radius(rays[0].radius())
     {
     }
     void placeOpposite(SurfaceNet &net, const RingSides &sides, double length) const

@@ -92,7 +92,7 @@ void bendShellUpperV(SurfaceNet &net, float t)
 {
     const double k = centreDistance(t);
     const float third = net.thirdOfWidth(); // before the first of its points moves
-    if (t > 0) { // deliberate: the angle grows with the value here
+    if (t > 0) {                            // deliberate: the angle grows with the value here
         const QPointF step = cornerStep(t, float(net[3].x()));
         net[0] = narrowed(QPointF(net[3].x() - step.x(), net[3].y() - step.y()));
         net[12] = narrowed(QPointF(net[15].x() - step.x(), net[15].y() + step.y()));
