@@ -46,7 +46,10 @@ CVXRootObject::CVXRootObject(IVxPage *page)
     , m_actionState(new ActionState)
     , m_drawDelegate(new CObjDrawDelegate)
     , m_page(page)
+    , m_fillProp(page)
 {
+    m_fillProp.setFillEnable(true);
+    m_fillProp.setColor(Qt::black);
 }
 
 CVXRootObject::~CVXRootObject()
@@ -178,6 +181,20 @@ QImage CVXRootObject::getImageFromObject(QRectF &rect, bool withHandles)
         paintHandlersInScene(item, &painter);
     rect = pixels;
     return image;
+}
+
+void CVXRootObject::setMyPen(const QPen &pen)
+{
+    if (!std::isfinite(pen.widthF()) || pen.widthF() < 0)
+        return;
+    m_pen = pen;
+    update();
+}
+
+void CVXRootObject::setFillProp(const CPageBgProp &fill)
+{
+    m_fillProp = fill;
+    update();
 }
 
 // Place and size

@@ -4,11 +4,13 @@
 #define CVXROOTOBJECT_H
 
 #include "host/framework/cobjdrawdelegate.h"
+#include "host/framework/cpagebgprop.h"
 #include "host/framework/framework_global.h"
 #include "host/framework/hosttypes.h"
 
 #include <QImage>
 #include <QPainterPath>
+#include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <QSet>
@@ -80,6 +82,13 @@ public:
     /// \return a premultiplied image; null for an object without area and for one too large for an
     /// image
     virtual QImage getImageFromObject(QRectF &rect, bool withHandles);
+    /// The pen of the object's outlines; at first black of width 0, which draws none.
+    QPen getMyPen() const { return m_pen; }
+    /// Not finite or negative widths: refused.
+    virtual void setMyPen(const QPen &pen);
+    /// The fill of the object's outlines; at first black.
+    CPageBgProp getFillProp() const { return m_fillProp; }
+    virtual void setFillProp(const CPageBgProp &fill);
 
     // Place and size
     virtual QPointF getPos() const;
@@ -127,6 +136,8 @@ public:
     virtual bool GetSpecialProperty(int number, QDataStream &stream);
     virtual bool SetAttribute(int id, QDataStream &stream, bool flag);
     virtual bool GetAttribute(int id, QDataStream &stream);
+    /// The ids that the object offers for GetAttribute() and SetAttribute(), in the order of a panel.
+    QVector<int> attributeIds() const { return m_attributeIds; }
     virtual bool canDo(OperationType operation);
     /// Caret position in item coordinates for an object that has one.
     virtual QPoint getCursorPos();
@@ -146,11 +157,16 @@ public:
     /// The common fields of an item: a version number, position, rotation, z order, client size,
     /// the flags locked, created, flip and mirror, and the whole of m_saveParams. False when the
     /// stream or object is no such record: nothing changes then. Fields of a wrong type and numbers
-    /// that are not finite read as 0 or false.
+    /// that are not finite read as 0 or false. Pen and fill are written where they are not those that
+    /// every object begins with, and absent ones read as these.
     bool SaveBaseData(QGraphicsItem *item, QDataStream &stream);
     bool LoadBaseData(QGraphicsItem *item, QDataStream &stream);
     bool SaveJsonBaseData(QGraphicsItem *item, QJsonObject &json);
     bool LoadJsonBaseData(QGraphicsItem *item, QJsonObject &json);
+    /// The state that a recording of the page keeps of the object, and the actions that it plays.
+    virtual bool SavePropertyForPlayback(QDataStream &stream);
+    virtual bool LoadPropertyForPlayback(QDataStream &stream);
+    virtual bool DoPlaybackActionEx(int action, QDataStream &stream);
 
 protected:
     bool m_created = false;           ///< the object is finished: drawn or loaded
@@ -163,6 +179,7 @@ protected:
     QPointF m_pressPos;               ///< start of a drag, for the object's use
     QPointF m_dragPos;                ///< present point of a drag, for the object's use
     CObjDrawDelegate *m_drawDelegate; ///< owned
+    QVector<int> m_attributeIds{2001, 2002, 2003, 2004, 2050, 2051, 2100}; ///< see attributeIds()
 
 private:
     friend class CWbUndoCmd;
@@ -176,6 +193,8 @@ private:
 
     IVxPage *m_page;
     int m_objId = 0;
+    QPen m_pen{Qt::black, 0};
+    CPageBgProp m_fillProp;
     bool m_locked = false;
     bool m_showHandles = false;
     bool m_flipped = false;

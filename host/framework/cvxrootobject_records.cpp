@@ -40,12 +40,73 @@ bool flag(const Fields &fields, const char *key)
     return value.userType() == QMetaType::Bool && value.toBool();
 }
 
+QString colorName(const QColor &color)
+{
+    return color.isValid() ? color.name(QColor::HexArgb) : QString();
+}
+
+const QPen usualPen(Qt::black, 0); // those that every object begins with
+const QColor usualFill(Qt::black);
+
+Fields penFields(const QPen &pen)
+{
+    return {
+        {QStringLiteral("color"), colorName(pen.color())},
+        {QStringLiteral("width"), BaseRecord::finite(pen.widthF())},
+        {QStringLiteral("style"), int(pen.style())},
+        {QStringLiteral("cap"), int(pen.capStyle())},
+        {QStringLiteral("join"), int(pen.joinStyle())},
+    };
+}
+
+/// \a value when it is one of \a known, the first of these otherwise.
+template<typename Style>
+Style oneOf(double value, std::initializer_list<Style> known)
+{
+    for (const Style style : known) {
+        if (value == double(style))
+            return style;
+    }
+    return *known.begin();
+}
+
+/// Patterns of dashes of one's own are not kept: such a pen reads as a solid one.
+QPen penFrom(const Fields &fields)
+{
+    if (fields.isEmpty())
+        return usualPen;
+    return QPen(QColor(fields.value(QStringLiteral("color")).toString()),
+                qMax(0.0, number(fields, "width")),
+                oneOf(number(fields, "style"), {Qt::SolidLine, Qt::NoPen, Qt::DashLine, Qt::DotLine,
+                                                Qt::DashDotLine, Qt::DashDotDotLine}),
+                oneOf(number(fields, "cap"), {Qt::SquareCap, Qt::FlatCap, Qt::RoundCap}),
+                oneOf(number(fields, "join"),
+                      {Qt::BevelJoin, Qt::MiterJoin, Qt::RoundJoin, Qt::SvgMiterJoin}));
+}
+
+Fields fillFields(const CPageBgProp &fill)
+{
+    return {
+        {QStringLiteral("enabled"), fill.isFillEnable()},
+        {QStringLiteral("color"), colorName(fill.color())},
+    };
+}
+
+CPageBgProp fillFrom(const Fields &fields)
+{
+    CPageBgProp fill(nullptr);
+    const bool usual = fields.isEmpty();
+    fill.setFillEnable(usual || flag(fields, "enabled"));
+    fill.setColor(usual ? usualFill : QColor(fields.value(QStringLiteral("color")).toString()));
+    return fill;
+}
+
 } // namespace
 
 QVariantMap CVXRootObject::baseFields(const QGraphicsItem *item)
 {
     const QPointF pos = item ? item->scenePos() : QPointF();
-    return {
+    QVariantMap fields{
         {QStringLiteral("x"), BaseRecord::finite(pos.x())},
         {QStringLiteral("y"), BaseRecord::finite(pos.y())},
         {QStringLiteral("rotation"), item ? BaseRecord::finite(item->rotation()) : 0.0},
@@ -58,6 +119,11 @@ QVariantMap CVXRootObject::baseFields(const QGraphicsItem *item)
         {QStringLiteral("mirror"), isMirror()},
         {QStringLiteral("params"), m_saveParams},
     };
+    if (m_pen != usualPen)
+        fields.insert(QStringLiteral("pen"), penFields(m_pen));
+    if (!m_fillProp.isFillEnable() || m_fillProp.color() != usualFill)
+        fields.insert(QStringLiteral("fill"), fillFields(m_fillProp));
+    return fields;
 }
 
 void CVXRootObject::setBaseFields(QGraphicsItem *item, const QVariantMap &fields)
@@ -75,6 +141,8 @@ void CVXRootObject::setBaseFields(QGraphicsItem *item, const QVariantMap &fields
     setFlip(flag(fields, "flip"), /*notify=*/false);
     setMirror(flag(fields, "mirror"), /*notify=*/false);
     m_saveParams = fields.value(QStringLiteral("params")).toMap();
+    m_pen = penFrom(fields.value(QStringLiteral("pen")).toMap());
+    m_fillProp = fillFrom(fields.value(QStringLiteral("fill")).toMap());
     updateAfterObjRectChanged(item, /*notify=*/true);
 }
 
@@ -103,6 +171,23 @@ bool CVXRootObject::LoadBaseData(QGraphicsItem *item, QDataStream &stream)
     return true;
 }
 
+bool CVXRootObject::SavePropertyForPlayback(QDataStream &stream)
+{
+    return SaveBaseData(GetGraphicsItemPtr(), stream);
+}
+
+bool CVXRootObject::LoadPropertyForPlayback(QDataStream &stream)
+{
+    return LoadBaseData(GetGraphicsItemPtr(), stream);
+}
+
+bool CVXRootObject::DoPlaybackActionEx(int action, QDataStream &stream)
+{
+    Q_UNUSED(action)
+    Q_UNUSED(stream)
+    return false;
+}
+
 bool CVXRootObject::SaveJsonBaseData(QGraphicsItem *item, QJsonObject &json)
 {
     const QVariantMap fields = baseFields(item);
@@ -123,7 +208,8 @@ bool CVXRootObject::LoadJsonBaseData(QGraphicsItem *item, QJsonObject &json)
         return false;
     QVariantMap fields;
     static const char *const keys[] = {"x",      "y",       "rotation", "z",      "width", "height",
-                                       "locked", "created", "flip",     "mirror", "params"};
+                                       "locked", "created", "flip",     "mirror", "params",
+                                       "pen",    "fill"};
     for (const char *key : keys) {
         const QString name = QLatin1String(key);
         fields.insert(name, BaseRecord::fromJson(json.value(name)));
