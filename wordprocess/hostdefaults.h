@@ -3,9 +3,8 @@
 #ifndef HOSTDEFAULTS_H
 #define HOSTDEFAULTS_H
 
+#include "host/framework/defaultfont.h"
 #include "host/framework/iappframework.h"
-
-#include <QFont>
 
 #include <cmath>
 
@@ -20,19 +19,6 @@ inline int currentTool()
 {
     IAppFramework *framework = GetFramework();
     return framework ? framework->getCurrentTool() : 0;
-}
-
-/// The host's default family and size in points; Qt's own where the host says nothing, or no size at all.
-inline QFont hostDefaultFont()
-{
-    QString family;
-    int size = 0;
-    if (IAppFramework *framework = GetFramework())
-        framework->getDefaultFont(family, size);
-    QFont font(family);
-    if (size > 0)
-        font.setPointSize(size);
-    return font;
 }
 
 /// Resolution of the screen along x; 96 without a host and where the host's is 0, negative or not finite.
