@@ -6,6 +6,7 @@
 
 #include "host/framework/cbaseobject.h"
 #include "plugin/vxarttext_shared_global.h"
+#include "warp/surfacetype.h"
 #include "wordprocess/legacyrecords.h"
 
 #include <QBrush>
@@ -198,8 +199,26 @@ public:
     QString carryOutStep(const QString &data);
 
     // warping
-    /// Makes the warped paths anew when a warp is set.
+    /// Makes the warped paths anew when a warp is set, and gives the object their box; without one, and for a text
+    /// or a warp that cannot be bent to finite paths, the plain box. In edit state text stands unwarped.
+    /// Its cost grows with the elements of the outlines; nothing is laid out.
     void updateMorphTextPaths();
+    /// Bends \a paths in place by the object's warp. Holds no lock.
+    /// \param rect  box of the unwarped text, item coordinates; its size is that of the surface
+    /// \param pos   receives the offset of the warped text against the unwarped one, whole numbers
+    /// \param size  receives the size of the warped text, whole numbers
+    /// \return false when there is no warp or nothing to bend: \a paths are then of no use
+    bool textMorphing(QList<QPainterPath> &paths, const QRectF &rect, QPointF &pos, QSizeF &size);
+    /// The warp itself: net, walk, placement. Straight segments stay chords.
+    /// \param bounds    of all paths together
+    /// \param outRect   receives offset and size, as above
+    /// \param reserved  never touched
+    /// \param type      the shape; whether there is a warp at all the object's own style says
+    /// \return false also for a side of \a rect that is 0 or not finite, and for a result that is not
+    bool textTransform(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                       QList<QPainterPath> &paths, QRectF &reserved, SurfaceType type);
+    /// Moves element \a index, which must exist, and lets m_warpMin and m_warpMax follow.
+    void setPathElementPos(QPainterPath &path, int index, QPointF pos);
     /// Baselines of the unwarped text, item coordinates at stretch 1.
     QList<QLineF> getAllBaseLines() const;
 
@@ -338,7 +357,10 @@ public:
     void drawDefaultWord(QPainter *painter);
 
     // legacy layout: pointer
+    /// The document position under \a point, item coordinates without flip and mirror; a point exactly between
+    /// two is before the character. -1 below the last line, beyond the last column, and without lines.
     int legacyPositionUnder(const QPointF &point);
+    /// Selects the first line on which \a position stands; nothing for a position that is on none.
     void selectLegacyLine(int position);
 
     // QObject and item events
@@ -442,6 +464,8 @@ protected:
     QRectF m_warpBounds;
     bool m_pathsArePlaceholder = false; ///< m_textPaths shows m_defaultWord; guarded with them
     bool m_changingEditState = false;   ///< beginEdit() or endEdit() is under way: no way back in
+    double m_legacyExtent = 0; ///< room along m_legacyLines, for which their outlines were placed
+    double m_legacyFlow = 0;   ///< right edge of the first column of m_legacyLines
 
     void initMorphHandles();
     /// Flip about the horizontal centre line, mirror about the vertical one; without the stretch.
@@ -506,7 +530,18 @@ private:
     QSizeF fontImageStretch() const;
 
     // warping
+    class SurfaceWalk;
+    /// What the unwarped text leaves free of its box, single precision; negative where it juts out.
+    struct WarpGap {
+        float width, height;
+    };
     void addWarpAttributes(AttributeMap &attributes) const;
+    bool bendTextPaths();
+    QPolygonF warpedNet(const QSizeF &size, SurfaceType type, float value) const;
+    QRectF placeCentred(QList<QPainterPath> &paths, const WarpGap &gap) const;
+    QRectF placeInPositive(QList<QPainterPath> &paths, const WarpGap &gap, const QSizeF &unwarped,
+                           bool staysOnTop) const;
+    void takeWarpedBox(QList<QPainterPath> &paths, const QRectF &box);
     void takeUnwarpedBox();
     void dropMorphPaths();
     void applyStretchToBox();
@@ -630,8 +665,64 @@ private:
                          bool upright) const;
     /// Gives a run another text, and the outline of it at the origin; format, bars and spacing stay.
     void replaceItemText(STextItem &item, const QString &text) const;
+    struct LegacyFlow;
+    struct LegacySize;
+    STextItem emptyLegacyItem(const QTextBlock &block) const;
+    QList<STextItem> legacyItems(const QTextCharFormat &format, const QString &text, int position,
+                                 Qt::Orientation orientation) const;
+    LegacySize layOutLineText(Qt::Orientation orientation);
+    STextLine lineOfBlock(const QTextBlock &block, Qt::Orientation orientation,
+                          double &itemWidths) const;
+    void wrapBlocks(Qt::Orientation orientation, double extent);
+    void wrapFragment(LegacyFlow &flow, const SFragment &fragment);
+    int breakLine(LegacyFlow &flow, const SFragment &fragment, const QString &piece);
+    void openLine(LegacyFlow &flow, bool isFirst) const;
+    void closeLine(LegacyFlow &flow, bool isLast) const;
+    void closeBlock(LegacyFlow &flow);
+    void takeLegacySize(const QSizeF &size);
+
+    // legacy layout: line ends
+    bool repairLineHead(int rule, QList<STextLine> &lines) const;
+    void cutOverflow(STextLine &line, double available, QList<STextItem> &moved);
+    void repairLineTail(int rule, STextLine &line, QList<STextItem> &moved) const;
+    void moveCutWord(STextLine &line, QList<STextItem> &moved) const;
+    bool cutByHyphen(STextLine &line, QList<STextItem> &moved) const;
+    STextItem itemPart(const STextItem &item, int first, int end) const;
+    void updateLine(STextLine &line) const;
+
+    // legacy layout: places on the lines
+    struct LegacyRow;
+    struct LegacyPlace;
+    struct LegacySpan;
+    QVector<LegacyRow> legacyRows() const;
+    double legacyAdvance(const STextItem &item, double spacing) const;
+    double legacyPrefix(const STextItem &item, int length, double spacing) const;
+    int charactersBefore(const STextItem &item, double along, double spacing) const;
+    int positionInRow(const LegacyRow &row, double along) const;
+    std::optional<LegacyPlace> legacyPlaceOf(int position, const QVector<LegacyRow> &rows) const;
+    LegacySpan selectedSpan(const QVector<LegacyRow> &rows) const;
+    QRectF rowBand(const LegacyRow &row, double from, double to) const;
+    /// The caret, item coordinates: from its upper to its lower, or its left to its right end; null where the
+    /// position is on no line.
+    QLineF legacyCaretLine() const;
+    QLineF legacyCaretLine(const QVector<LegacyRow> &rows) const;
+
+    // legacy layout: painting
+    class LegacyBars;
+    struct LegacyDefaultWord;
+    void placeItemPath(STextItem &item, double spacing, bool isCut) const;
+    QPointF itemCorner(const STextLine &line, const STextItem &item, double along,
+                       double across) const;
+    void legacyPaint(QPainter *painter, void (CWordProcess::*drawText)(QPainter *));
+    void drawRows(QPainter *painter, const LegacyBars &bars);
+    void paintLegacyCaret(QPainter *painter, const QLineF &caret);
+    LegacyDefaultWord legacyDefaultWord() const;
+    QFont legacyDefaultFont() const;
 
     // fonts and units
+    int surelyWideFrom(const QString &text, const QTextCharFormat &format, double room) const;
+    bool overflows(const QString &text, const QTextCharFormat &format, double used,
+                   double limit) const;
     QTextBlockFormat rescaled(QTextBlockFormat format, int fromDpi) const;
     QTextCharFormat rescaled(QTextCharFormat format, int fromDpi, double dpi) const;
     void leaveRewriting();

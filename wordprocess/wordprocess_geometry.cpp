@@ -8,6 +8,7 @@
 #include "layout/textproperties.h"
 #include "layout/wordmanager.h"
 #include "wordprocess/numbers.h"
+#include "wordprocess/outlinesum.h"
 
 #include <QFontMetricsF>
 #include <QTextBlock>
@@ -19,14 +20,6 @@ bool isFinite(const QRectF &rect)
 {
     return std::isfinite(rect.x()) && std::isfinite(rect.y()) && std::isfinite(rect.width())
            && std::isfinite(rect.height());
-}
-
-QPainterPath sumOf(const QList<QPainterPath> &paths)
-{
-    QPainterPath sum;
-    for (const QPainterPath &path : paths)
-        sum.addPath(path);
-    return sum;
 }
 } // namespace
 
