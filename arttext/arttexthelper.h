@@ -29,7 +29,11 @@ struct tagSIZE {
 /// A point that is passed by value.
 struct CPoint {
     constexpr CPoint() = default;
-    constexpr CPoint(qint64 left, qint64 top) : x(left), y(top) { }
+    constexpr CPoint(qint64 left, qint64 top)
+        : x(left)
+        , y(top)
+    {
+    }
 
     qint64 x = 0;
     qint64 y = 0;
@@ -38,7 +42,11 @@ struct CPoint {
 /// A size that is passed by value.
 struct CSize {
     constexpr CSize() = default;
-    constexpr CSize(qint64 width, qint64 height) : cx(width), cy(height) { }
+    constexpr CSize(qint64 width, qint64 height)
+        : cx(width)
+        , cy(height)
+    {
+    }
 
     qint64 cx = 0;
     qint64 cy = 0;
@@ -47,7 +55,13 @@ struct CSize {
 /// A rectangle that is passed by value; right and bottom are edges, not last pixels.
 struct CRect {
     constexpr CRect() = default;
-    constexpr CRect(qint64 l, qint64 t, qint64 r, qint64 b) : left(l), top(t), right(r), bottom(b) { }
+    constexpr CRect(qint64 l, qint64 t, qint64 r, qint64 b)
+        : left(l)
+        , top(t)
+        , right(r)
+        , bottom(b)
+    {
+    }
 
     qint64 left = 0;
     qint64 top = 0;
@@ -55,10 +69,10 @@ struct CRect {
     qint64 bottom = 0;
 };
 
-/// The cursor of a fill under way: \c points has room for the points that are still to come.
+/// The cursor of a fill under way.
 struct tagSEG {
-    quint32 count = 0; ///< points stored so far
-    tagPOINT *points = nullptr;
+    quint32 count = 0;          ///< points stored so far
+    tagPOINT *points = nullptr; ///< with room for all that will come
 };
 
 /// Opaque: only named by operations that do nothing.
@@ -223,7 +237,8 @@ public:
                             const CSize &target, bool vertical) const;
 
     /// Writes or reads fill, font, text and shadow. Deliberate: the reader takes a second string
-    /// behind the font that the writer does not write. What a stream does not hold stays as it was.
+    /// behind the font that the writer does not write. A stream that ends before that changes
+    /// nothing; later, what it does not hold stays as it was.
     void Serialize(QDataStream &stream, bool writing);
     /// Copies all that Serialize() writes and the outline flag, no guide lines. Nothing for null.
     void CopyFrom(const CArtText *other);
@@ -249,10 +264,11 @@ public:
     bool GetDataFromDC(QPainter *painter, CRect *rect, void *&data, tagBITMAPINFO **info, int bits);
     bool Fuzzy(void *data, tagBITMAPINFO *info, CPoint offset, bool flag);
     bool TextEffect(QPainter *painter, tagPOINT *points1, tagPOINT *points2, unsigned int count1,
-                    unsigned int count2, QString text, CRect *rect, bool first, bool second,
+                    unsigned int count2, const QString &text, CRect *rect, bool first, bool second,
                     bool third);
     bool GenTextPath(QPainter *painter, tagPOINT *points1, tagPOINT *points2, unsigned int count1,
-                     unsigned int count2, QString text, CRect *rect, bool first, bool second);
+                     unsigned int count2, const QString &text, CRect *rect, bool first,
+                     bool second);
     bool ShowGuide(QPainter *painter, tagPOINT *points, unsigned int count);
 
 protected:
@@ -264,21 +280,21 @@ protected:
     CSize m_size; ///< what the guide lines were made for
     QImage m_image1;
     QImage m_image2;
-    CPoint m_shadowOffset {1, 1};
+    CPoint m_shadowOffset{1, 1};
     QColor m_shadowColor = Qt::black;
     bool m_hasShadow = false;
-    QFont m_font; ///< Times 50, as outlines
+    QFont m_font;      ///< Times 50, as outlines
     QImage m_dibBrush; ///< image of a pattern fill
     QString m_string = QStringLiteral("Text");
     QColor m_color = Qt::black;
-    bool m_firstGuideNext = true; ///< the next line that BeginDraw() asks for is line 1
+    bool m_firstGuideNext = true;       ///< the next line that BeginDraw() asks for is line 1
     tagPOINT *m_guidePoints1 = nullptr; ///< from malloc(), owned
     tagPOINT *m_guidePoints2 = nullptr;
     quint32 m_guideCount1 = 0;
     quint32 m_guideCount2 = 0;
     bool m_outLine = false; ///< outline instead of fill
-    QPen m_guidePen1 {Qt::blue, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
-    QPen m_guidePen2 {Qt::red, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    QPen m_guidePen1{Qt::blue, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
+    QPen m_guidePen2{Qt::red, 2.0, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin};
     QPen m_pen3;
     int m_style = 0;
     tagFillStru m_fill;
@@ -286,6 +302,8 @@ protected:
 
 private:
     bool takeLine(tagPOINT *points, unsigned int count, int guide, int kind);
+    void write(QDataStream &stream) const;
+    void read(QDataStream &stream);
 };
 
 #endif
