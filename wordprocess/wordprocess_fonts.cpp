@@ -4,6 +4,7 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "host/fontdatabase/cfontdatabase.h"
+#include "layout/outlines.h"
 #include "layout/runstyle.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
@@ -12,6 +13,7 @@
 #include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
 
+#include <QFontMetricsF>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -397,14 +399,62 @@ QPainterPath CWordProcess::fragmentPath(const QPointF &pos, const QTextCharForma
     return path;
 }
 
+/// A length from which every prefix of \a text is wider than \a room, whatever stands behind it; beyond the
+/// text when there is none or it is not certain. Looks only near the expected end of the line: measuring a
+/// prefix costs time in proportion to its length.
+int CWordProcess::surelyWideFrom(const QString &text, const QTextCharFormat &format,
+                                 double room) const
+{
+    constexpr int shortText = 8;
+    constexpr int longestJoin = 512; // no script joins characters over a longer distance
+    const int nowhere = text.length() + 1;
+    if (text.length() <= shortText || !std::isfinite(room))
+        return nowhere;
+    if (letterSpacing(format) < 0 || STextItem::space_size(format, m_documentDpi).width() < 0)
+        return nowhere; // longer text may be shorter
+    const bool isRow = m_textOrientation == Qt::Horizontal;
+    const double scale = std::abs(wholePercent(format, isRow ? TextProperty::HorizontalScale
+                                                             : TextProperty::VerticalScale));
+    const double em = QFontMetricsF(readRunStyle(format, m_documentDpi).font).height() * scale;
+    // Behind a character that stands for itself more text changes what lies before it by less than an em.
+    const double slack = 2 * em;
+    int count = qMax(shortText, truncated(qMin<double>(nowhere, 1.125 * room / divisor(em))));
+    for (; count < text.length(); count += count / 2) {
+        const int longest = qMin(text.length() - 1, count + longestJoin);
+        while (count < longest && !standsForItself(text.at(count - 1))
+               && !standsForItself(text.at(count)))
+            ++count;
+        double advance = 0;
+        const QSizeF ink = fragmentPath(QPointF(0, 0), format, text.left(count), advance, 0.0, false)
+                               .boundingRect()
+                               .size();
+        if ((isRow ? ink.width() : ink.height()) > room + slack)
+            return count;
+    }
+    return nowhere;
+}
+
+/// True when \a text does not fit into \a limit behind \a used pixels.
+bool CWordProcess::overflows(const QString &text, const QTextCharFormat &format, double used,
+                             double limit) const
+{
+    return surelyWideFrom(text, format, limit - used) <= text.length()
+           || limit < used + textWidth(text, format);
+}
+
 int CWordProcess::autoWrapIndex(const QString &text, const QTextCharFormat &format, double used,
                                 double limit)
 {
+    const int wideFrom = surelyWideFrom(text, format, limit - used);
     int low = 0;
     int high = text.length() - 1;
     while (low <= high) {
         const int mid = low + (high - low) / 2;
-        const double width = textWidth(text.mid(0, mid), format) + used;
+        if (mid >= wideFrom) { // as measuring would tell
+            high = mid - 1;
+            continue;
+        }
+        const double width = textWidth(text.left(mid), format) + used;
         if (width > limit) {
             high = mid - 1;
         } else if (width < limit) {
