@@ -10,6 +10,7 @@
 #include <QtEndian>
 
 #include <limits>
+#include <optional>
 
 namespace {
 
@@ -38,6 +39,17 @@ const QLatin1String foreignRecordKey("stream_record"); // that of an unknown kin
 bool isKnown(const QByteArray &tag)
 {
     return tag == Tag::Page || tag == Tag::Image || tag == Tag::Object || tag == Tag::End;
+}
+
+/// The kind of the records of \a object; none when that is of a kind that the program does not know.
+std::optional<RecordKind> recordKindOf(const QJsonObject &object)
+{
+    const QString kind = object.value(QLatin1String("kind")).toString();
+    if (kind == PageFile::richTextKind())
+        return RecordKind::RichText;
+    if (kind == PageFile::artTextKind())
+        return RecordKind::ArtText;
+    return std::nullopt;
 }
 
 QByteArray bytesOf(quint32 number)
@@ -237,12 +249,12 @@ private:
         if (!part(section, json, stream) || !parse(json, section.start + countSize, object))
             return false;
         const int streamStart = section.start + countSize + json.size();
-        const bool isKnownKind = object.value(QLatin1String("kind")).toString()
-                                 == PageFile::richTextKind();
-        if (!stream.isEmpty() && isKnownKind) {
+        const std::optional<RecordKind> kind = recordKindOf(object);
+        if (!stream.isEmpty() && kind) {
             QJsonObject record;
             QString reason;
-            if (!joinedRecord({stream, object.value(recordKey).toObject()}, record, reason)) {
+            if (!joinedRecord({stream, object.value(recordKey).toObject()}, record, reason,
+                              *kind)) {
                 return fail(streamStart, QStringLiteral("objects[%1].record: %2")
                                              .arg(m_objects.size())
                                              .arg(reason));
@@ -341,13 +353,14 @@ private:
     bool addObject(QJsonObject object)
     {
         QByteArray stream;
-        if (object.value(QLatin1String("kind")).toString() != PageFile::richTextKind()) {
+        const std::optional<RecordKind> kind = recordKindOf(object);
+        if (!kind) {
             if (exactBase64(object.value(foreignRecordKey), stream) && !stream.isEmpty())
                 object.remove(foreignRecordKey);
             else
                 stream.clear();
         } else if (object.value(recordKey).isObject()) {
-            const StreamRecord parts = streamRecord(object.value(recordKey).toObject());
+            const StreamRecord parts = streamRecord(object.value(recordKey).toObject(), *kind);
             stream = parts.bytes;
             object.insert(recordKey, parts.rest);
         }

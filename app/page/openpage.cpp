@@ -58,6 +58,15 @@ QJsonObject withoutWrittenForm(QJsonObject source)
     return source;
 }
 
+/// The kind under which page files hold \a object; empty for one that they do not have.
+QString kindOf(const CVXRootObject *object)
+{
+    const QString name = object->getObjName();
+    if (name == QLatin1String("wb text"))
+        return PageFile::richTextKind();
+    return name == QLatin1String("art text") ? PageFile::artTextKind() : QString();
+}
+
 /// The present \a record with those keys of the \a former one that objects do not know.
 QJsonObject withFormerKeys(QJsonObject record, const QJsonObject &former)
 {
@@ -215,7 +224,8 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
         description = m_file.objects().at(entry->source);
     if (entry && !entry->state.isEmpty() && recordState(object) == entry->state)
         return true;
-    if (object->getObjName() != QLatin1String("wb text")) {
+    const QString kind = kindOf(object);
+    if (kind.isEmpty()) {
         error =
             QStringLiteral("page files have no objects of the kind '%1'").arg(object->getObjName());
         return false;
@@ -230,7 +240,7 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
         description.source = withoutWrittenForm(description.source);
     PageObject result;
     result.form = PageObject::Form::Record;
-    result.kind = PageFile::richTextKind();
+    result.kind = kind;
     result.name = description.name;
     result.record = withFormerKeys(record, description.record);
     result.source = description.source;

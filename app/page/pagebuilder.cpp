@@ -84,7 +84,9 @@ bool PageBuilder::loadObject(const PageObject &description)
                               .arg(objectPath(number), description.kind));
         return true;
     }
-    CVXRootObject *object = m_loader->createText(number + 1, m_page);
+    CVXRootObject *object = description.kind == PageFile::artTextKind()
+                                ? m_loader->createArtText(number + 1, m_page)
+                                : m_loader->createText(number + 1, m_page);
     m_page->addObject(object);
     QJsonObject record = description.record;
     const bool loaded = description.form == PageObject::Form::Record

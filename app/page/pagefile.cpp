@@ -12,6 +12,7 @@ namespace {
 
 const QLatin1String formatName("vxpage");
 const QLatin1String richText("rich_text");
+const QLatin1String artText("art_text");
 const QLatin1String objectsKey("objects");
 const QLatin1String imagesKey("images");
 constexpr double largestTurn = 36000; // degrees
@@ -40,8 +41,11 @@ public:
         if (!m_fields.require("kind") || !m_fields.text("kind", m_object.kind)
             || !m_fields.text("name", m_object.name))
             return false;
-        if (m_object.kind != richText)
+        const bool isArt = m_object.kind == artText;
+        if (m_object.kind != richText && !isArt)
             return true; // kept as it is
+        if (isArt && !m_fields.require("record"))
+            return false;
         if (m_fields.has("record")) {
             m_object.form = PageObject::Form::Record;
             return readRecord();
@@ -204,6 +208,11 @@ bool PageFile::isPageFile(const QJsonObject &root)
 QString PageFile::richTextKind()
 {
     return richText;
+}
+
+QString PageFile::artTextKind()
+{
+    return artText;
 }
 
 bool PageFile::read(const QJsonObject &root, QString &error)

@@ -59,6 +59,8 @@ public:
 
     /// The kind of rich text objects.
     static QString richTextKind();
+    /// The kind of art text objects. They have no form by hand, only a record.
+    static QString artTextKind();
     /// True when \a root is meant to be a page file, be it right or not.
     static bool isPageFile(const QJsonObject &root);
 

@@ -75,7 +75,7 @@ CVXRootObject *PluginLoader::createText(int id, IVxPage *page, bool finished) co
     return m_text ? m_text(0, id, finished, page) : nullptr;
 }
 
-CVXRootObject *PluginLoader::createArtText(int id, IVxPage *page) const
+CVXRootObject *PluginLoader::createArtText(int id, IVxPage *page, bool finished) const
 {
-    return m_artText ? m_artText(0, id, true, page) : nullptr;
+    return m_artText ? m_artText(0, id, finished, page) : nullptr;
 }

@@ -27,7 +27,7 @@ public:
     /// CVXRootObject::Release(), or gives it to a Page.
     /// \param finished false for an object that the user is about to draw
     CVXRootObject *createText(int id, IVxPage *page, bool finished = true) const;
-    CVXRootObject *createArtText(int id, IVxPage *page) const;
+    CVXRootObject *createArtText(int id, IVxPage *page, bool finished = true) const;
 
 private:
     using Factory = CVXRootObject *(*)(int kind, int id, bool finished, IVxPage *page);

@@ -5,6 +5,8 @@
 #include "app/page/pagestorage.h"
 #include "app/page/recordform.h"
 
+#include <QColor>
+#include <QDataStream>
 #include <QtTest>
 
 namespace {
@@ -44,6 +46,33 @@ QJsonObject oldestRecord()
     return result;
 }
 
+/// A record of an art text; \a more stands behind.
+QJsonObject artRecord(const QByteArray &more = QByteArray())
+{
+    return json("{'version':1,'x':3,'y':4.5,'rotation':0,'z':1,'width':120,'height':60,"
+                "'locked':false,'created':true,'flip':false,'mirror':false,"
+                "'params':{'text_alignment':132,'font_Somehow':true,'odd':[1]},"
+                "'colorBg':'#ffffffff','colorFill':'#80ff0102','bgType':2,'textWord':'\u4e2d\\nb',"
+                "'bgTransparent':true,'timerDelay':1500,'shape':41,'defaultWord':'',"
+                "'colorPen':'#ff000003','fontFamily':'BoxTest','fontSize':192,'fontItalic':true,"
+                "'fontBold':false,'letterSpacing':2.5,'rowSpacing':-3,'isShadow':true,"
+                "'colorShadow':'#ff040506','offsetX':-7,'offsetY':8"
+                + more + "}");
+}
+
+/// The stream form of artRecord() behind the common part.
+QByteArray artFields()
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    out << QColor(255, 255, 255) << QColor(255, 1, 2, 128) << qint32(2)
+        << QString::fromUtf8("\u4e2d\nb") << true << qint32(1500) << qint32(41)
+        << QStringLiteral("") << QColor(0, 0, 3) << QStringLiteral("BoxTest") << qint32(192) << true
+        << false << 2.5 << -3.0 << true << QColor(4, 5, 6) << qint32(-7) << qint32(8);
+    return bytes;
+}
+
 /// A page that has one of everything.
 QJsonObject richPage()
 {
@@ -63,6 +92,9 @@ QJsonObject richPage()
                                    {QStringLiteral("name"), QStringLiteral("record")},
                                    {QStringLiteral("record"), entry}});
     }
+    objects.append(QJsonObject{{QStringLiteral("kind"), QStringLiteral("art_text")},
+                               {QStringLiteral("later"), 1},
+                               {QStringLiteral("record"), artRecord(",'later':1")}});
     root.insert(QStringLiteral("objects"), objects);
     return root;
 }
@@ -137,6 +169,13 @@ private Q_SLOTS:
     void newerStreamRecordIsRefused();
     void streamRecordCutAtEveryByteIsRefused();
     void anyByteOfAStreamRecordMayBeWrong();
+
+    void artRecordGoesBothWays();
+    void artRecordsThatTheStreamWouldChangeStayWhole_data();
+    void artRecordsThatTheStreamWouldChangeStayWhole();
+    void artStreamRecordGivesColoursOfEightBits();
+    void artStreamRecordCutAtEveryByteIsRefused();
+    void anyByteOfAnArtStreamRecordMayBeWrong();
 
     void binaryPageIsMadeOfSections();
     void bothFormsHoldTheSamePage();
@@ -277,6 +316,115 @@ void TestBinaryPage::anyByteOfAStreamRecordMayBeWrong()
     QVERIFY2(refused > 100, qPrintable(QString::number(refused)));
 }
 
+void TestBinaryPage::artRecordGoesBothWays()
+{
+    for (const QByteArray &more : {QByteArray(), QByteArray(",'later':[null]")}) {
+        const QJsonObject whole = artRecord(more);
+        const StreamRecord parts = streamRecord(whole, RecordKind::ArtText);
+        QVERIFY(parts.bytes.startsWith("VXOB"));
+        QCOMPARE(parts.bytes.right(artFields().size()), artFields());
+        QCOMPARE(parts.rest, more.isEmpty() ? QJsonObject() : json("{'later':[null]}"));
+        QJsonObject joined;
+        QString error;
+        QVERIFY2(joinedRecord(parts, joined, error, RecordKind::ArtText), qPrintable(error));
+        QCOMPARE(compact(joined), compact(whole));
+    }
+    // What follows is kept.
+    const QByteArray bytes = streamRecord(artRecord(), RecordKind::ArtText).bytes
+                             + QByteArray("\x01\x02\x03");
+    QJsonObject result;
+    QString error;
+    QVERIFY2(jsonRecord(bytes, result, error, RecordKind::ArtText), qPrintable(error));
+    QCOMPARE(result.value(QLatin1String("stream_rest")).toString(), QStringLiteral("AQID"));
+    QCOMPARE(streamRecord(result, RecordKind::ArtText).bytes, bytes);
+}
+
+void TestBinaryPage::artRecordsThatTheStreamWouldChangeStayWhole_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("value"); // undefined: the key is absent
+    const auto row = [](const char *name, const char *key, const QJsonValue &value) {
+        QTest::newRow(name) << QString::fromLatin1(key) << value;
+    };
+    row("without a style", "shape", QJsonValue(QJsonValue::Undefined));
+    row("colour by name", "colorFill", QStringLiteral("red"));
+    row("invalid colour", "colorPen", QString());
+    row("half a number", "bgType", 1.5);
+    row("spacing as a text", "rowSpacing", QStringLiteral("1"));
+    row("flag as a number", "isShadow", 1);
+    row("no text", "textWord", QJsonValue());
+    row("newer", "version", 2);
+}
+
+void TestBinaryPage::artRecordsThatTheStreamWouldChangeStayWhole()
+{
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, value);
+    QJsonObject whole = artRecord();
+    whole.insert(key, value);
+    const StreamRecord parts = streamRecord(whole, RecordKind::ArtText);
+    QVERIFY(parts.bytes.isEmpty());
+    QCOMPARE(parts.rest, whole);
+}
+
+void TestBinaryPage::artStreamRecordGivesColoursOfEightBits()
+{
+    const QByteArray common =
+        streamRecord(artRecord(), RecordKind::ArtText).bytes.chopped(artFields().size());
+    QByteArray fields;
+    QDataStream out(&fields, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    out << QColor() << QColor::fromHsv(120, 255, 255);
+    const QByteArray bytes = common + fields + artFields().mid(fields.size());
+    QJsonObject result;
+    QString error;
+    QVERIFY2(jsonRecord(bytes, result, error, RecordKind::ArtText), qPrintable(error));
+    QCOMPARE(result.value(QLatin1String("colorBg")).toString(), QStringLiteral("#ff000000"));
+    QCOMPARE(result.value(QLatin1String("colorFill")).toString(), QStringLiteral("#ff00ff00"));
+    // From then on both forms are fixed.
+    const QByteArray normal = streamRecord(result, RecordKind::ArtText).bytes;
+    QJsonObject again;
+    QVERIFY2(jsonRecord(normal, again, error, RecordKind::ArtText), qPrintable(error));
+    QCOMPARE(again, result);
+}
+
+void TestBinaryPage::artStreamRecordCutAtEveryByteIsRefused()
+{
+    const QByteArray bytes = streamRecord(artRecord(), RecordKind::ArtText).bytes;
+    for (int size = 0; size < bytes.size(); ++size) {
+        QJsonObject result = json("{'kept':1}");
+        QString error;
+        QVERIFY2(!jsonRecord(bytes.left(size), result, error, RecordKind::ArtText),
+                 qPrintable(QString::number(size)));
+        QVERIFY(error.startsWith(QLatin1String("byte ")));
+        QCOMPARE(result, json("{'kept':1}"));
+    }
+}
+
+void TestBinaryPage::anyByteOfAnArtStreamRecordMayBeWrong()
+{
+    const QByteArray bytes = streamRecord(artRecord(), RecordKind::ArtText).bytes;
+    int refused = 0;
+    for (int at = 0; at < bytes.size(); ++at) {
+        for (const char change : {'\x01', '\x7f', '\xff'}) {
+            QByteArray changed = bytes;
+            changed[at] = char(changed[at] ^ change);
+            QJsonObject result;
+            QString error;
+            if (!jsonRecord(changed, result, error, RecordKind::ArtText)) {
+                ++refused;
+                QVERIFY(!error.isEmpty());
+                continue;
+            }
+            const StreamRecord parts = streamRecord(result, RecordKind::ArtText);
+            QJsonObject joined;
+            QVERIFY2(joinedRecord(parts, joined, error, RecordKind::ArtText), qPrintable(error));
+            QCOMPARE(compact(joined), compact(result));
+        }
+    }
+    QVERIFY2(refused > 100, qPrintable(QString::number(refused)));
+}
+
 void TestBinaryPage::binaryPageIsMadeOfSections()
 {
     const PageFile file = pageOf(
@@ -349,6 +497,12 @@ void TestBinaryPage::recordStandsInStreamForm()
         + compact(record(text)) + "}]}");
     QVERIFY(bytesOf(pageOf(root), PageForm::Binary)
                 .contains("{\"kind\":\"rich_text\",\"record\":{\"TextDPI\":96}}VXOB"));
+    const QJsonObject art = json(
+        "{'format':'vxpage','version':1,'page':{'width':1,'height':1},'objects':[{'kind':"
+        "'art_text','record':"
+        + compact(artRecord()) + "}]}");
+    QVERIFY(bytesOf(pageOf(art), PageForm::Binary)
+                .contains("{\"kind\":\"art_text\",\"record\":{}}VXOB"));
 }
 
 void TestBinaryPage::brokenBinaryPagesAreNamed_data()
@@ -397,6 +551,10 @@ void TestBinaryPage::brokenBinaryPagesAreNamed_data()
         page + objectSection("{\"kind\":\"x\"}") + objectSection("{\"kind\":1}") + end,
         at(next + 8 + 24, "objects[1].kind: must be a text"));
     row("object is no JSON", page + objectSection("x") + end, at(next + 12, "no JSON"));
+    row("art text without a record", page + objectSection("{\"kind\":\"art_text\"}") + end,
+        at(next + 8, "objects[0].record: is missing"));
+    row("art record is none", page + objectSection("{\"kind\":\"art_text\"}", "VXOB") + end,
+        at(next + 12 + 19, "objects[0].record: byte "));
     row("record is none", page + objectSection("{\"kind\":\"rich_text\"}", "VXOB") + end,
         at(next + 12 + 20, "objects[0].record: byte "));
     row("record is newer",
