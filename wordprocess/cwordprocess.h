@@ -656,6 +656,7 @@ private:
     void readFontImage(const std::function<void(IDocumentHost &, QString &)> &readOlderImage);
     void finishLoading();
     void keepSavedBox(const QSizeF &size, const QPointF &centre, double angle);
+    bool isPictureOf(const QPointF &centre) const;
     void standWhereSaved(const QPointF &centre, double angle);
     void showFontImage(const QString &documentString);
 
@@ -701,6 +702,7 @@ private:
     int positionInRow(const LegacyRow &row, double along) const;
     std::optional<LegacyPlace> legacyPlaceOf(int position, const QVector<LegacyRow> &rows) const;
     LegacySpan selectedSpan(const QVector<LegacyRow> &rows) const;
+    double rowEnd(const LegacyRow &row) const;
     QRectF rowBand(const LegacyRow &row, double from, double to) const;
     /// The caret, item coordinates: from its upper to its lower, or its left to its right end; null where the
     /// position is on no line.
@@ -708,13 +710,13 @@ private:
     QLineF legacyCaretLine(const QVector<LegacyRow> &rows) const;
 
     // legacy layout: painting
-    class LegacyBars;
     struct LegacyDefaultWord;
-    void placeItemPath(STextItem &item, double spacing, bool isCut) const;
-    QPointF itemCorner(const STextLine &line, const STextItem &item, double along,
-                       double across) const;
-    void legacyPaint(QPainter *painter, void (CWordProcess::*drawText)(QPainter *));
-    void drawRows(QPainter *painter, const LegacyBars &bars);
+    /// The bars of a run. \param band  its part of the line
+    using LegacyBars = QVector<QRectF> (*)(const STextItem &item, const QRectF &band,
+                                           double thickness);
+    void remakePath(STextItem &item, double spacing) const;
+    void paintLegacy(QPainter *painter, void (CWordProcess::*drawText)(QPainter *));
+    void drawRows(QPainter *painter, LegacyBars barsOf);
     void paintLegacyCaret(QPainter *painter, const QLineF &caret);
     LegacyDefaultWord legacyDefaultWord() const;
     QFont legacyDefaultFont() const;

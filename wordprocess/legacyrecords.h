@@ -46,6 +46,7 @@ struct STextItem {
     bool isHyphen = false;            ///< generated: no character of the document stands behind it
     double ascent = 0;                ///< lower edge of the unscaled ink, from fragmentPath()
     QTextCharFormat madeFrom;         ///< the format that setText() was given
+    double placedAdvance = 0;         ///< itemWidth() of the run in its place, which clipping does not change
 
     /// Takes format and text for a document of \a dpi; the outline is the caller's. Deliberate: an empty text
     /// changes the format alone.

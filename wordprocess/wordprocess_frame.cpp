@@ -345,7 +345,9 @@ QPoint CWordProcess::getCursorPos()
     if (!m_editing)
         return QPoint(0, 0);
     const int position = m_cursor->position();
-    const QLineF caret = m_wordManager->cursorLine(position, showsOnNextLine(position));
+    const QLineF caret = m_newVersion
+                             ? m_wordManager->cursorLine(position, showsOnNextLine(position))
+                             : legacyCaretLine();
     return QPoint(roundedAway(caret.center().x()), roundedAway(caret.center().y()));
 }
 

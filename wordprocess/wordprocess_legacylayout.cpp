@@ -455,24 +455,3 @@ double CWordProcess::attachSpacing(const STextLine &line) const
     const double budget = isRow ? m_clientRect.width() : m_clientRect.height();
     return (budget - line.leftMargin - line.rightMargin - line.indent - line.width) / (count - 1);
 }
-
-// Still to come: repairs of line ends, painting, pointer.
-
-void CWordProcess::avoidHeadTail(int /*rule*/, QList<STextLine> & /*lines*/, double /*available*/,
-                                 QList<STextItem> & /*moved*/)
-{
-}
-int CWordProcess::ligatureText(bool /*hyphenate*/, QList<STextLine> & /*lines*/,
-                               QList<STextItem> & /*moved*/)
-{
-    return 0;
-}
-void CWordProcess::generatorHorizontalTextPaths(double /*maxWidth*/) {}
-void CWordProcess::generatorVerticalTextPaths(double /*heightSum*/, double /*maxLength*/) {}
-void CWordProcess::horizontalPaint(QPainter * /*painter*/) {}
-void CWordProcess::verticalPaint(QPainter * /*painter*/) {}
-int CWordProcess::legacyPositionUnder(const QPointF & /*point*/)
-{
-    return -1;
-}
-void CWordProcess::selectLegacyLine(int /*position*/) {}

@@ -13,6 +13,7 @@
 #include "layout/textlayout.h"
 #include "layout/texttools.h"
 #include "layout/wordmanager.h"
+#include "wordprocess/codepoints.h"
 #include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
 
@@ -62,23 +63,6 @@ QLatin1String nameOfHandle(int handle)
             return row.name;
     }
     return noDirection;
-}
-
-/// True between the two halves of a code point.
-bool splitsPair(const QString &text, int index)
-{
-    return index > 0 && index < text.length() && text.at(index - 1).isHighSurrogate()
-           && text.at(index).isLowSurrogate();
-}
-
-int indexAfter(const QString &text, int index)
-{
-    return splitsPair(text, index + 1) ? index + 2 : index + 1;
-}
-
-int indexBefore(const QString &text, int index)
-{
-    return splitsPair(text, index - 1) ? index - 2 : index - 1;
 }
 
 /// Where the prefixes of a run end along its line.

@@ -110,7 +110,7 @@ void CWordProcess::paintHandlersInScene(QGraphicsItem *item, QPainter *painter)
         const QTransform toScene = paintTransform() * sceneTransform();
         if (!m_wordWrap && m_editing && m_newVersion)
             paintAnchorAndBaselines(painter, toScene);
-        if (m_editing && m_cursorVisible)
+        if (m_editing && m_cursorVisible && m_newVersion) // the older engine's caret is content
             paintCaret(painter, toScene);
     }
     if (m_editing && !m_wordWrap)
