@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/textobject.h"
 
+#include "app/page/textwarp.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QBuffer>
@@ -17,6 +18,7 @@ constexpr int StateFlag = 101; // to read
 constexpr int MissingFonts = 111;
 constexpr int ReplaceFont = 112;
 constexpr int MissingFontHint = 113;
+constexpr int Warp = 118;
 constexpr int Overhang = 123;
 } // namespace Property
 
@@ -138,4 +140,13 @@ void TextObject::setAttributes(CVXRootObject *object, AttributeMap attributes)
         object->setAllAttributes(form, /*withUndo=*/false);
     if (!attributes.isEmpty())
         object->setAllAttributes(attributes, /*withUndo=*/false);
+}
+
+void TextObject::setWarp(CVXRootObject *object, const TextWarp &warp)
+{
+    constexpr bool commit = false; // shown at once, recorded never
+    set(object, Property::Warp, [&](QDataStream &out) {
+        out << warp.style << warp.value << warp.horizontal << warp.vertical
+            << int(warp.acrossColumns ? Qt::Vertical : Qt::Horizontal) << commit;
+    });
 }

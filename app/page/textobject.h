@@ -9,6 +9,7 @@
 #include <QStringList>
 
 class CVXRootObject;
+struct TextWarp;
 
 /// The properties of text objects. Each does nothing to an object that does not know it.
 namespace TextObject {
@@ -32,6 +33,9 @@ void setMissingFontHint(CVXRootObject *object, const QString &hint);
 /// Sets attributes of the whole text. Of a pair of keys that only act together the absent one is
 /// taken to be false.
 void setAttributes(CVXRootObject *object, AttributeMap attributes);
+/// Bends the text from now on, without an undo step; style 0 straightens it. An object that misses
+/// a font stays as it is, one in edit state shows the bend afterwards.
+void setWarp(CVXRootObject *object, const TextWarp &warp);
 
 } // namespace TextObject
 
