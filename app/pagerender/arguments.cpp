@@ -7,6 +7,7 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -64,6 +65,22 @@ struct Options {
         set{QStringLiteral("set"),
             QStringLiteral("Set an attribute of one object, told by name or number, or of all."),
             QStringLiteral("[object:]key=value")};
+    QCommandLineOption art{QStringLiteral("art"),
+                           QStringLiteral(
+                               "Set a text as art text in <style>, a number from 0 to %1 "
+                               "or a name.")
+                               .arg(ArtObject::styleNames().size() - 1),
+                           QStringLiteral("style")};
+    QCommandLineOption artSheet{QStringLiteral("art-sheet"),
+                                QStringLiteral("Write all styles of art text to <file>, a .png."),
+                                QStringLiteral("file")};
+    QCommandLineOption bold{QStringLiteral("bold"), QStringLiteral("Set an art text in bold.")};
+    QCommandLineOption fill{QStringLiteral("fill"),
+                            QStringLiteral("Colour that fills an art text (black)."),
+                            QStringLiteral("colour")};
+    QCommandLineOption pen{QStringLiteral("pen"),
+                           QStringLiteral("Colour of a line around an art text (none)."),
+                           QStringLiteral("colour")};
     QCommandLineOption
         missingFonts{QStringLiteral("missing-fonts"),
                      QStringLiteral("Print the font families that are not installed, one a line.")};
@@ -106,11 +123,13 @@ public:
     {
         if (m_parser.isSet(m_options.convert))
             return readConversion();
+        if (m_parser.isSet(m_options.art) || m_parser.isSet(m_options.artSheet))
+            return readArt();
         noteOptionsOfTexts();
         m_result.hasBackground = m_parser.isSet(m_options.background);
-        return readFiles() && readTextStyle() && readBox() && readParagraphs() && checkBox()
-               && readSelection() && readSettings() && readReplacements() && readPage()
-               && readScale();
+        return readFiles() && checkNoArt() && readTextStyle() && readBox() && readParagraphs()
+               && checkBox() && readSelection() && readSettings() && readReplacements()
+               && readPage() && readScale();
     }
 
 private:
@@ -165,6 +184,112 @@ private:
             return true;
         return fail(QStringLiteral("unknown kind of page file '%1': .json or .vxpage")
                         .arg(m_result.output));
+    }
+
+    bool checkNoArt()
+    {
+        for (const QCommandLineOption *option :
+             {&m_options.bold, &m_options.fill, &m_options.pen}) {
+            if (m_parser.isSet(*option)) {
+                return fail(QStringLiteral("--%1 is for art text only: give --art or --art-sheet")
+                                .arg(option->names().constFirst()));
+            }
+        }
+        return true;
+    }
+
+    bool readArt()
+    {
+        m_result.isArt = true;
+        m_result.artSheet = m_parser.isSet(m_options.artSheet);
+        m_result.vertical = m_result.art.vertical = m_parser.isSet(m_options.vertical);
+        m_result.art.bold = m_parser.isSet(m_options.bold);
+        m_result.art.family = m_parser.value(m_options.font);
+        if (m_parser.isSet(m_options.art) && m_result.artSheet)
+            return fail(QStringLiteral("give one of --art and --art-sheet"));
+        return checkArtOptions() && (m_result.artSheet ? readArtSheet() : readArtFiles())
+               && readColor(m_options.fill, m_result.art.fill)
+               && readColor(m_options.pen, m_result.art.pen) && readArtAlignment() && readBox()
+               && readPage() && readScale();
+    }
+
+    /// An art text knows no fonts' sizes, no selection and no attributes of rich text; a sheet has a
+    /// size of its own.
+    bool checkArtOptions()
+    {
+        QVector<const QCommandLineOption *> allowed{&m_options.text,     &m_options.font,
+                                                    &m_options.bold,     &m_options.fill,
+                                                    &m_options.pen,      &m_options.box,
+                                                    &m_options.align,    &m_options.background,
+                                                    &m_options.vertical, &m_options.plugin,
+                                                    &m_options.art,      &m_options.artSheet};
+        if (!m_result.artSheet)
+            allowed << &m_options.output << &m_options.margin << &m_options.dpi << &m_options.scale;
+        for (const QString &name : m_parser.optionNames()) {
+            const bool isAllowed = std::any_of(allowed.cbegin(), allowed.cend(),
+                                               [&](const QCommandLineOption *option) {
+                                                   return option->names().contains(name);
+                                               });
+            if (!isAllowed) {
+                return fail(
+                    QStringLiteral("%1 does not go with %2")
+                        .arg(dashed(name), dashed(m_result.artSheet ? QStringLiteral("art-sheet")
+                                                                    : QStringLiteral("art"))));
+            }
+        }
+        if (m_parser.isSet(m_options.font) && m_result.art.family.isEmpty())
+            return fail(QStringLiteral("--font wants a family"));
+        return true;
+    }
+
+    static QString dashed(const QString &name)
+    {
+        return (name.size() == 1 ? QStringLiteral("-") : QStringLiteral("--")) + name;
+    }
+
+    bool readArtFiles()
+    {
+        const QString style = m_parser.value(m_options.art);
+        m_result.art.style = ArtObject::styleOf(style);
+        if (m_result.art.style < 0) {
+            return fail(QStringLiteral("--art: '%1' is no style: a number from 0 to %2, or a name "
+                                       "such as %3")
+                            .arg(style)
+                            .arg(ArtObject::styleNames().size() - 1)
+                            .arg(ArtObject::styleNames().constLast()));
+        }
+        if (!m_parser.isSet(m_options.text))
+            return fail(QStringLiteral("--art wants a text: give --text FILE"));
+        return readFiles();
+    }
+
+    bool readArtSheet()
+    {
+        const QStringList texts = m_parser.values(m_options.text) + m_parser.positionalArguments();
+        m_result.isPlainText = true;
+        m_result.input = texts.value(0);
+        m_result.plugin = m_parser.value(m_options.plugin);
+        m_result.output = m_parser.value(m_options.artSheet);
+        if (!m_parser.positionalArguments().isEmpty() || texts.size() > 1)
+            return fail(QStringLiteral("--art-sheet takes one input at most, --text FILE"));
+        if (PageRenderer::formatOf(m_result.output, m_result.format)
+            && m_result.format == PageRenderer::Format::Png)
+            return true;
+        return fail(QStringLiteral("unknown kind of sheet '%1': .png").arg(m_result.output));
+    }
+
+    bool readArtAlignment()
+    {
+        if (!m_parser.isSet(m_options.align))
+            return true;
+        constexpr int justified = 8; // the last that an art text knows
+        const Alignment alignment = alignmentOf(m_parser.value(m_options.align));
+        if (alignment.name.isEmpty() || alignment.inLines > justified) {
+            return fail(QStringLiteral("--align: '%1' is none of left, center, right, justify")
+                            .arg(m_parser.value(m_options.align)));
+        }
+        m_result.art.alignment = alignment.inLines;
+        return true;
     }
 
     bool readSettings()
@@ -434,7 +559,9 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
          options.autoHeight,   options.align,       options.headTail,   options.hyphenate,
          options.punctuation,  options.caret,       options.select,     options.set,
          options.missingFonts, options.replaceFont, options.background, options.margin,
-         options.dpi,          options.scale,       options.convert,    options.plugin});
+         options.dpi,          options.scale,       options.convert,    options.plugin,
+         options.art,          options.artSheet,    options.bold,       options.fill,
+         options.pen});
     if (!parser.parse(arguments)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

@@ -3,6 +3,7 @@
 #ifndef PAGERENDER_ARGUMENTS_H
 #define PAGERENDER_ARGUMENTS_H
 
+#include "app/page/artobject.h"
 #include "app/page/pagerenderer.h"
 #include "app/page/paragraphstyle.h"
 
@@ -43,6 +44,10 @@ struct Arguments {
     ParagraphStyle paragraph;
     int selectionStart = -1; ///< the same as the end for a caret alone
     int selectionEnd = -1;   ///< below 0: the text is not in edit state
+    bool isArt = false;      ///< the text is set as art text
+    bool artSheet =
+        false;           ///< in all styles, on one sheet; without input a word of the program's own
+    ArtObject::Look art; ///< without a family: the default
     QVector<Setting> settings;
     QVector<FontReplacement> replacements;
     bool listMissingFonts = false;

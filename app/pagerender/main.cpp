@@ -2,6 +2,7 @@
 // pagerender: sets a text, a document or a page and writes its picture.
 
 #include "app/pagerender/arguments.h"
+#include "app/pagerender/artrendering.h"
 #include "app/pagerender/rendering.h"
 
 #include <QApplication>
@@ -49,5 +50,5 @@ int main(int argc, char **argv)
     case ParseResult::Run:
         break;
     }
-    return Rendering(arguments).run();
+    return arguments.isArt ? ArtRendering(arguments).run() : Rendering(arguments).run();
 }

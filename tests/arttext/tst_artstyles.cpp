@@ -363,7 +363,7 @@ private Q_SLOTS:
     void plainRectangleHasAPointForEachColumnAndBothEnds();
     void triangleHasItsTopTwice();
     void strokeRunsDownwardsOrUpwards();
-    void waveBeginsAtItsCrest();
+    void cosineWaveBeginsAtItsLowestPoint();
     void firstLineOfAWaveDoesNotCountTheTop();
     void middleOfAnOddHeightDependsOnTheEdge();
     void threeQuartersFromTheTopAreNoQuarterFromTheBottom();
@@ -502,7 +502,7 @@ void TestArtStyles::strokeRunsDownwardsOrUpwards()
     QVERIFY2(up == down, qPrintable(difference(up, down)));
 }
 
-void TestArtStyles::waveBeginsAtItsCrest()
+void TestArtStyles::cosineWaveBeginsAtItsLowestPoint()
 {
     OpenArtText art;
     const Line wave = art.drawn(16, fullSquare, 1);
