@@ -5,7 +5,9 @@
 
 #include <QFontMetrics>
 #include <QGuiApplication>
+#include <QImageWriter>
 #include <QPainter>
+#include <QSaveFile>
 
 namespace {
 
@@ -79,4 +81,14 @@ QImage contactSheet(const QVector<SheetCell> &cells, int columns, const QColor &
         paintCell(painter, cells.at(i), corner, place);
     }
     return sheet;
+}
+
+bool writeSheet(const QImage &sheet, const QString &fileName, QString &error)
+{
+    QSaveFile file(fileName);
+    QImageWriter writer(&file, QByteArrayLiteral("png"));
+    if (file.open(QIODevice::WriteOnly) && writer.write(sheet) && file.commit())
+        return true;
+    error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());
+    return false;
 }
