@@ -86,7 +86,11 @@ public:
     using CWordProcess::m_textPathsRect;
     using CWordProcess::m_transformScaleX;
     using CWordProcess::m_transformScaleY;
+    using CWordProcess::m_warpBounds;
+    using CWordProcess::m_warpHandlers;
     using CWordProcess::m_warpHorizontalValue;
+    using CWordProcess::m_warpMax;
+    using CWordProcess::m_warpMin;
     using CWordProcess::m_warpOrientation;
     using CWordProcess::m_warpStyle;
     using CWordProcess::m_warpValue;
