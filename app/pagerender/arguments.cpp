@@ -4,6 +4,8 @@
 #include "app/page/attributekeys.h"
 #include "app/page/document.h"
 #include "app/page/pagestorage.h"
+#include "app/page/textwarp.h"
+#include "app/pagerender/warpsheet.h"
 
 #include <QCommandLineParser>
 
@@ -65,6 +67,15 @@ struct Options {
         set{QStringLiteral("set"),
             QStringLiteral("Set an attribute of one object, told by name or number, or of all."),
             QStringLiteral("[object:]key=value")};
+    QCommandLineOption warp{QStringLiteral("warp"),
+                            QStringLiteral("Bend a text: arc:0.5, flag:-0.4:0.1:0:vertical; the "
+                                           "values go from -1 to 1. Styles: %1.")
+                                .arg(warpStyleNames().join(QLatin1String(", "))),
+                            QStringLiteral("style:value[:h[:v]][:vertical]")};
+    QCommandLineOption warpSheet{QStringLiteral("warp-sheet"),
+                                 QStringLiteral(
+                                     "Write a text in all warp styles to <file>, a .png."),
+                                 QStringLiteral("file")};
     QCommandLineOption art{QStringLiteral("art"),
                            QStringLiteral(
                                "Set a text as art text in <style>, a number from 0 to %1 "
@@ -127,9 +138,9 @@ public:
             return readArt();
         noteOptionsOfTexts();
         m_result.hasBackground = m_parser.isSet(m_options.background);
-        return readFiles() && checkNoArt() && readTextStyle() && readBox() && readParagraphs()
-               && checkBox() && readSelection() && readSettings() && readReplacements()
-               && readPage() && readScale();
+        return readFiles() && readWarp() && checkNoArt() && readTextStyle() && readBox()
+               && readParagraphs() && checkBox() && readSelection() && checkWarp() && readSettings()
+               && readReplacements() && readPage() && readScale();
     }
 
 private:
@@ -155,6 +166,8 @@ private:
         m_result.plugin = m_parser.value(m_options.plugin);
         m_result.listMissingFonts = m_parser.isSet(m_options.missingFonts);
         m_result.output = m_parser.value(m_options.output);
+        if (m_parser.isSet(m_options.warpSheet))
+            return readWarpSheet();
         if (m_result.output.isEmpty() && m_result.listMissingFonts)
             return true;
         if (m_result.output.isEmpty())
@@ -184,6 +197,41 @@ private:
             return true;
         return fail(QStringLiteral("unknown kind of page file '%1': .json or .vxpage")
                         .arg(m_result.output));
+    }
+
+    bool readWarpSheet()
+    {
+        if (m_parser.isSet(m_options.output) || m_parser.isSet(m_options.warp))
+            return fail(QStringLiteral("--warp-sheet goes without -o and --warp"));
+        m_result.warpSheet = true;
+        m_result.output = m_parser.value(m_options.warpSheet);
+        m_result.options.margin = warpSheetMargin;
+        return readSheetName();
+    }
+
+    bool readSheetName()
+    {
+        if (PageRenderer::formatOf(m_result.output, m_result.format)
+            && m_result.format == PageRenderer::Format::Png)
+            return true;
+        return fail(QStringLiteral("unknown kind of sheet '%1': .png").arg(m_result.output));
+    }
+
+    bool readWarp()
+    {
+        const QString value = m_parser.value(m_options.warp);
+        QString reason;
+        if (!m_parser.isSet(m_options.warp) || parseTextWarp(value, m_result.warp, reason))
+            return true;
+        return fail(QStringLiteral("--warp: '%1': %2").arg(value, reason));
+    }
+
+    /// A text in edit state stands straight.
+    bool checkWarp()
+    {
+        if (m_result.selectionEnd < 0 || (m_result.warp.style == 0 && !m_result.warpSheet))
+            return true;
+        return fail(QStringLiteral("--warp and --warp-sheet go without --caret and --select"));
     }
 
     bool checkNoArt()
@@ -272,10 +320,7 @@ private:
         m_result.output = m_parser.value(m_options.artSheet);
         if (!m_parser.positionalArguments().isEmpty() || texts.size() > 1)
             return fail(QStringLiteral("--art-sheet takes one input at most, --text FILE"));
-        if (PageRenderer::formatOf(m_result.output, m_result.format)
-            && m_result.format == PageRenderer::Format::Png)
-            return true;
-        return fail(QStringLiteral("unknown kind of sheet '%1': .png").arg(m_result.output));
+        return readSheetName();
     }
 
     bool readArtAlignment()
@@ -344,7 +389,7 @@ private:
         const QCommandLineOption *forTexts[] = {
             &m_options.margin,    &m_options.dpi,         &m_options.box,   &m_options.autoHeight,
             &m_options.align,     &m_options.headTail,    &m_options.caret, &m_options.select,
-            &m_options.hyphenate, &m_options.punctuation,
+            &m_options.hyphenate, &m_options.punctuation, &m_options.warp,  &m_options.warpSheet,
         };
         for (const QCommandLineOption *option : forTexts) {
             if (m_parser.isSet(*option))
@@ -561,7 +606,7 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
          options.missingFonts, options.replaceFont, options.background, options.margin,
          options.dpi,          options.scale,       options.convert,    options.plugin,
          options.art,          options.artSheet,    options.bold,       options.fill,
-         options.pen});
+         options.pen,          options.warp,        options.warpSheet});
     if (!parser.parse(arguments)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

@@ -6,6 +6,7 @@
 #include "app/page/artobject.h"
 #include "app/page/pagerenderer.h"
 #include "app/page/paragraphstyle.h"
+#include "app/page/textwarp.h"
 
 #include <QSizeF>
 #include <QString>
@@ -48,6 +49,8 @@ struct Arguments {
     bool artSheet =
         false;           ///< in all styles, on one sheet; without input a word of the program's own
     ArtObject::Look art; ///< without a family: the default
+    TextWarp warp;       ///< of the text; style 0 for none
+    bool warpSheet = false; ///< the text in all warp styles, on one sheet
     QVector<Setting> settings;
     QVector<FontReplacement> replacements;
     bool listMissingFonts = false;

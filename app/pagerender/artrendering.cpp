@@ -8,9 +8,6 @@
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
 
-#include <QImageWriter>
-#include <QSaveFile>
-
 #include <cstdio>
 
 namespace {
@@ -140,10 +137,6 @@ bool ArtRendering::renderSheet()
     const QImage sheet = contactSheet(cells, sheetColumns, m_arguments.options.background);
     if (sheet.isNull())
         return fail(QStringLiteral("the sheet would be too large"));
-    QSaveFile file(m_arguments.output);
-    QImageWriter writer(&file, QByteArrayLiteral("png"));
-    if (file.open(QIODevice::WriteOnly) && writer.write(sheet) && file.commit())
-        return true;
-    return fail(
-        QStringLiteral("cannot write '%1': %2").arg(m_arguments.output, file.errorString()));
+    QString error;
+    return writeSheet(sheet, m_arguments.output, error) || fail(error);
 }

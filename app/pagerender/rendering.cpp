@@ -10,6 +10,8 @@
 #include "app/page/pagebuilder.h"
 #include "app/page/pagestorage.h"
 #include "app/page/textobject.h"
+#include "app/pagerender/contactsheet.h"
+#include "app/pagerender/warpsheet.h"
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -320,6 +322,8 @@ bool Rendering::arrange()
         return fail(QStringLiteral("the text object refuses '%1'").arg(m_arguments.input));
     if (m_arguments.autoHeight)
         TextObject::letBoxGrow(singleObject());
+    if (m_arguments.warp.style != 0)
+        TextObject::setWarp(singleObject(), m_arguments.warp);
     if (isEdited) {
         m_page->takeFocus();
         TextObject::beginEdit(singleObject());
@@ -329,6 +333,8 @@ bool Rendering::arrange()
 
 bool Rendering::render()
 {
+    if (m_arguments.warpSheet)
+        return renderWarpSheet();
     PageRenderer::Options options = m_arguments.options;
     options.foreground = m_isPage || m_arguments.selectionEnd >= 0;
     if (m_isPage) {
@@ -340,4 +346,11 @@ bool Rendering::render()
     PageRenderer renderer(m_page.get(), options);
     return renderer.renderToFile(m_arguments.format, m_arguments.output)
            || fail(renderer.errorString());
+}
+
+bool Rendering::renderWarpSheet()
+{
+    QString error;
+    const QImage sheet = warpSheet(singleObject(), m_page.get(), m_arguments.options, error);
+    return (!sheet.isNull() && writeSheet(sheet, m_arguments.output, error)) || fail(error);
 }

@@ -48,6 +48,7 @@ private:
     bool checkMissingFonts();
     bool arrange();
     bool render();
+    bool renderWarpSheet();
 
     bool fail(const QString &message, ExitCode code = Cannot);
     CVXRootObject *singleObject() const;
