@@ -4,6 +4,7 @@
 #include "app/page/framework.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
+#include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -60,8 +61,11 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     statusBar()->addPermanentWidget(m_zoomLabel);
     showZoom(m_view->zoom());
     connect(m_view, &PageView::zoomChanged, this, &MainWindow::showZoom);
-    connect(m_view, &PageView::textDrawn, this,
-            [this](CVXRootObject *object) { m_session->editDrawnText(object); });
+    connect(m_view, &PageView::objectDrawn, this, [this](CVXRootObject *object) {
+        if (TextCommands::isArtText(object))
+            setTool(EditorTool::Select); // a rich text asks for it itself
+        m_session->takeDrawn(object);
+    });
     resize(1000, 760);
     setTool(EditorTool::Select);
     takeSession(PageSession::create(m_loader));
@@ -129,6 +133,7 @@ void MainWindow::makeTools()
 {
     addTool("selectTool", tr("&Select"), Qt::Key_V, EditorTool::Select);
     addTool("textTool", tr("&Text"), Qt::Key_T, EditorTool::Text);
+    addTool("artTool", tr("&Art Text"), Qt::Key_A, EditorTool::ArtText);
     QMenu *menu = menuBar()->addMenu(tr("&Tools"));
     menu->addActions(m_tools->actions());
     QToolBar *bar = addToolBar(tr("Tools"));
@@ -163,6 +168,7 @@ void MainWindow::nameUndoSteps()
         {QStringLiteral("IDS_ITEM_LOCK"), tr("Lock")},
         {QStringLiteral("IDS_ITEM_UNLOCK"), tr("Unlock")},
         {QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"), tr("Change Text")},
+        {QStringLiteral("IDS_TEXT_PROCESS"), tr("Change Text")},
         {QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), tr("Please input text")},
     };
     for (const auto &name : names)

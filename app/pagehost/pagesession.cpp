@@ -6,15 +6,17 @@
 #include "app/page/textobject.h"
 #include "app/pagehost/objectsteps.h"
 #include "app/pagehost/textcommands.h"
+#include "app/pagehost/tools.h"
 #include "host/framework/cvxrootobject.h"
 #include "host/framework/iappframework.h"
 
 #include <QClipboard>
-#include <QGraphicsItem>
+#include <QGraphicsTextItem>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMimeData>
+#include <QTextCursor>
 #include <QTimer>
 
 #include <utility>
@@ -23,12 +25,15 @@ namespace {
 
 const QSize newPageSize(794, 1123); // A4 upright at 96 dpi
 const QColor newPageBackground(Qt::white);
-const QString objectsType = QStringLiteral("application/x-vxpage-objects"); // records, a JSON list
+// A JSON list of objects as they stand in page files.
+const QString objectsType = QStringLiteral("application/x-vxpage-objects");
+const QLatin1String kindKey("kind");
+const QLatin1String recordKey("record");
 constexpr double copyOffset = 16; // page pixels by which a pasted copy lies off its original
 constexpr int largestPaste = 64 * 1024 * 1024; // bytes
 
-/// What a text is written in that the user begins.
-AttributeMap lookOfNewText()
+/// What an object is written in that the user begins.
+AttributeMap lookOfNewObject(CVXRootObject *object)
 {
     QString family;
     int size = 0;
@@ -37,11 +42,16 @@ AttributeMap lookOfNewText()
         framework->getDefaultFont(family, size);
         hint = framework->getLocalString(QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), hint);
     }
-    return {{QStringLiteral("defaultword"), hint},    // stands in the text while that is empty
-            {QStringLiteral("text_init_flag"), true}, // part of the coming of the object: no step
-            {QStringLiteral("font_family"), family},
-            {QStringLiteral("font_pointsize"), size},
-            {QStringLiteral("pen_color"), QStringLiteral("#000000")}};
+    AttributeMap look{{QStringLiteral("defaultword"),
+                       hint}, // stands in the text while that is empty
+                      {QStringLiteral("font_family"), family}};
+    if (TextCommands::isArtText(object))
+        return look; // as large as it was drawn
+    look.insert(QStringLiteral("text_init_flag"),
+                true); // part of the coming of the object: no step
+    look.insert(QStringLiteral("font_pointsize"), size);
+    look.insert(QStringLiteral("pen_color"), QStringLiteral("#000000"));
+    return look;
 }
 
 const QString addKey = QStringLiteral("IDS_ITEM_ADD_ITEM");
@@ -92,6 +102,8 @@ std::unique_ptr<PageSession> PageSession::open(const PluginLoader *loader, const
 bool PageSession::save(const QString &fileName, QString &error)
 {
     CVXRootObject *edited = editedObject(); // a record never holds an open edit
+    QGraphicsTextItem *item = edited ? TextCommands::editItem(edited) : nullptr;
+    const QTextCursor caret = item ? item->textCursor() : QTextCursor();
     if (!endEdit())
         edited = nullptr;
     const bool saved = m_open->save(fileName, error);
@@ -100,7 +112,9 @@ bool PageSession::save(const QString &fileName, QString &error)
         undoStack()->setClean();
     }
     if (edited)
-        TextObject::beginEdit(edited);
+        TextCommands::beginEdit(edited);
+    if (edited && item)
+        item->setTextCursor(caret);
     announce();
     return saved;
 }
@@ -154,7 +168,7 @@ void PageSession::objectChanged(CVXRootObject * /*object*/)
 void PageSession::editingChanged(CVXRootObject *object, bool editing)
 {
     if (editing)
-        m_editStartText = TextCommands::plainText(object);
+        m_editStartText = TextCommands::storedText(object);
     announce();
 }
 
@@ -182,13 +196,15 @@ void PageSession::announce()
     });
 }
 
-// New text
+// New objects
 
-CVXRootObject *PageSession::startText(const QPointF &pos)
+CVXRootObject *PageSession::startDrawing(int tool, const QPointF &pos)
 {
     endEdit();
     page()->scene()->clearSelection();
-    CVXRootObject *object = m_loader->createText(++m_lastId, page(), /*finished=*/false);
+    CVXRootObject *object = tool == EditorTool::ArtText
+                                ? m_loader->createArtText(++m_lastId, page(), /*finished=*/false)
+                                : m_loader->createText(++m_lastId, page(), /*finished=*/false);
     if (!object)
         return nullptr;
     m_stepsAheadOfNewText = undoStack()->index();
@@ -198,23 +214,29 @@ CVXRootObject *PageSession::startText(const QPointF &pos)
     return object;
 }
 
-void PageSession::cancelText(CVXRootObject *object)
+void PageSession::cancelDrawing(CVXRootObject *object)
 {
     page()->removeObject(object);
 }
 
-void PageSession::editDrawnText(CVXRootObject *object)
+void PageSession::takeDrawn(CVXRootObject *object)
 {
     selectOnly({object});
+    if (TextCommands::isArtText(object)) {
+        object->setAllAttributes(lookOfNewObject(object), /*withUndo=*/false);
+        return;
+    }
     m_newText = object;
-    TextObject::setAttributes(object, lookOfNewText());
+    TextObject::setAttributes(object, lookOfNewObject(object));
     TextObject::beginEdit(object);
 }
 
 bool PageSession::endEdit()
 {
-    if (CVXRootObject *object = editedObject())
+    if (CVXRootObject *object = editedObject()) {
         TextObject::endEdit(object);
+        announce();
+    }
     return settleNewText();
 }
 
@@ -265,14 +287,15 @@ void PageSession::redo()
         undoStack()->redo();
 }
 
-QList<CVXRootObject *> PageSession::selectedTexts() const
+QList<CVXRootObject *> PageSession::selectedObjects() const
 {
-    QList<CVXRootObject *> texts;
+    QList<CVXRootObject *> selected;
     for (CVXRootObject *object : page()->objects()) { // lowest first
-        if (object->graphicsItem()->isSelected() && TextCommands::isRichText(object))
-            texts.append(object);
+        const bool isKnown = TextCommands::isRichText(object) || TextCommands::isArtText(object);
+        if (isKnown && object->graphicsItem()->isSelected())
+            selected.append(object);
     }
-    return texts;
+    return selected;
 }
 
 void PageSession::cut()
@@ -291,20 +314,23 @@ void PageSession::copy()
         TextCommands::copy(object);
         return;
     }
-    QJsonArray records;
+    QJsonArray copies;
     QStringList texts;
-    const QList<CVXRootObject *> selected = selectedTexts();
+    const QList<CVXRootObject *> selected = selectedObjects();
     for (CVXRootObject *object : selected) {
         QJsonObject record;
         if (!object->saveJson(record))
             continue;
-        records.append(record);
+        copies.append(
+            QJsonObject{{kindKey, TextCommands::isArtText(object) ? PageFile::artTextKind()
+                                                                  : PageFile::richTextKind()},
+                        {recordKey, record}});
         texts.append(TextCommands::plainText(object));
     }
-    if (records.isEmpty())
+    if (copies.isEmpty())
         return;
     auto *data = new QMimeData;
-    data->setData(objectsType, QJsonDocument(records).toJson(QJsonDocument::Compact));
+    data->setData(objectsType, QJsonDocument(copies).toJson(QJsonDocument::Compact));
     data->setText(texts.join(QLatin1Char('\n')));
     QGuiApplication::clipboard()->setMimeData(data); // which owns it now
 }
@@ -333,9 +359,9 @@ bool PageSession::pasteObjects(const QMimeData &data)
     if (bytes.isEmpty() || bytes.size() > largestPaste)
         return false;
     QList<CVXRootObject *> objects;
-    const QJsonArray records = QJsonDocument::fromJson(bytes).array();
-    for (const QJsonValue &record : records) {
-        if (CVXRootObject *object = objectOfRecord(record.toObject()))
+    const QJsonArray copies = QJsonDocument::fromJson(bytes).array();
+    for (const QJsonValue &copy : copies) {
+        if (CVXRootObject *object = objectOfCopy(copy.toObject()))
             objects.append(object);
     }
     if (objects.isEmpty())
@@ -349,14 +375,19 @@ bool PageSession::pasteObjects(const QMimeData &data)
     return true;
 }
 
-CVXRootObject *PageSession::objectOfRecord(const QJsonObject &record)
+CVXRootObject *PageSession::objectOfCopy(const QJsonObject &copy)
 {
-    CVXRootObject *object = m_loader->createText(++m_lastId, page());
+    const QString kind = copy.value(kindKey).toString();
+    CVXRootObject *object = nullptr;
+    if (kind == PageFile::artTextKind())
+        object = m_loader->createArtText(++m_lastId, page());
+    else if (kind == PageFile::richTextKind())
+        object = m_loader->createText(++m_lastId, page());
     if (!object)
         return nullptr;
     page()->addObject(object);
-    QJsonObject copy = record;
-    if (!object->loadJson(copy)) {
+    QJsonObject record = copy.value(recordKey).toObject();
+    if (!object->loadJson(record)) {
         page()->removeObject(object);
         return nullptr;
     }

@@ -47,12 +47,14 @@ public:
     /// The families that texts of the page name and that are not installed.
     QStringList missingFonts() const;
 
-    /// Puts a text on the page that the user is about to draw from \a pos (scene) on.
-    CVXRootObject *startText(const QPointF &pos);
-    /// Throws away a text whose drawing the user has given up.
-    void cancelText(CVXRootObject *object);
-    /// Selects the text that has been drawn and enters its edit.
-    void editDrawnText(CVXRootObject *object);
+    /// Puts an object of \a tool on the page that the user is about to draw from \a pos (scene) on.
+    CVXRootObject *startDrawing(int tool, const QPointF &pos);
+    /// Throws away an object whose drawing the user has given up.
+    void cancelDrawing(CVXRootObject *object);
+    /// Selects the object that has been drawn. A text enters its edit; an art text shows a hint.
+    void takeDrawn(CVXRootObject *object);
+    /// Makes \a object the only selected one.
+    void select(CVXRootObject *object) { selectOnly({object}); }
     /// Ends an open edit. A new text that is still empty goes, with all its steps.
     /// \return false when a text went that way
     bool endEdit();
@@ -82,11 +84,11 @@ private:
     void hintMissingFonts();
     bool isNewTextAbandoned() const;
     bool settleNewText();
-    QList<CVXRootObject *> selectedTexts() const;
+    QList<CVXRootObject *> selectedObjects() const;
     void selectOnly(const QList<CVXRootObject *> &objects);
     void adopt(CVXRootObject *object);
     bool pasteObjects(const QMimeData &data);
-    CVXRootObject *objectOfRecord(const QJsonObject &record);
+    CVXRootObject *objectOfCopy(const QJsonObject &copy);
     void pasteText(const QPointF &place);
 
     const PluginLoader *m_loader;

@@ -261,7 +261,7 @@ void PageView::mousePressEvent(QMouseEvent *event)
     const QPointF scenePos = mapToScene(event->pos());
     prepareEdit(scenePos);
     CVXRootObject *taker = takerOfPress(scenePos);
-    if (!taker && m_tool == EditorTool::Text && !objectUnder(scenePos)) {
+    if (!taker && drawsAt(scenePos)) {
         if (!startDrawing(scenePos))
             return;
         taker = m_drawn;
@@ -305,6 +305,9 @@ void PageView::mouseDoubleClickEvent(QMouseEvent *event)
     CVXRootObject *taker = takerOfPress(scenePos);
     if (taker)
         grab(taker);
+    CVXRootObject *under = taker ? taker : objectUnder(scenePos);
+    if (under && TextCommands::isArtText(under) && !TextCommands::isEditing(under))
+        m_session->select(under); // it is edited alone
     QGraphicsView::mouseDoubleClickEvent(event);
 }
 
@@ -321,11 +324,17 @@ void PageView::releaseGrab()
     m_grabber.clear();
 }
 
-// Drawing a text
+// Drawing an object
+
+/// A press on an object with the text tool edits it; the other tool draws above it.
+bool PageView::drawsAt(const QPointF &scenePos) const
+{
+    return m_tool == EditorTool::ArtText || (m_tool == EditorTool::Text && !objectUnder(scenePos));
+}
 
 bool PageView::startDrawing(const QPointF &scenePos)
 {
-    m_drawn = m_session->startText(scenePos);
+    m_drawn = m_session->startDrawing(m_tool, scenePos);
     return isDrawing();
 }
 
@@ -333,13 +342,13 @@ void PageView::finishDrawing()
 {
     CVXRootObject *object = std::exchange(m_drawn, nullptr);
     viewport()->update();
-    Q_EMIT textDrawn(object);
+    Q_EMIT objectDrawn(object);
 }
 
 void PageView::cancelDrawing()
 {
     releaseGrab();
-    m_session->cancelText(std::exchange(m_drawn, nullptr));
+    m_session->cancelDrawing(std::exchange(m_drawn, nullptr));
     viewport()->update();
 }
 
@@ -362,8 +371,16 @@ void PageView::keyPressEvent(QKeyEvent *event)
         event->accept();
         return;
     }
-    if (m_session && !m_session->editedObject() && event->key() == Qt::Key_Escape)
-        m_session->page()->scene()->clearSelection();
+    CVXRootObject *edited = m_session ? m_session->editedObject() : nullptr;
+    if (m_session && event->key() == Qt::Key_Escape) {
+        if (!edited) {
+            m_session->page()->scene()->clearSelection();
+        } else if (TextCommands::isArtText(edited)) { // a rich text ends its edit itself
+            m_session->endEdit();
+            event->accept();
+            return;
+        }
+    }
     QGraphicsView::keyPressEvent(event);
 }
 
@@ -371,7 +388,7 @@ void PageView::keyPressEvent(QKeyEvent *event)
 
 void PageView::resetPointer()
 {
-    viewport()->setCursor(m_tool == EditorTool::Text ? Qt::CrossCursor : Qt::ArrowCursor);
+    viewport()->setCursor(m_tool == EditorTool::Select ? Qt::ArrowCursor : Qt::CrossCursor);
 }
 
 void PageView::setDirection(const QString &direction, bool horizontal)
@@ -389,8 +406,11 @@ void PageView::setDirection(const QString &direction, bool horizontal)
 void PageView::showPointerOver(const QPointF &scenePos)
 {
     CVXRootObject *edited = m_session->editedObject();
-    if (edited && objectUnder(scenePos) == edited)
-        return; // it says itself
+    if (edited && objectUnder(scenePos) == edited) {
+        if (TextCommands::isArtText(edited))
+            setDirection(QString(), /*horizontal=*/true);
+        return; // a rich text says itself
+    }
     int handle = CObjAction::ACT_None;
     CVXRootObject *owner = handleOwner(scenePos, &handle);
     CVXRootObject *under = owner ? owner : objectUnder(scenePos);

@@ -14,7 +14,7 @@ class PageSession;
 
 /// The canvas. Most events take the way of every graphics scene; the view steps in where objects want
 /// more: a handle is reached although another object covers it, a press away from an edited text ends
-/// the edit, and the text tool draws.
+/// the edit, and the tools for texts draw.
 class PageView : public QGraphicsView
 {
     Q_OBJECT
@@ -42,8 +42,8 @@ public:
     void resetPointer();
 
 Q_SIGNALS:
-    /// A text has been drawn and wants to be edited.
-    void textDrawn(CVXRootObject *object);
+    /// The user has drawn \a object.
+    void objectDrawn(CVXRootObject *object);
     void zoomChanged(double zoom);
 
 protected:
@@ -63,6 +63,7 @@ private:
     CVXRootObject *handleOwner(const QPointF &scenePos, int *handle = nullptr) const;
     CVXRootObject *takerOfPress(const QPointF &scenePos) const;
     void prepareEdit(const QPointF &scenePos);
+    bool drawsAt(const QPointF &scenePos) const;
     bool startDrawing(const QPointF &scenePos);
     void finishDrawing();
     void cancelDrawing();
@@ -73,7 +74,7 @@ private:
     PageSession *m_session = nullptr;
     int m_tool = EditorTool::Select;
     double m_zoom = 1;
-    CVXRootObject *m_drawn = nullptr;    ///< a text between press and release
+    CVXRootObject *m_drawn = nullptr;    ///< between press and release
     QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
 };
 

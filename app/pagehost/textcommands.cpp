@@ -1,14 +1,20 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/textcommands.h"
 
+#include "app/page/textobject.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QBuffer>
 #include <QDataStream>
+#include <QGraphicsScene>
+#include <QGraphicsSceneMouseEvent>
+#include <QGraphicsTextItem>
+#include <QKeyEvent>
 
 namespace {
 
 constexpr int richTextType = 65543;
+constexpr int artTextType = 75747;
 
 namespace Property {
 constexpr int StateFlag = 101; // to read
@@ -26,15 +32,66 @@ void command(CVXRootObject *object, int property, const QByteArray &arguments = 
     object->SetSpecialProperty(property, stream, false);
 }
 
+QString attributeText(CVXRootObject *object)
+{
+    AttributeMap attributes;
+    object->getAllAttributes(attributes);
+    return attributes.value(QStringLiteral("text")).toString();
+}
+
+void sendKey(CVXRootObject *object, Qt::Key key)
+{
+    QGraphicsItem *item = object->GetGraphicsItemPtr();
+    if (!item->scene())
+        return;
+    QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
+    item->scene()->sendEvent(item, &press);
+}
+
+/// An art text enters its edit by a double click alone.
+void doubleClick(CVXRootObject *object)
+{
+    QGraphicsItem *item = object->GetGraphicsItemPtr();
+    if (!item->scene())
+        return;
+    const QPointF middle = object->getClientRect().center();
+    QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMouseDoubleClick);
+    event.setButton(Qt::LeftButton);
+    event.setButtons(Qt::LeftButton);
+    event.setPos(middle);
+    event.setScenePos(item->mapToScene(middle));
+    item->scene()->sendEvent(item, &event);
+}
+
 } // namespace
 
-bool TextCommands::isRichText(CVXRootObject *object)
+bool TextCommands::isRichText(const CVXRootObject *object)
 {
     return object->GetType() == richTextType;
 }
 
+bool TextCommands::isArtText(const CVXRootObject *object)
+{
+    return object->GetType() == artTextType;
+}
+
+QGraphicsTextItem *TextCommands::editItem(CVXRootObject *object)
+{
+    if (!isArtText(object))
+        return nullptr;
+    return qobject_cast<QGraphicsTextItem *>(object->GetGraphicsItemPtr()->toGraphicsObject());
+}
+
 QString TextCommands::plainText(CVXRootObject *object)
 {
+    const QGraphicsTextItem *item = isEditing(object) ? editItem(object) : nullptr;
+    return item ? item->toPlainText() : storedText(object);
+}
+
+QString TextCommands::storedText(CVXRootObject *object)
+{
+    if (isArtText(object))
+        return attributeText(object);
     QBuffer buffer;
     buffer.open(QIODevice::ReadWrite);
     QDataStream stream(&buffer);
@@ -48,6 +105,8 @@ QString TextCommands::plainText(CVXRootObject *object)
 
 bool TextCommands::isEditing(CVXRootObject *object)
 {
+    if (isArtText(object))
+        return object->actionState()->editing != 0;
     QBuffer buffer;
     buffer.open(QIODevice::ReadWrite);
     QDataStream stream(&buffer);
@@ -61,18 +120,36 @@ bool TextCommands::isEditing(CVXRootObject *object)
     return editing;
 }
 
+void TextCommands::beginEdit(CVXRootObject *object)
+{
+    if (isArtText(object))
+        doubleClick(object);
+    else
+        TextObject::beginEdit(object);
+}
+
 void TextCommands::cut(CVXRootObject *object)
 {
-    command(object, Property::Cut);
+    if (isArtText(object))
+        sendKey(object, Qt::Key_X);
+    else
+        command(object, Property::Cut);
 }
 
 void TextCommands::copy(CVXRootObject *object)
 {
-    command(object, Property::Copy);
+    if (isArtText(object))
+        sendKey(object, Qt::Key_C);
+    else
+        command(object, Property::Copy);
 }
 
 void TextCommands::paste(CVXRootObject *object, bool newObject, bool rich)
 {
+    if (isArtText(object)) {
+        sendKey(object, Qt::Key_V);
+        return;
+    }
     QByteArray arguments;
     QDataStream stream(&arguments, QIODevice::WriteOnly);
     stream << newObject << rich;

@@ -6,14 +6,21 @@
 #include <QString>
 
 class CVXRootObject;
+class QGraphicsTextItem;
 
 /// Commands and questions of text objects. An object that does not know one does nothing and answers
 /// with an empty text or false.
 namespace TextCommands {
 
-bool isRichText(CVXRootObject *object);
+bool isRichText(const CVXRootObject *object);
+bool isArtText(const CVXRootObject *object);
+/// The text as the user sees it, in an edit too.
 QString plainText(CVXRootObject *object);
+/// The text that a record would hold: an art text takes over what is typed when its edit ends.
+QString storedText(CVXRootObject *object);
 bool isEditing(CVXRootObject *object);
+/// Enters edit state; an art text has to be the only selected object of its page.
+void beginEdit(CVXRootObject *object);
 
 /// Of the selected text, in edit state.
 void cut(CVXRootObject *object);
@@ -21,6 +28,8 @@ void copy(CVXRootObject *object);
 /// What the clipboard holds: at the caret of an edited object, or as the whole of a new one.
 /// \param rich false takes its characters without their formats
 void paste(CVXRootObject *object, bool newObject, bool rich = true);
+/// The text item that an art text is while it is edited; null for other objects.
+QGraphicsTextItem *editItem(CVXRootObject *object);
 
 } // namespace TextCommands
 

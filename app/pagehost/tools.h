@@ -6,6 +6,7 @@
 namespace EditorTool {
 constexpr int Select = 0;
 constexpr int Text = 300; ///< part of the contract with objects
+constexpr int ArtText = 301;
 } // namespace EditorTool
 
 #endif
