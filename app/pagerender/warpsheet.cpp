@@ -8,7 +8,7 @@
 namespace {
 
 constexpr double sheetValue = 0.5; // of the styles, in both directions
-constexpr int cellsOfStyle = 4;
+constexpr int columns = 8;         // two styles a row
 
 QString argumentOf(const TextWarp &warp)
 {
@@ -47,7 +47,7 @@ QImage warpSheet(CVXRootObject *object, Page *page, const PageRenderer::Options 
         }
         cells.append({argumentOf(warp), QImage::fromData(png)});
     }
-    const QImage sheet = contactSheet(cells, cellsOfStyle, options.background);
+    const QImage sheet = contactSheet(cells, columns, options.background);
     if (sheet.isNull())
         error = QStringLiteral("the sheet would be too large");
     return sheet;

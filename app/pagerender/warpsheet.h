@@ -13,7 +13,7 @@ class Page;
 /// Page pixels around each text of the sheet when nothing else is told.
 constexpr double warpSheetMargin = 4;
 
-/// A sheet of the styles, one a row: upwards, downwards, and the same across columns. Each is
+/// A sheet of the styles, two a row, each with both signs and then with both across columns,
 /// labelled with the argument of --warp that makes it. \a object, the only one on \a page, keeps
 /// the last warp.
 /// \return a null image, with a sentence in \a error, when there is nothing to see or too much
