@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "arttext/arttexthelper.h"
 #include "arttext/artstyles.h"
+#include "tests/arttext/openart.h"
 
 #include <QMap>
 #include <QPoint>
@@ -11,40 +11,6 @@
 #include <limits>
 
 namespace {
-
-/// Points of a line as the tests reckon them: with 64 bits, whatever the point type of the engine.
-struct Spot {
-    qint64 x, y;
-    bool operator==(const Spot &other) const { return x == other.x && y == other.y; }
-};
-using Line = QVector<Spot>;
-
-class OpenArtText : public CArtText
-{
-public:
-    using CArtText::m_guideCount1;
-    using CArtText::m_guideCount2;
-    using CArtText::m_guideKind1;
-    using CArtText::m_guideKind2;
-    using CArtText::m_guidePoints1;
-    using CArtText::m_guidePoints2;
-    using CArtText::m_size;
-
-    Line line(int guide) const
-    {
-        const tagPOINT *points = guide == 1 ? m_guidePoints1 : m_guidePoints2;
-        const unsigned count = guide == 1 ? m_guideCount1 : m_guideCount2;
-        Line result;
-        for (unsigned i = 0; i < count; ++i)
-            result.append({points[i].x, points[i].y});
-        return result;
-    }
-    Line drawn(int style, const CRect &rect, int guide)
-    {
-        DoAction(style, rect, this);
-        return line(guide);
-    }
-};
 
 constexpr CRect fullSquare{0, 0, 4096, 4096};
 
@@ -270,7 +236,7 @@ private:
 /// Where two lines part, in words; empty when they are the same.
 QString difference(const Line &found, const Line &expected)
 {
-    const auto text = [](const Line &line, int i) {
+    const auto spot = [](const Line &line, int i) {
         return i < line.size() ? QStringLiteral("(%1, %2)").arg(line.at(i).x).arg(line.at(i).y)
                                : QStringLiteral("the end");
     };
@@ -279,7 +245,7 @@ QString difference(const Line &found, const Line &expected)
             return QStringLiteral("point %1 of %2 is %3 instead of %4")
                 .arg(i)
                 .arg(found.size())
-                .arg(text(found, i), text(expected, i));
+                .arg(spot(found, i), spot(expected, i));
         }
     }
     return {};
@@ -424,7 +390,7 @@ void TestArtStyles::everyPointIsWhereItsFormulaPutsIt()
         const Expected expected = reckoner.expected(formulas[row], guide);
         const QString wrong = difference(art.line(guide), expected.line);
         QVERIFY2(wrong.isEmpty(), qPrintable(QStringLiteral("line %1: %2").arg(guide).arg(wrong)));
-        QCOMPARE(guide == 1 ? art.m_guideKind1 : art.m_guideKind2, expected.kind);
+        QCOMPARE(art.kind(guide), expected.kind);
     }
 }
 
