@@ -342,32 +342,43 @@ void CWordProcess::finishLoading()
     enableAllHandles();
 }
 
-/// Text of the older engine that was laid out to nothing keeps the box of its record.
+/// Text of the older engine that has left its picture takes its own box again: no key tells it, and the picture
+/// is as large as a turned box reaches.
 void CWordProcess::keepSavedBox(const QSizeF &size, const QPointF &centre, double angle)
 {
-    if (!m_clientRect.isEmpty())
+    if (m_fontImage.isNull() || !isPictureOf(centre))
         return;
-    updatePosition(this, QRectF(getPos(), size));
+    if (m_wordWrap) {
+        updatePosition(this, QRectF(getPos(), size));
+        updateBoundingRectImpl(true);
+    }
     setRotation(angle);
-    setCenterPos(centre, size);
+    setCenterPos(centre, m_clientRect.size());
+}
+
+/// True when the picture shows the object that has its centre at \a centre, scene.
+bool CWordProcess::isPictureOf(const QPointF &centre) const
+{
+    const QPointF apart = centre - QRectF(m_fontImagePos, m_fontImageSize).center();
+    return std::abs(apart.x()) <= 1.0 && std::abs(apart.y()) <= 1.0;
 }
 
 /// Puts real text where its record had it, as often as it is loaded and saved again. A picture says so only to
-/// the pixel, and leaves a turned box at its own corner; line text without one would hang below its anchor.
+/// the pixel, and leaves a turned box at its own corner; without one, line text would hang below its anchor, and
+/// a warp would move once more from where it has moved the text.
 /// \param centre  of the record's box, scene
 void CWordProcess::standWhereSaved(const QPointF &centre, double angle)
 {
     if (m_fontImage.isNull()) {
-        if (!m_wordWrap && m_saveParams.contains(Key::TransformXx))
+        const bool isAnchored = !m_wordWrap && m_saveParams.contains(Key::TransformXx);
+        if (isAnchored || !m_morphPaths.isEmpty())
             setCenterPos(centre, m_clientRect.size());
         return;
     }
-    const QPointF ofImage = QRectF(m_fontImagePos, m_fontImageSize).center();
-    const QPointF apart = centre - ofImage;
-    const bool sameBox = std::abs(apart.x()) <= 1.0 && std::abs(apart.y()) <= 1.0;
     if (std::abs(std::remainder(rotation() - angle, 360.0)) < sameAngle)
         setRotation(angle);
-    setCenterPos(sameBox ? centre : ofImage, m_clientRect.size());
+    const QPointF ofImage = QRectF(m_fontImagePos, m_fontImageSize).center();
+    setCenterPos(isPictureOf(centre) ? centre : ofImage, m_clientRect.size());
 }
 
 /// Stands as the picture, and leaves it at once when all fonts are there.

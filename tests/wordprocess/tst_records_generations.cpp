@@ -48,6 +48,7 @@ HandRecord middleRecord()
                      {k("text_wordwrap"), false},
                      {k("document_data"), documentStringOf(QStringLiteral("middle"))},
                      {k("document_dpi"), 96}};
+    record.size = QSizeF(51, 8); // ink of 46 by 8, and 5 behind it
     return record;
 }
 
