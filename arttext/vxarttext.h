@@ -21,7 +21,7 @@
 class CArtText;
 class CArttextChangeCommand;
 class CVxTextEdit;
-class QTextBlockFormat;
+class QGraphicsView;
 
 /// A plain string of one or more lines shown as a piece of lettering. Each character is an outline;
 /// all of them are bent once into the style's envelope and scaled to the client rectangle when
@@ -50,6 +50,7 @@ public:
     void updatePosition(QGraphicsItem *item, QRectF rect);
     /// The client rectangle grows downwards to the height of the item's document.
     void updateBoundingRect();
+    /// Sets the flags of a play; nothing is played.
     void StartPlay();
     void timeoutProcess() {}
 
@@ -87,7 +88,7 @@ public:
     void generatePath(bool vertical);
     /// \a path of m_charPaths fitted to \a client. Rings stay round and are centred.
     /// \param source the bounds that the path is scaled from, m_pathRect
-    /// \return \a path itself when m_pathRect or \a client has a width or height of 0
+    /// \return \a path itself when m_pathRect has a width or height of 0
     QPainterPath scalePath(const QPainterPath &path, QRectF &client, QRectF &source);
 
     // painting
@@ -159,12 +160,48 @@ public:
 protected:
     QVariant itemChange(GraphicsItemChange change, const QVariant &value) override;
 
-    QColor m_colorPen;             ///< text colour
+private:
+    // life
+    void setClientRect(const QRectF &rect);
+    QGraphicsView *view() const;
+
+    // paths
+    class OutlineMaker;
+    QFont outlineFont(bool vertical) const;
+    void bendPaths();
+    void fitPaths();
+
+    // painting
+    void drawEdited(QPainter *painter);
+    QPen outlinePen() const;
+    QBrush outlineBrush() const;
+
+    // mouse
+    void finishDrawing(const QGraphicsSceneMouseEvent &event);
+
+    // editing
+    void recordEdit();
+
+    // records
+    void fillSaveParams();
+    void finishLoad();
+
+    // properties and attributes
+    struct AttributeCommand;
+    struct Numbered;
+    const Numbered *numbered(int id) const;
+    void setAttributesFromStream(QDataStream &stream);
+    void takePointSize(double size);
+    void showChange();
+    void notifyAttributes();
+
+protected:
+    QColor m_colorPen; ///< text colour
     QString m_fontFamily;
     bool m_fontItalic = false;
     bool m_fontBold = false;
-    bool m_fontSomehow = false;    ///< the text runs vertically
-    double m_letterSpacing = 0.0;  ///< absolute
+    bool m_fontSomehow = false;   ///< the text runs vertically
+    double m_letterSpacing = 0.0; ///< absolute
     double m_rowSpacing = 0.0;
     bool m_isShadow = false;
     QColor m_colorShadow{0, 0, 0}; ///< opaque black
@@ -172,38 +209,41 @@ protected:
     int m_shadowOffsetY = 0;
     double m_shadowAbsOffsetX = 0.0;
     double m_shadowAbsOffsetY = 0.0;
-    QString m_defaultWord;         ///< shown while the text is empty
+    QString m_defaultWord; ///< shown while the text is empty
     int m_transparent = 0;
     QColor m_colorBg = Qt::white;
     QColor m_colorFill = Qt::red;
-    int m_textAlignment = 0x84;    ///< of the lines: 1 left, 2 right, 4 centre, 8 justified
-    int m_bgType = 0;              ///< grid of the background: 0 none, 1 a cross, 2 with diagonals
+    int m_textAlignment = 0x84; ///< of the lines: 1 left, 2 right, 4 centre, 8 justified
+    int m_bgType = 0;           ///< grid of the background: 0 none, 1 a cross, 2 with diagonals
     bool m_playing = false;
     int m_playStep = 0;
     bool m_doPlay = false;
-    int m_timerDelay = 1000;       ///< milliseconds of a play step
+    int m_timerDelay = 1000; ///< milliseconds of a play step
     bool m_bgTransparent = true;
-    QString m_textWord;            ///< the text
-    int m_shape = 1;               ///< number of the style
-    bool m_pathsVertical = false;  ///< direction that m_charPaths were made for
+    QString m_textWord;                ///< the text
+    int m_shape = 1;                   ///< number of the style
+    bool m_pathsVertical = false;      ///< direction that m_charPaths were made for
     QVector<QPainterPath> m_charPaths; ///< one bent path per character or line
-    QRectF m_pathRect;             ///< bounds of m_charPaths
-    int m_fontSize = 192;          ///< points
-    CArtText *m_artText = nullptr; ///< the engine, owned
+    QRectF m_pathRect;                 ///< bounds of m_charPaths
+    int m_fontSize = 192;              ///< points
+    CArtText *m_artText = nullptr;     ///< the engine, owned
     /// Client rectangle that m_scaledPaths were made for; in corners.
     QRect m_paintedRect{QPoint(0, 0), QPoint(-1, -1)};
-    QVector<QPainterPath> m_scaledPaths; ///< what is painted, item coordinates
-    CVxTextEdit *m_textEdit = nullptr;   ///< the overlay editor, owned
-    QFont m_font;                  ///< of the text item while editing
-    QPointF m_editPos;             ///< scene position when the edit began
-    QSizeF m_editSize;             ///< client size when the edit began
-    bool m_undoEnabled = true;     ///< EndEdit() records a step
+    QVector<QPainterPath> m_scaledPaths;              ///< what is painted, item coordinates
+    CVxTextEdit *m_textEdit = nullptr;                ///< the overlay editor, owned
+    QFont m_font;                                     ///< of the text item while editing
+    QPointF m_editPos;                                ///< scene position when the edit began
+    QSizeF m_editSize;                                ///< client size when the edit began
+    bool m_undoEnabled = true;                        ///< EndEdit() records a step
     CArttextChangeCommand *m_changeCommand = nullptr; ///< the last step; the host's stack owns it
-    QString m_editedText;          ///< the text as it stood when editing last ended
+    QString m_editedText; ///< the text as it stood when editing last ended
     bool m_editing = false;
-    bool m_handlePressed = false;  ///< the last press hit a handle, or the pointer has moved since
-    int m_handleFlag = 0;          ///< the handle that the last press hit
-    PathsMutex m_pathsMutex;       ///< guards the item's cursor, and the paths during painting
+    bool m_handlePressed = false; ///< the last press hit a handle, or the pointer has moved since
+    int m_handleFlag = 0;         ///< the handle that the last press hit
+    PathsMutex m_pathsMutex;      ///< guards the item's cursor, and the paths during painting
+
+private:
+    int m_notificationDepth = 0; ///< notifications that have not returned
 };
 
 #endif
