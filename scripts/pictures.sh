@@ -14,6 +14,13 @@ picture()
     echo "docs/pictures/$1.png"
 }
 
+# sheet NAME KIND PAGERENDER-ARGUMENT...
+sheet()
+{
+    ./build/release/bin/pagerender "${@:3}" "--$2-sheet" "docs/pictures/$1.png"
+    echo "docs/pictures/$1.png"
+}
+
 mkdir -p docs/pictures
 picture poem --text samples/poem.txt --font "Noto Serif CJK SC" --size 28
 picture poem-vertical --text samples/poem.txt --font "Noto Serif CJK SC" --size 28 --vertical
@@ -36,3 +43,7 @@ picture underlines --document samples/underlines.json --box 640x600
 picture page samples/page.json
 picture missing-font samples/missing-font.json
 picture replaced-font samples/missing-font.json --replace-font "Belltower Script=Noto Serif"
+picture title-arc samples/title.json --warp arc:0.4
+sheet warps warp --text samples/warp.txt --font "Noto Serif" --size 16
+picture art samples/art.json
+sheet art-styles art --font "Noto Serif" --bold --fill "#8c1d40"
