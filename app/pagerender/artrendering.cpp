@@ -50,7 +50,7 @@ bool ArtRendering::fail(const QString &message)
 bool ArtRendering::readText()
 {
     if (m_arguments.input.isEmpty()) {
-        m_text = QStringLiteral("Art text");
+        m_text = QStringLiteral("LETTERING");
         return true;
     }
     QString error;
