@@ -15,6 +15,7 @@
 
 #include <QBuffer>
 #include <QDataStream>
+#include <QGraphicsSceneMouseEvent>
 #include <QtTest>
 
 namespace {
@@ -113,6 +114,37 @@ QJsonObject recordOf(const QByteArray &generation)
     return json("{" + common + "'params':{" + params + "},'TextDPI':96," + tail + "}");
 }
 
+/// A record of an art text in the font of squares; \a more stands behind.
+QByteArray artRecord(const QByteArray &more = QByteArray())
+{
+    return "{'version':1,'x':20,'y':10,'rotation':0,'z':0,'width':60,'height':40,'locked':false,"
+           "'created':true,'flip':false,'mirror':false,"
+           "'params':{'text_alignment':4,'font_Somehow':false,'odd':[1,{'a':2.5}]},"
+           "'colorBg':'#ffffffff','colorFill':'#80ff0102','bgType':0,'textWord':'ab',"
+           "'bgTransparent':true,'timerDelay':1000,'shape':1,'defaultWord':'',"
+           "'colorPen':'#ff000000','fontFamily':'BoxTest','fontSize':192,'fontItalic':false,"
+           "'fontBold':false,'letterSpacing':0,'rowSpacing':0,'isShadow':false,"
+           "'colorShadow':'#ff000000','offsetX':0,'offsetY':0"
+           + more + "}";
+}
+
+/// An art text of a page file.
+QByteArray art(const QByteArray &fields = QByteArray(),
+               const QByteArray &moreOfRecord = QByteArray())
+{
+    return "{'kind':'art_text'," + fields + "'record':" + artRecord(moreOfRecord) + "}";
+}
+
+/// Opens the edit of the art text \a object, which lies on \a page.
+void doubleClick(Page *page, CVXRootObject *object)
+{
+    page->scene()->clearSelection();
+    object->doSelected(true, /*notify=*/false);
+    QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMouseDoubleClick);
+    event.setButton(Qt::LeftButton);
+    page->scene()->sendEvent(object->GetGraphicsItemPtr(), &event);
+}
+
 } // namespace
 
 class TestOpenPage : public QObject
@@ -148,6 +180,22 @@ private Q_SLOTS:
     void generationsAreAFixedPoint();
     void streamRecordIsThatOfTheObject_data();
     void streamRecordIsThatOfTheObject();
+    void untouchedArtTextIsSavedAsItWas();
+    void movedArtTextComesBackAtItsPlace_data();
+    void movedArtTextComesBackAtItsPlace();
+    void changedArtTextComesBack_data();
+    void changedArtTextComesBack();
+    void openEditOfArtTextIsSaved();
+    void changedArtTextKeepsWhatIsUnknown();
+    void newArtTextIsSaved_data();
+    void newArtTextIsSaved();
+    void richAndArtTextsKeepTheirPlaces();
+    void unfinishedArtTextIsLeftOut();
+    void artTextWithoutRecordIsNamed();
+    void streamRecordIsThatOfTheArtText();
+    void artRecordWithoutAnyKeyOpensOrIsNamed();
+    void artRecordWithWrongKeysOpensOrIsNamed();
+    void anyByteOfAnArtPageMayBeWrong();
     void recordWithoutAnyKeyOpensOrIsNamed_data();
     void recordWithoutAnyKeyOpensOrIsNamed();
     void recordWithWrongKeysOpensOrIsNamed_data();
@@ -202,6 +250,7 @@ private:
     }
 
     void checkRecord(const QJsonObject &record);
+    void checkArtRecord(const QJsonObject &record);
 
     Framework m_framework;
     PluginLoader m_loader;
@@ -624,6 +673,307 @@ void TestOpenPage::streamRecordIsThatOfTheObject()
     QVERIFY(third->saveJson(normal));
     QVERIFY(object->loadJson(normal));
     QCOMPARE(recordState(object), recordState(third));
+}
+
+// Art texts
+
+void TestOpenPage::untouchedArtTextIsSavedAsItWas()
+{
+    const QJsonObject root = pageWith(text("'text':'abc'") + "," + art("'name':'a','later':1,"));
+    const auto open = load(root);
+    QVERIFY(open);
+    QVERIFY(open->warnings().isEmpty());
+    QCOMPARE(open->page()->objects().at(1)->getObjName(), QStringLiteral("art text"));
+    QCOMPARE(textOf(open->page()->objects().at(1)), QStringLiteral("ab"));
+    QCOMPARE(saved(*open), root);
+    const auto again = reopened(*open, "again.vxpage");
+    QVERIFY(again);
+    QCOMPARE(saved(*again), root);
+    QCOMPARE(look(*again), look(*open));
+}
+
+void TestOpenPage::movedArtTextComesBackAtItsPlace_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("JSON") << QStringLiteral("moved.json");
+    QTest::newRow("binary") << QStringLiteral("moved.vxpage");
+}
+
+void TestOpenPage::movedArtTextComesBackAtItsPlace()
+{
+    QFETCH(QString, file);
+    const auto open = load(pageWith(text("'text':'abc'") + "," + art()));
+    QVERIFY(open);
+    CVXRootObject *object = open->page()->objects().at(1);
+    const QByteArray before = look(*open);
+    object->setPos(QPointF(5.5, 3.25), /*undo=*/false);
+    object->setSize(QSizeF(80, 50), /*undo=*/false, /*notify=*/true);
+    object->rotateObj(30, /*undo=*/false);
+    QVERIFY(look(*open) != before);
+    const auto again = reopened(*open, qPrintable(file));
+    QVERIFY(again);
+    QCOMPARE(again->page()->objects().size(), 2);
+    QCOMPARE(again->page()->objects().at(1)->getPos(), object->getPos());
+    QCOMPARE(again->page()->objects().at(1)->getSize(), QSizeF(80, 50));
+    QCOMPARE(again->page()->objects().at(1)->getRotate(), 30.0);
+    QCOMPARE(look(*again), look(*open));
+    // Saved again it is the same file, in either form.
+    const QByteArray bytes = read(qPrintable(file));
+    const auto third = reopened(*again, qPrintable(QStringLiteral("again-") + file));
+    QVERIFY(third);
+    QCOMPARE(read(qPrintable(QStringLiteral("again-") + file)), bytes);
+    const bool isJson = file.endsWith(QLatin1String("json"));
+    QCOMPARE(converted(converted(bytes, isJson ? PageForm::Binary : PageForm::Json),
+                       isJson ? PageForm::Json : PageForm::Binary),
+             bytes);
+}
+
+void TestOpenPage::changedArtTextComesBack_data()
+{
+    movedArtTextComesBackAtItsPlace_data();
+}
+
+void TestOpenPage::changedArtTextComesBack()
+{
+    QFETCH(QString, file);
+    const auto open = load(pageWith(art() + "," + art()));
+    QVERIFY(open);
+    CVXRootObject *object = open->page()->objects().constFirst();
+    QVERIFY(object->setAllAttributes({{QStringLiteral("text"), QStringLiteral("x\ny \u4e2d")},
+                                      {QStringLiteral("shape"), 5},
+                                      {QStringLiteral("font_bold"), true},
+                                      {QStringLiteral("font_somehow"), true},
+                                      {QStringLiteral("fillcolor"), QColor(1, 2, 3)}},
+                                     /*withUndo=*/false));
+    const auto again = reopened(*open, qPrintable(file));
+    QVERIFY(again);
+    AttributeMap attributes;
+    again->page()->objects().constFirst()->getAllAttributes(attributes);
+    QCOMPARE(attributes.value(QStringLiteral("text")).toString(), QStringLiteral("x\ny \u4e2d"));
+    QCOMPARE(attributes.value(QStringLiteral("shape")).toInt(), 5);
+    QCOMPARE(attributes.value(QStringLiteral("font_bold")).toBool(), true);
+    QCOMPARE(attributes.value(QStringLiteral("font_somehow")).toBool(), true);
+    QCOMPARE(attributes.value(QStringLiteral("fillcolor")).value<QColor>(), QColor(1, 2, 3));
+    QCOMPARE(textOf(again->page()->objects().at(1)), QStringLiteral("ab"));
+    QCOMPARE(look(*again), look(*open));
+}
+
+void TestOpenPage::openEditOfArtTextIsSaved()
+{
+    const auto open = load(pageWith(art()));
+    QVERIFY(open);
+    CVXRootObject *object = open->page()->objects().constFirst();
+    open->page()->takeFocus();
+    doubleClick(open->page(), object);
+    QCOMPARE(open->page()->editingObject(), object);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QCoreApplication::sendEvent(open->page()->scene(), &key);
+    QCOMPARE(textOf(object), QStringLiteral("ab")); // taken over at the end of the edit
+    const auto again = reopened(*open, "edit.vxpage");
+    QVERIFY(again);
+    QCOMPARE(textOf(object).size(), 3);
+    QCOMPARE(textOf(again->page()->objects().constFirst()), textOf(object));
+    QCOMPARE(open->document()->undoStack()->count(), 1);
+}
+
+void TestOpenPage::changedArtTextKeepsWhatIsUnknown()
+{
+    const auto open = load(pageWith(art("'name':'n','later':[1],", ",'newer key':3")));
+    QVERIFY(open);
+    open->page()->objects().constFirst()->setPos(QPointF(30, 20), /*undo=*/false);
+    const QJsonObject object = objectsOf(saved(*open)).at(0).toObject();
+    QCOMPARE(object.keys(), QStringList({QStringLiteral("kind"), QStringLiteral("later"),
+                                         QStringLiteral("name"), QStringLiteral("record")}));
+    QJsonObject expected = json(artRecord(",'newer key':3"));
+    expected.insert(QStringLiteral("x"), 30);
+    expected.insert(QStringLiteral("y"), 20);
+    QCOMPARE(object.value(QLatin1String("record")).toObject(), expected);
+}
+
+void TestOpenPage::newArtTextIsSaved_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::newRow("JSON") << QStringLiteral("new.json");
+    QTest::newRow("binary") << QStringLiteral("new.vxpage");
+}
+
+void TestOpenPage::newArtTextIsSaved()
+{
+    QFETCH(QString, file);
+    QString error;
+    const auto open = OpenPage::create(QSize(100, 60), 96, Qt::white, error);
+    QVERIFY(open);
+    const QByteArray empty = look(*open);
+    CVXRootObject *object = m_loader.createArtText(1, open->page());
+    open->page()->addObject(object);
+    object->setSize(QSizeF(80, 40), /*undo=*/false, /*notify=*/true);
+    object->setPos(QPointF(10, 12), /*undo=*/false);
+    object->setAllAttributes({{QStringLiteral("text"), QStringLiteral("new")},
+                              {QStringLiteral("font_family"), QStringLiteral("BoxTest")}},
+                             /*withUndo=*/false);
+    QVERIFY(look(*open) != empty);
+    const QJsonObject written = objectsOf(saved(*open)).at(0).toObject();
+    QCOMPARE(written.value(QLatin1String("kind")).toString(), QStringLiteral("art_text"));
+    QCOMPARE(written.keys(), QStringList({QStringLiteral("kind"), QStringLiteral("record")}));
+    const auto again = reopened(*open, qPrintable(file));
+    QVERIFY(again);
+    QCOMPARE(textOf(again->page()->objects().constFirst()), QStringLiteral("new"));
+    QCOMPARE(again->page()->objects().constFirst()->getPos(), QPointF(10, 12));
+    QCOMPARE(look(*again), look(*open));
+    const QByteArray bytes = read(qPrintable(file));
+    const auto third = reopened(*again, qPrintable(file));
+    QVERIFY(third);
+    QCOMPARE(read(qPrintable(file)), bytes);
+}
+
+void TestOpenPage::richAndArtTextsKeepTheirPlaces()
+{
+    const auto open = load(pageWith(art("'name':'0',") + "," + text("'text':'a','name':'1'") + ","
+                                    + "{'kind':'shape','name':'2'}," + art("'name':'3',") + ","
+                                    + text("'text':'b','name':'4'")));
+    QVERIFY(open);
+    Page *page = open->page();
+    const auto names = [&] { return namesOf(saved(*open)).join(QString()); };
+    QCOMPARE(names(), QStringLiteral("01234"));
+    CVXRootObject *lowest = page->objects().constFirst();
+    page->takeObject(lowest);
+    QCOMPARE(names(), QStringLiteral("1234"));
+    page->insertObject(2, lowest);
+    QCOMPARE(names(), QStringLiteral("12304"));
+    const auto again = reopened(*open, "places.vxpage");
+    QVERIFY(again);
+    QCOMPARE(namesOf(saved(*again)).join(QString()), QStringLiteral("12304"));
+    QCOMPARE(again->page()->objects().at(2)->getObjName(), QStringLiteral("art text"));
+    QCOMPARE(again->page()->objects().at(3)->getObjName(), QStringLiteral("wb text"));
+}
+
+void TestOpenPage::unfinishedArtTextIsLeftOut()
+{
+    const auto open = load(pageWith(art()));
+    QVERIFY(open);
+    open->page()->addObject(m_loader.createArtText(9, open->page(), /*finished=*/false));
+    QCOMPARE(objectsOf(saved(*open)).size(), 1);
+}
+
+void TestOpenPage::artTextWithoutRecordIsNamed()
+{
+    const QPair<QByteArray, QString> rows[] = {
+        {"{'kind':'art_text','text':'abc'}", QStringLiteral("objects[0].record: is missing")},
+        {"{'kind':'art_text','record':5}", QStringLiteral("objects[0].record: must be an object")},
+        {"{'kind':'art_text','record':{}}",
+         QStringLiteral("objects[0].record.version: is missing")},
+    };
+    for (const auto &row : rows) {
+        QString error;
+        QVERIFY(!OpenPage::load(m_loader, write("any.json", pageWith(row.first)), error));
+        QVERIFY2(error.contains(row.second), qPrintable(error));
+    }
+}
+
+void TestOpenPage::streamRecordIsThatOfTheArtText()
+{
+    Document document;
+    Page page(&document);
+    CVXRootObject *object = m_loader.createArtText(1, &page);
+    page.addObject(object);
+    QJsonObject source = json(artRecord());
+    QVERIFY(object->loadJson(source));
+    QJsonObject asJson;
+    QVERIFY(object->saveJson(asJson));
+    QCOMPARE(asJson, source);
+    QByteArray asStream;
+    QDataStream out(&asStream, QIODevice::WriteOnly);
+    out.setVersion(QDataStream::Qt_5_15);
+    QVERIFY(object->save(out));
+    QJsonObject converted;
+    QString error;
+    QVERIFY2(jsonRecord(asStream, converted, error, RecordKind::ArtText), qPrintable(error));
+    QCOMPARE(QJsonDocument(converted).toJson(), QJsonDocument(asJson).toJson());
+
+    const StreamRecord parts = streamRecord(asJson, RecordKind::ArtText);
+    QCOMPARE(parts.bytes, asStream);
+    QVERIFY(parts.rest.isEmpty());
+    CVXRootObject *other = m_loader.createArtText(2, &page);
+    page.addObject(other);
+    QDataStream in(parts.bytes);
+    in.setVersion(QDataStream::Qt_5_15);
+    QVERIFY(other->load(in));
+    QVERIFY(in.atEnd());
+    QCOMPARE(recordState(other), recordState(object));
+    QVERIFY(!recordState(other).isEmpty());
+}
+
+/// As checkRecord(), of an art text.
+void TestOpenPage::checkArtRecord(const QJsonObject &record)
+{
+    const QByteArray bytes = QJsonDocument(record).toJson(QJsonDocument::Compact);
+    const QString name = write("any.json", pageWith("{'kind':'art_text','record':" + bytes + "}"));
+    QString error;
+    const auto open = OpenPage::load(m_loader, name, error);
+    if (!open) {
+        QVERIFY2(error.contains(QLatin1String("objects[0].record.")), qPrintable(error));
+        return;
+    }
+    QVERIFY(!look(*open).isEmpty());
+    CVXRootObject *object = open->page()->objects().constFirst();
+    object->setPos(object->getPos() + QPointF(1, 1), /*undo=*/false);
+    object->setAllAttributes({{QStringLiteral("text"), QStringLiteral("b")}}, /*withUndo=*/false);
+    const auto again = reopened(*open, "any.vxpage");
+    QVERIFY(again);
+    QCOMPARE(again->page()->objects().size(), 1);
+    QCOMPARE(textOf(again->page()->objects().constFirst()), QStringLiteral("b"));
+    QCOMPARE(look(*again), look(*open));
+}
+
+void TestOpenPage::artRecordWithoutAnyKeyOpensOrIsNamed()
+{
+    const QJsonObject whole = json(artRecord());
+    for (const QString &key : whole.keys()) {
+        QJsonObject record = whole;
+        record.remove(key);
+        checkArtRecord(record);
+    }
+}
+
+void TestOpenPage::artRecordWithWrongKeysOpensOrIsNamed()
+{
+    const QJsonObject whole = json(artRecord());
+    const QJsonValue values[] = {QJsonValue(),
+                                 true,
+                                 -1e300,
+                                 2147483647.0,
+                                 QStringLiteral("?"),
+                                 QJsonArray({1}),
+                                 QJsonObject({{QStringLiteral("a"), 1}})};
+    for (const QJsonValue &value : values) {
+        for (const QString &key : whole.keys()) {
+            QJsonObject record = whole;
+            record.insert(key, value);
+            checkArtRecord(record);
+        }
+    }
+}
+
+void TestOpenPage::anyByteOfAnArtPageMayBeWrong()
+{
+    const QByteArray bytes = converted(QJsonDocument(pageWith(art())).toJson(), PageForm::Binary);
+    int opened = 0;
+    for (int at = bytes.indexOf("VXOB"); at < bytes.size(); at += 3) {
+        QByteArray changed = bytes;
+        changed[at] = char(changed[at] ^ '\x11');
+        QString error;
+        const auto open = OpenPage::load(m_loader, write("any.vxpage", changed), error);
+        if (!open) {
+            QVERIFY2(error.contains(QLatin1String("byte ")), qPrintable(error));
+            continue;
+        }
+        ++opened;
+        QVERIFY(!look(*open).isEmpty());
+        const auto again = reopened(*open, "again.vxpage");
+        QVERIFY(again);
+        QCOMPARE(look(*again), look(*open));
+    }
+    QVERIFY2(opened > 50, qPrintable(QString::number(opened)));
 }
 
 /// A page with \a record is opened, painted, changed, saved and opened again, or it is named.
