@@ -253,8 +253,8 @@ bool CWordProcess::bendTextPaths()
     QPointF pos(0, 0);
     QSizeF size(-1, -1);
     bool isWarped = false;
-    if (m_warpStyle != SurfaceNone) {
-        paths = source; // private: bent without a lock
+    if (m_warpStyle != SurfaceNone && !m_pathsArePlaceholder) { // an empty text has nothing to bend
+        paths = source;                                         // private: bent without a lock
         for (QPainterPath &path : paths)
             doubleStraightSegments(path);
         isWarped = textMorphing(paths, m_textPathsRect, pos, size);
