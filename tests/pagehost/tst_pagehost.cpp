@@ -65,6 +65,32 @@ private Q_SLOTS:
     void saveInEditGoesOnWithEdit();
     void brokenFileIsRefusedWithItsPlace();
 
+    // Art texts
+    void dragWithArtToolMakesArtText();
+    void dragUpwardsMakesTheSameArtText();
+    void clickWithArtToolMakesArtTextOf100By100();
+    void artToolDrawsAboveOtherObjects();
+    void newArtTextShowsItsHint();
+    void escapeGivesUpDrawingOfArtText();
+    void doubleClickEditsArtText();
+    void doubleClickEditsArtTextAmongManySelected();
+    void editOfArtTextEnds_data();
+    void editOfArtTextEnds();
+    void lockedArtTextIsNotEdited();
+    void editOfArtTextIsUndoneAndRedone();
+    void editWithoutChangeLeavesNoStep();
+    void keysOfEditedArtTextDoNotReachMenus_data();
+    void keysOfEditedArtTextDoNotReachMenus();
+    void composedChineseEntersArtText();
+    void menusActOnEditedArtText();
+    void artTextIsMovedAndResizedByDrag();
+    void copiedArtTextIsPastedBesideOriginal();
+    void modifiedMarkFollowsTypingInArtText();
+    void saveInEditOfArtTextGoesOnWithEdit();
+    void savedArtTextIsEqualAfterReopening_data();
+    void savedArtTextIsEqualAfterReopening();
+    void pageThatGoesWithItsEditedArtTextIsNoHarm();
+
     void missingLibraryEndsWithCode4();
     void wrongUsageEndsWithCode2();
 
@@ -80,6 +106,11 @@ private:
     void type(const QString &text);
     void compose(const QString &preedit, const QString &commit = QString());
     CVXRootObject *writeLine(const QPointF &pos, const QString &text);
+    CVXRootObject *drawArt(const QPointF &from, const QPointF &to);
+    CVXRootObject *writeArt(const QRectF &place, const QString &text);
+    void doubleClick(const QPointF &pos);
+    QImage shown() const { return canvas()->grab().toImage(); }
+    int darkPixels(const QRectF &place) const;
 
     PluginLoader m_loader;
     std::unique_ptr<Framework> m_framework;
@@ -146,6 +177,45 @@ CVXRootObject *TestPageHost::writeLine(const QPointF &pos, const QString &text)
     type(text);
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
     return objects().isEmpty() ? nullptr : objects().constLast();
+}
+
+/// The art text that a drag with its tool makes.
+CVXRootObject *TestPageHost::drawArt(const QPointF &from, const QPointF &to)
+{
+    m_window->setTool(EditorTool::ArtText);
+    drag(from, to);
+    return objects().isEmpty() ? nullptr : objects().constLast();
+}
+
+CVXRootObject *TestPageHost::writeArt(const QRectF &place, const QString &text)
+{
+    CVXRootObject *art = drawArt(place.topLeft(), place.bottomRight());
+    doubleClick(place.center());
+    type(text);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    return art;
+}
+
+void TestPageHost::doubleClick(const QPointF &pos)
+{
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at(pos));
+    QTest::mouseDClick(canvas(), Qt::LeftButton, {}, at(pos));
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {},
+                        at(pos)); // the second press is the double click
+}
+
+/// Pixels of \a place (scene) that are nearly black, handles and frames left out.
+int TestPageHost::darkPixels(const QRectF &place) const
+{
+    session()->page()->scene()->clearSelection();
+    const QImage image = shown();
+    const QRect area(at(place.topLeft()), at(place.bottomRight()));
+    int count = 0;
+    for (int y = area.top(); y < area.bottom(); ++y) {
+        for (int x = area.left(); x < area.right(); ++x)
+            count += qGray(image.pixel(x, y)) < 40;
+    }
+    return count;
 }
 
 // Drawing and entering
@@ -594,6 +664,392 @@ void TestPageHost::brokenFileIsRefusedWithItsPlace()
     QString error;
     QVERIFY(!PageSession::open(&m_loader, fileName, error));
     QVERIFY2(error.contains(QLatin1String("line 3")), qPrintable(error));
+}
+
+// Art texts
+
+void TestPageHost::dragWithArtToolMakesArtText()
+{
+    CVXRootObject *art = drawArt({100, 150}, {340, 270});
+    QCOMPARE(objects().size(), 1);
+    QVERIFY(TextCommands::isArtText(art));
+    QCOMPARE(art->getPos(), QPointF(100, 150));
+    QCOMPARE(art->getSize(), QSizeF(240, 120));
+    QVERIFY(art->isCreateFinished());
+    QVERIFY(art->graphicsItem()->isSelected());
+    QVERIFY(!session()->editedObject());
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Select));
+    QVERIFY(m_window->findChild<QAction *>(QStringLiteral("selectTool"))->isChecked());
+    QCOMPARE(session()->undoStack()->count(), 1);
+    trigger("undo");
+    QCOMPARE(objects().size(), 0);
+    trigger("redo");
+    QCOMPARE(only(), art);
+    QCOMPARE(art->getSize(), QSizeF(240, 120));
+}
+
+void TestPageHost::dragUpwardsMakesTheSameArtText()
+{
+    CVXRootObject *art = drawArt({340, 270}, {100, 150});
+    QCOMPARE(art->getPos(), QPointF(100, 150));
+    QCOMPARE(art->getClientRect(), QRectF(0, 0, 240, 120));
+}
+
+void TestPageHost::clickWithArtToolMakesArtTextOf100By100()
+{
+    trigger("artTool");
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::ArtText));
+    QCOMPARE(canvas()->cursor().shape(), Qt::CrossCursor);
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(only()->getPos(), QPointF(100, 150));
+    QCOMPARE(only()->getSize(), QSizeF(100, 100));
+}
+
+void TestPageHost::artToolDrawsAboveOtherObjects()
+{
+    m_window->setTool(EditorTool::Text);
+    drag({100, 100}, {400, 300});
+    type(QStringLiteral("below"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    session()->page()->scene()->clearSelection();
+    CVXRootObject *art = drawArt({150, 150}, {250, 200});
+    QCOMPARE(objects().size(), 2);
+    QCOMPARE(objects().at(1), art);
+    QCOMPARE(art->getSize(), QSizeF(100, 50));
+    QCOMPARE(objects().at(0)->getPos(), QPointF(100, 100));
+}
+
+void TestPageHost::newArtTextShowsItsHint()
+{
+    const QRectF place(100, 150, 240, 120);
+    CVXRootObject *art = drawArt(place.topLeft(), place.bottomRight());
+    AttributeMap attributes;
+    art->getAllAttributes(attributes);
+    QCOMPARE(attributes.value(QStringLiteral("text")).toString(), QString());
+    QCOMPARE(attributes.value(QStringLiteral("defaultword")).toString(),
+             QStringLiteral("Please input text"));
+    QCOMPARE(attributes.value(QStringLiteral("font_family")).toString(),
+             QStringLiteral("DejaVu Sans"));
+    session()->page()->scene()->clearSelection();
+    const QRgb grey = qRgb(64, 64, 64);
+    const QImage image = shown();
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y)
+            count += image.pixel(x, y) == grey;
+    }
+    QVERIFY2(count > 1000, qPrintable(QString::number(count)));
+}
+
+void TestPageHost::escapeGivesUpDrawingOfArtText()
+{
+    m_window->setTool(EditorTool::ArtText);
+    QTest::mousePress(canvas(), Qt::LeftButton, {}, at({100, 150}));
+    QCOMPARE(objects().size(), 1);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(objects().size(), 0);
+    QTest::mouseRelease(canvas(), Qt::LeftButton, {}, at({150, 200}));
+    QCOMPARE(objects().size(), 0);
+    QCOMPARE(session()->undoStack()->count(), 0);
+}
+
+void TestPageHost::doubleClickEditsArtText()
+{
+    const QRectF place(100, 150, 240, 120);
+    CVXRootObject *art = drawArt(place.topLeft(), place.bottomRight());
+    doubleClick(place.center());
+    QCOMPARE(session()->editedObject(), art);
+    type(QStringLiteral("art"));
+    QCOMPARE(TextCommands::plainText(art), QStringLiteral("art"));
+    QCOMPARE(TextCommands::storedText(art), QString());
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500})); // away
+    QVERIFY(!session()->editedObject());
+    QVERIFY(!art->graphicsItem()->isSelected());
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("art"));
+    QVERIFY(darkPixels(place) > 2000);
+    // A second edit begins with the text; the pointer sets the caret.
+    doubleClick(place.center());
+    QTest::keyClick(m_window->view(), Qt::Key_Home, Qt::ControlModifier);
+    type(QStringLiteral("p"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("part"));
+}
+
+void TestPageHost::doubleClickEditsArtTextAmongManySelected()
+{
+    CVXRootObject *art = drawArt({100, 150}, {200, 250});
+    CVXRootObject *other = drawArt({300, 150}, {400, 250});
+    trigger("selectAll");
+    doubleClick({150, 200});
+    QCOMPARE(session()->editedObject(), art);
+    QVERIFY(!other->graphicsItem()->isSelected());
+}
+
+void TestPageHost::editOfArtTextEnds_data()
+{
+    QTest::addColumn<QString>("way");
+    for (const char *way : {"away", "Escape", "select tool", "other object", "undo"})
+        QTest::newRow(way) << QString::fromLatin1(way);
+}
+
+void TestPageHost::editOfArtTextEnds()
+{
+    QFETCH(QString, way);
+    CVXRootObject *other = drawArt({400, 150}, {500, 250});
+    CVXRootObject *art = drawArt({100, 150}, {200, 250});
+    doubleClick({150, 200});
+    type(QStringLiteral("x"));
+    QCOMPARE(session()->editedObject(), art);
+    if (way == QLatin1String("away")) {
+        QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500}));
+    } else if (way == QLatin1String("Escape")) {
+        QTest::keyClick(m_window->view(), Qt::Key_Escape);
+        QVERIFY(art->graphicsItem()->isSelected());
+    } else if (way == QLatin1String("select tool")) {
+        trigger("selectTool");
+    } else if (way == QLatin1String("other object")) {
+        QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({450, 200}));
+        QVERIFY(other->graphicsItem()->isSelected());
+    } else {
+        trigger("undo");
+        QCOMPARE(TextCommands::storedText(art), QString());
+        trigger("redo");
+    }
+    QVERIFY(!session()->editedObject());
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("x"));
+    // Keys go to the program again.
+    QTest::keyClick(m_window->view(), Qt::Key_T);
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Text));
+}
+
+void TestPageHost::lockedArtTextIsNotEdited()
+{
+    CVXRootObject *art = drawArt({100, 150}, {200, 250});
+    art->setLocked(true, /*undo=*/false, /*notify=*/true);
+    doubleClick({150, 200});
+    QVERIFY(!session()->editedObject());
+    QVERIFY(!TextCommands::isEditing(art));
+}
+
+void TestPageHost::editOfArtTextIsUndoneAndRedone()
+{
+    const QRectF place(100, 150, 240, 120);
+    CVXRootObject *art = writeArt(place, QStringLiteral("one"));
+    doubleClick(place.center());
+    QTest::keyClick(m_window->view(), Qt::Key_A, Qt::ControlModifier);
+    type(QStringLiteral("two"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(session()->undoStack()->count(), 3); // drawn, written twice
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("two"));
+    trigger("undo");
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("one"));
+    QCOMPARE(QRectF(art->getPos(), art->getSize()), place);
+    trigger("undo");
+    QCOMPARE(TextCommands::storedText(art), QString());
+    trigger("undo");
+    QCOMPARE(objects().size(), 0);
+    for (int i = 0; i < 3; ++i)
+        trigger("redo");
+    QCOMPARE(only(), art);
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("two"));
+    QTRY_COMPARE(m_window->findChild<QAction *>(QStringLiteral("undo"))->text(),
+                 QStringLiteral("&Undo Change Text"));
+}
+
+void TestPageHost::editWithoutChangeLeavesNoStep()
+{
+    const QRectF place(100, 150, 240, 120);
+    CVXRootObject *art = writeArt(place, QStringLiteral("one"));
+    const int steps = session()->undoStack()->count();
+    doubleClick(place.center());
+    type(QStringLiteral("x"));
+    QTest::keyClick(m_window->view(), Qt::Key_Backspace);
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(session()->undoStack()->count(), steps);
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("one"));
+}
+
+void TestPageHost::keysOfEditedArtTextDoNotReachMenus_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("Backspace") << int(Qt::Key_Backspace) << 0 << QStringLiteral("ab");
+    QTest::newRow("Delete") << int(Qt::Key_Delete) << 0 << QStringLiteral("abc");
+    QTest::newRow("Ctrl+Z") << int(Qt::Key_Z) << int(Qt::ControlModifier) << QString();
+    QTest::newRow("Ctrl+A") << int(Qt::Key_A) << int(Qt::ControlModifier) << QStringLiteral("abc");
+    QTest::newRow("A") << int(Qt::Key_A) << 0 << QStringLiteral("abca");
+    QTest::newRow("V") << int(Qt::Key_V) << 0 << QStringLiteral("abcv");
+}
+
+void TestPageHost::keysOfEditedArtTextDoNotReachMenus()
+{
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    QFETCH(QString, expected);
+    CVXRootObject *art = drawArt({100, 150}, {340, 270});
+    doubleClick({200, 200});
+    QInputMethodEvent whole;
+    whole.setCommitString(QStringLiteral("abc"));
+    QCoreApplication::sendEvent(m_window->view(), &whole); // one step of the text's own undo
+    QCOMPARE(TextCommands::plainText(art), QStringLiteral("abc"));
+    QTest::keyClick(m_window->view(), Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QCOMPARE(session()->editedObject(), art);
+    QCOMPARE(TextCommands::plainText(art), expected);
+    QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Select));
+}
+
+void TestPageHost::composedChineseEntersArtText()
+{
+    CVXRootObject *art = drawArt({100, 150}, {340, 270});
+    QVERIFY(!m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
+    doubleClick({200, 200});
+    QVERIFY(m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
+    compose(QStringLiteral("ni'hao"));
+    compose(QString(), QStringLiteral("你好"));
+    QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500}));
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("你好"));
+}
+
+void TestPageHost::menusActOnEditedArtText()
+{
+    QGuiApplication::clipboard()->setText(QStringLiteral("mid"));
+    CVXRootObject *art = drawArt({100, 150}, {340, 270});
+    doubleClick({200, 200});
+    type(QStringLiteral("ab"));
+    QTest::keyClick(m_window->view(), Qt::Key_Left);
+    trigger("paste");
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(TextCommands::plainText(art), QStringLiteral("amidb"));
+    trigger("selectAll");
+    trigger("copy");
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("amidb"));
+    QCOMPARE(TextCommands::plainText(art), QStringLiteral("amidb"));
+    trigger("cut");
+    QCOMPARE(TextCommands::plainText(art), QString());
+    trigger("paste");
+    QTest::keyClick(m_window->view(), Qt::Key_Home);
+    trigger("delete");
+    QCOMPARE(TextCommands::plainText(art), QStringLiteral("midb"));
+    QCOMPARE(session()->editedObject(), art);
+}
+
+void TestPageHost::artTextIsMovedAndResizedByDrag()
+{
+    CVXRootObject *art = writeArt({100, 150, 240, 120}, QStringLiteral("moved"));
+    drag({220, 210}, {280, 250});
+    QCOMPARE(art->getPos(), QPointF(160, 190));
+    const QPointF corner = art->GetGraphicsItemPtr()->mapToScene(
+        art->handlePosition(CObjAction::ACT_BottomRight));
+    drag(corner, corner + QPointF(60, 40));
+    QCOMPARE(art->getSize(), QSizeF(300, 160));
+    drag(corner + QPointF(60, 40), art->getPos() + QPointF(1, 1));
+    QCOMPARE(art->getSize(), QSizeF(6, 6));
+    for (int i = 0; i < 3; ++i)
+        trigger("undo");
+    QCOMPARE(QRectF(art->getPos(), art->getSize()), QRectF(100, 150, 240, 120));
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("moved"));
+}
+
+void TestPageHost::copiedArtTextIsPastedBesideOriginal()
+{
+    CVXRootObject *original = writeArt({100, 150, 240, 120}, QStringLiteral("twice"));
+    CVXRootObject *line = writeLine({100, 400}, QStringLiteral("line"));
+    trigger("selectAll");
+    trigger("copy");
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("twice\nline"));
+    trigger("paste");
+    QCOMPARE(objects().size(), 4);
+    CVXRootObject *copy = objects().at(2);
+    QVERIFY(TextCommands::isArtText(copy));
+    QCOMPARE(TextCommands::storedText(copy), QStringLiteral("twice"));
+    QCOMPARE(copy->getPos(), original->getPos() + QPointF(16, 16));
+    QCOMPARE(copy->getSize(), original->getSize());
+    QVERIFY(TextCommands::isRichText(objects().at(3)));
+    QCOMPARE(TextCommands::plainText(objects().at(3)), QStringLiteral("line"));
+    trigger("cut");
+    QCOMPARE(objects(), QList<CVXRootObject *>({original, line}));
+}
+
+void TestPageHost::modifiedMarkFollowsTypingInArtText()
+{
+    writeArt({100, 150, 240, 120}, QStringLiteral("x"));
+    QTemporaryDir folder;
+    QString error;
+    QVERIFY2(session()->save(folder.filePath(QStringLiteral("a.vxpage")), error),
+             qPrintable(error));
+    QTRY_VERIFY(!m_window->isWindowModified());
+    doubleClick({220, 210});
+    QTRY_VERIFY(session()->editedObject());
+    QVERIFY(!session()->isModified());
+    type(QStringLiteral("y")); // the stack knows nothing of it yet
+    QVERIFY(session()->isModified());
+    QTest::keyClick(m_window->view(), Qt::Key_Backspace);
+    QVERIFY(!session()->isModified());
+}
+
+void TestPageHost::saveInEditOfArtTextGoesOnWithEdit()
+{
+    QTemporaryDir folder;
+    CVXRootObject *art = drawArt({100, 150}, {340, 270});
+    doubleClick({200, 200});
+    type(QStringLiteral("ac"));
+    QTest::keyClick(m_window->view(), Qt::Key_Left);
+    const QString fileName = folder.filePath(QStringLiteral("a.json"));
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QVERIFY(file.readAll().contains("\"textWord\": \"ac\""));
+    QCOMPARE(session()->editedObject(), art);
+    QVERIFY(!session()->isModified());
+    type(QStringLiteral("b"));
+    QTest::keyClick(m_window->view(), Qt::Key_Escape);
+    QCOMPARE(TextCommands::storedText(art), QStringLiteral("abc"));
+}
+
+void TestPageHost::savedArtTextIsEqualAfterReopening_data()
+{
+    savedPageIsEqualAfterReopening_data();
+}
+
+void TestPageHost::savedArtTextIsEqualAfterReopening()
+{
+    QFETCH(QString, name);
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(name);
+    writeArt({100, 150, 240, 120}, QStringLiteral("lettering"));
+    writeLine({100, 400}, QStringLiteral("line"));
+    session()->page()->scene()->clearSelection();
+    const QImage before = shown();
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+
+    QVERIFY(m_window->openFile(fileName));
+    QCOMPARE(objects().size(), 2);
+    QCOMPARE(TextCommands::storedText(only()), QStringLiteral("lettering"));
+    QVERIFY(!session()->isModified());
+    QCOMPARE(shown(), before);
+    // And once more.
+    const QString second = folder.filePath(QLatin1String("second-") + name);
+    QVERIFY2(session()->save(second, error), qPrintable(error));
+    QFile first(fileName);
+    QFile again(second);
+    QVERIFY(first.open(QIODevice::ReadOnly) && again.open(QIODevice::ReadOnly));
+    QCOMPARE(again.readAll(), first.readAll());
+}
+
+void TestPageHost::pageThatGoesWithItsEditedArtTextIsNoHarm()
+{
+    writeArt({100, 150, 240, 120}, QStringLiteral("undone"));
+    CVXRootObject *art = drawArt({100, 350}, {200, 450});
+    doubleClick({150, 400});
+    type(QStringLiteral("open"));
+    QCOMPARE(session()->editedObject(), art);
+    QPointer<QGraphicsObject> alive(art->GetGraphicsItemPtr()->toGraphicsObject());
+    m_window.reset();
+    QVERIFY(!alive);
 }
 
 // The program
