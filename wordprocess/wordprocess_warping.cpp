@@ -235,6 +235,8 @@ void CWordProcess::addWarpAttributes(AttributeMap &attributes) const
 
 void CWordProcess::updateMorphTextPaths()
 {
+    if (!m_newVersion) // never warped: the box is that of its own layout
+        return;
     if (m_editing) // text is always edited unwarped
         dropMorphPaths();
     else if (!bendTextPaths())

@@ -86,6 +86,8 @@ private Q_SLOTS:
     void charactersThatFit();
     void noCharactersFitIntoNothing();
     void limitThatIsNoNumberEnds();
+    void fitOfALongTextIsThatOfHalvingAllOfIt_data();
+    void fitOfALongTextIsThatOfHalvingAllOfIt();
     void fitNeverCutsACodePoint();
     void measuringTakesAnyNumbers();
 };
@@ -1070,6 +1072,84 @@ void TestFonts::limitThatIsNoNumberEnds()
         for (double limit : {notANumber, infinite, -infinite, 0.0}) {
             const int index = word.autoWrapIndex(text, OpenWord::format(), used, limit);
             QVERIFY(index >= -1 && index < 50);
+        }
+    }
+}
+
+void TestFonts::fitOfALongTextIsThatOfHalvingAllOfIt_data()
+{
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QVariant>("value");
+    const QString squares = loadBoxTestFont();
+    const QString serif = QStringLiteral("Noto Serif");
+    const QString latin = QStringLiteral("The fishy fjord waffles  on, ' a f  V.A.T. -- if (so).  ");
+    const QString arabic = QStringLiteral("\u0627\u0644\u0633\u0644\u0627\u0645 \u0639\u0644"
+                                          "\u064a\u0643\u0645\u060c 12 abc ");
+    const QString han = QStringLiteral("\u4e00\u4e01\u3002\u300c\u3042a \u4e02\U00020000");
+    QTest::newRow("Latin") << serif << latin << 0 << QVariant();
+    QTest::newRow("squares") << squares << latin << 0 << QVariant();
+    QTest::newRow("spaces") << serif << QStringLiteral("a          ") << 0 << QVariant();
+    QTest::newRow("only spaces") << serif << QStringLiteral("     ") << 0 << QVariant();
+    QTest::newRow("Han") << squares << han << 0 << QVariant();
+    QTest::newRow("Arabic") << QStringLiteral("Noto Sans Arabic") << arabic << 0 << QVariant();
+    QTest::newRow("joined") << QStringLiteral("Noto Sans Arabic") << QStringLiteral("\u0644\u0627")
+                            << 0 << QVariant();
+    QTest::newRow("marks") << serif << QStringLiteral("a\u0301\u0302\u0303") << 0 << QVariant();
+    QTest::newRow("spaced") << serif << latin << int(T::LetterSpacing) << QVariant(200);
+    QTest::newRow("tight") << serif << latin << int(T::LetterSpacing) << QVariant(-400);
+    QTest::newRow("gap") << serif << latin << int(T::LeadingGap) << QVariant(100);
+    QTest::newRow("wide") << serif << latin << int(T::HorizontalScale) << QVariant(300);
+    QTest::newRow("narrow") << serif << latin << int(T::HorizontalScale) << QVariant(20);
+    QTest::newRow("without width") << serif << latin << int(T::HorizontalScale) << QVariant(0);
+    QTest::newRow("turned over") << serif << latin << int(T::HorizontalScale) << QVariant(-100);
+    QTest::newRow("tall") << serif << latin << int(T::VerticalScale) << QVariant(300);
+    QTest::newRow("superscript") << serif << latin << int(QTextFormat::TextVerticalAlignment)
+                                 << QVariant(1);
+}
+
+/// The result of measuring every prefix that halving the whole text comes to.
+void TestFonts::fitOfALongTextIsThatOfHalvingAllOfIt()
+{
+    QFETCH(QString, family);
+    QFETCH(QString, text);
+    QFETCH(int, id);
+    QFETCH(QVariant, value);
+    QTextCharFormat format = OpenWord::format();
+    format.setFontFamily(family);
+    if (id)
+        format.setProperty(id, value);
+    text = text.repeated(300 / text.length());
+    for (int orientation : {1, 2}) {
+        OpenWord word;
+        word.m_textOrientation = orientation;
+        QHash<int, double> widths; // those that were needed
+        const auto widthOf = [&](int length) {
+            if (!widths.contains(length))
+                widths.insert(length, word.textWidth(text.left(length), format));
+            return widths.value(length);
+        };
+        for (double limit : {-5.0, 0.0, 7.5, 16.0, 64.0, 100.0, 333.0, 1000.0, widthOf(40)}) {
+            for (double used : {0.0, 20.0}) {
+                int low = 0;
+                int high = text.length() - 1;
+                while (low <= high) {
+                    const int middle = low + (high - low) / 2;
+                    const double width = widthOf(middle) + used;
+                    if (width == limit) {
+                        high = middle;
+                        break;
+                    }
+                    if (width > limit)
+                        high = middle - 1;
+                    else
+                        low = middle + 1;
+                }
+                if (high > 0 && text.at(high).isLowSurrogate())
+                    --high;
+                QCOMPARE(word.autoWrapIndex(text, format, used, limit), high);
+            }
         }
     }
 }

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The layouts of the older engine: line text and box text, along rows and columns, and where they differ from
 // those of the current one.
-#include "legacytext.h"
+#include "legacylines.h"
 
 #include "layout/textlayout.h"
 
@@ -89,17 +89,6 @@ private Q_SLOTS:
 
 namespace {
 using Lines = QStringList;
-
-/// The document's text as it stands in the lines; hyphens left out.
-QString textOf(const OldWord &word)
-{
-    QString text;
-    for (const STextLine &line : word.m_legacyLines) {
-        for (const STextItem &item : line.items)
-            text += item.isHyphen ? QString() : item.text;
-    }
-    return text;
-}
 
 QTextBlockFormat rules(int headTail, bool hyphenate)
 {
@@ -705,7 +694,7 @@ void TestLegacyLayout::noCodePointIsCut()
     word.makeBox(extent, extent);
     word.addBlock(text, rules(2, true));
     word.layOut();
-    QCOMPARE(textOf(word), text);
+    QCOMPARE(textOf(word.m_legacyLines), text);
     for (const STextLine &line : qAsConst(word.m_legacyLines)) {
         for (const STextItem &item : line.items) {
             QVERIFY(!item.text.at(0).isLowSurrogate());
@@ -786,7 +775,7 @@ void TestLegacyLayout::hyphenAtASeamPutsTheLetterOnTheNewLine()
     word.addRun(QStringLiteral("de"), red);
     word.layOut();
     QCOMPARE(word.runs(), Lines({QStringLiteral("ab|-"), QStringLiteral("c|de")}));
-    QCOMPARE(textOf(word), QStringLiteral("abcde"));
+    QCOMPARE(textOf(word.m_legacyLines), QStringLiteral("abcde"));
 }
 
 void TestLegacyLayout::forbiddenEndMovesAheadOfTheRest()
@@ -795,7 +784,7 @@ void TestLegacyLayout::forbiddenEndMovesAheadOfTheRest()
     word.makeBox(48, 200); // three full-width characters
     word.addBlock(QStringLiteral("\u4e00\u4e01\u300c\u4e02\u4e03"), rules(2, false));
     word.layOut();
-    QCOMPARE(textOf(word), QStringLiteral("\u4e00\u4e01\u300c\u4e02\u4e03"));
+    QCOMPARE(textOf(word.m_legacyLines), QStringLiteral("\u4e00\u4e01\u300c\u4e02\u4e03"));
     QCOMPARE(word.runs(), Lines({QStringLiteral("\u4e00\u4e01"),
                                  QStringLiteral("\u300c|\u4e02\u4e03")}));
 }
@@ -807,7 +796,7 @@ void TestLegacyLayout::movedItemsStandInReadingOrder()
     // The bracket may not end the line, and leaves a word at its end that moves too.
     word.addBlock(QStringLiteral("1 ab\u300c\u4e02"), rules(2, false));
     word.layOut();
-    QCOMPARE(textOf(word), QStringLiteral("1 ab\u300c\u4e02"));
+    QCOMPARE(textOf(word.m_legacyLines), QStringLiteral("1 ab\u300c\u4e02"));
     QCOMPARE(word.runs(), Lines({QStringLiteral("1 "), QStringLiteral("ab|\u300c|\u4e02")}));
 }
 
@@ -873,7 +862,7 @@ void TestLegacyLayout::nothingIsLostOrDoubled()
             text += piece;
         }
         word.layOut();
-        QCOMPARE(textOf(word), text);
+        QCOMPARE(textOf(word.m_legacyLines), text);
     }
 }
 
@@ -888,7 +877,7 @@ void TestLegacyLayout::longTextsEnd()
         word.makeBox(100, 100);
         word.addBlock(text, rules(2, true));
         word.layOut();
-        QCOMPARE(textOf(word), text);
+        QCOMPARE(textOf(word.m_legacyLines), text);
     }
 }
 
