@@ -9,58 +9,106 @@
 
 namespace {
 
-using Buffer = std::unique_ptr<uchar, decltype(&std::free)>;
-
-/// Where things lie in the work buffer: the image with a margin of the radius all around.
-struct Padding {
-    qint64 width, height; // of the image
+struct Measures {
+    qint64 width, height; // pixels of the image
     qint64 channels;      // bytes of a pixel
     qint64 radius;
 
     qint64 window() const { return 2 * radius + 1; }
-    qint64 rowBytes() const { return (width + 2 * radius) * channels; }
-    qint64 rows() const { return height + 2 * radius; }
-    /// Image cells from \a place on both sides that are not beyond the ends of \a length.
-    qint64 cells(qint64 place, qint64 length) const
+    qint64 rowBytes() const { return width * channels; }
+    qint64 marginBytes() const { return radius * channels; }
+    /// Places around \a place, itself included, that are in the window and not beyond \a length.
+    qint64 windowPart(qint64 place, qint64 length) const
     {
         return std::min(place + radius, length - 1) - std::max<qint64>(place - radius, 0) + 1;
     }
 };
 
-/// The image in the middle of zeros: sums over the margin are sums over the clipped window.
-Buffer paddedCopy(const QImage &image, const Padding &padding)
+using Bytes = std::unique_ptr<uchar, decltype(&std::free)>;
+
+/// The rows of the image one after the other, without padding; null without memory.
+Bytes copyOfRows(const QImage &image, const Measures &measures)
 {
-    Buffer buffer(static_cast<uchar *>(
-                      std::calloc(size_t(padding.rows()), size_t(padding.rowBytes()))),
-                  &std::free);
-    if (!buffer)
-        return buffer;
-    for (qint64 y = 0; y < padding.height; ++y) {
-        uchar *row = buffer.get() + (y + padding.radius) * padding.rowBytes();
-        std::copy_n(image.constScanLine(int(y)), padding.width * padding.channels,
-                    row + padding.radius * padding.channels);
+    Bytes rows(static_cast<uchar *>(
+                   std::malloc(size_t(measures.height) * size_t(measures.rowBytes()))),
+               &std::free);
+    for (qint64 y = 0; rows && y < measures.height; ++y) {
+        std::copy_n(image.constScanLine(int(y)), measures.rowBytes(),
+                    rows.get() + y * measures.rowBytes());
     }
-    return buffer;
+    return rows;
 }
 
-/// One row of means. \a columns holds, for each padded column and channel, the sum over the rows of
-/// the window; \a rowCells of these rows lie in the image.
-void writeMeans(const std::vector<int> &columns, const Padding &padding, qint64 rowCells,
-                uchar *out)
+/// For each byte of a row the sum over the rows of the window. There is a margin of zeros on both
+/// sides, so that sums over it are sums over the window clipped to the image.
+class ColumnSums
 {
-    const qint64 channels = padding.channels;
-    const qint64 reach = padding.window() * channels;
-    for (qint64 channel = 0; channel < channels; ++channel) {
-        qint64 sum = 0;
-        for (qint64 i = channel; i < reach; i += channels)
-            sum += columns[size_t(i)];
-        for (qint64 x = 0, i = channel; x < padding.width; ++x, i += channels) {
-            out[i] = uchar(sum / (rowCells * padding.cells(x, padding.width)));
-            if (x + 1 < padding.width)
-                sum += columns[size_t(i + reach)] - columns[size_t(i)];
+public:
+    ColumnSums(const uchar *rows, const Measures &measures)
+        : m_rows(rows)
+        , m_measures(measures)
+        , m_sums(size_t(measures.rowBytes() + 2 * measures.marginBytes()), 0)
+        , m_shares(size_t(measures.width))
+    {
+        for (qint64 y = 0; y < measures.radius; ++y)
+            add(y, 1);
+    }
+
+    /// To the row \a y, from the one before it.
+    void moveTo(qint64 y)
+    {
+        add(y + m_measures.radius, 1);
+        add(y - m_measures.radius - 1, -1);
+        const qint64 rowsInWindow = m_measures.windowPart(y, m_measures.height);
+        if (rowsInWindow == m_rowsInWindow)
+            return;
+        m_rowsInWindow = rowsInWindow;
+        for (qint64 x = 0; x < m_measures.width; ++x) {
+            m_shares[size_t(x)] =
+                1.0 / double(rowsInWindow * m_measures.windowPart(x, m_measures.width));
         }
     }
-}
+
+    /// The means of the row, channel by channel.
+    void writeMeans(uchar *out) const
+    {
+        const qint64 reach = m_measures.window() * m_measures.channels;
+        for (qint64 channel = 0; channel < m_measures.channels; ++channel) {
+            const int *entering = m_sums.data() + channel;
+            const int *leaving = entering;
+            qint64 sum = 0;
+            for (; entering < m_sums.data() + reach - m_measures.channels;
+                 entering += m_measures.channels)
+                sum += *entering;
+            for (qint64 x = 0, i = channel; x < m_measures.width; ++x, i += m_measures.channels) {
+                sum += *entering;
+                // The quotient cut off: half a unit outweighs what the share is rounded by, and no
+                // mean of bytes is above 255.
+                out[i] = uchar((double(sum) + 0.5) * m_shares[size_t(x)]);
+                sum -= *leaving;
+                entering += m_measures.channels;
+                leaving += m_measures.channels;
+            }
+        }
+    }
+
+private:
+    void add(qint64 y, int sign)
+    {
+        if (y < 0 || y >= m_measures.height)
+            return;
+        const uchar *row = m_rows + y * m_measures.rowBytes();
+        int *sums = m_sums.data() + m_measures.marginBytes();
+        for (qint64 i = 0; i < m_measures.rowBytes(); ++i)
+            sums[i] += sign * row[i];
+    }
+
+    const uchar *m_rows;
+    const Measures m_measures;
+    std::vector<int> m_sums;
+    std::vector<double> m_shares; // 1 / cells of the window about each column
+    qint64 m_rowsInWindow = 0;
+};
 
 } // namespace
 
@@ -68,27 +116,17 @@ bool ThBlurMore(QImage &image, int radius)
 {
     if (radius < 1 || image.isNull())
         return false;
-    const Padding padding{image.width(), image.height(), image.depth() / 8,
-                          std::min({radius, image.width() / 4, image.height() / 4})};
-    if (padding.channels == 0) // less than a byte a pixel
+    const Measures measures{image.width(), image.height(), image.depth() / 8,
+                            std::min({radius, image.width() / 4, image.height() / 4})};
+    if (measures.channels == 0) // less than a byte a pixel
         return true;
-    const Buffer buffer = paddedCopy(image, padding);
-    if (!buffer)
+    const Bytes rows = copyOfRows(image, measures);
+    if (!rows)
         return false;
-
-    const qint64 rowBytes = padding.rowBytes();
-    std::vector<int> columns(size_t(rowBytes), 0);
-    const auto addRow = [&](qint64 y, int sign) {
-        const uchar *row = buffer.get() + y * rowBytes;
-        for (qint64 i = 0; i < rowBytes; ++i)
-            columns[size_t(i)] += sign * row[i];
-    };
-    for (qint64 y = 0; y < padding.window() - 1; ++y)
-        addRow(y, 1);
-    for (qint64 y = 0; y < padding.height; ++y) {
-        addRow(y + padding.window() - 1, 1);
-        writeMeans(columns, padding, padding.cells(y, padding.height), image.scanLine(int(y)));
-        addRow(y, -1);
+    ColumnSums sums(rows.get(), measures);
+    for (qint64 y = 0; y < measures.height; ++y) {
+        sums.moveTo(y);
+        sums.writeMeans(image.scanLine(int(y)));
     }
     return true;
 }
