@@ -329,6 +329,7 @@ private Q_SLOTS:
     void plainRectangleHasAPointForEachColumnAndBothEnds();
     void triangleHasItsTopTwice();
     void strokeRunsDownwardsOrUpwards();
+    void textOverTheUpwardStrokeIsMirrored();
     void cosineWaveBeginsAtItsLowestPoint();
     void firstLineOfAWaveDoesNotCountTheTop();
     void middleOfAnOddHeightDependsOnTheEdge();
@@ -466,6 +467,21 @@ void TestArtStyles::strokeRunsDownwardsOrUpwards()
     QVERIFY(up.first() == (Spot{2048, 4096}));
     std::reverse(up.begin(), up.end());
     QVERIFY2(up == down, qPrintable(difference(up, down)));
+}
+
+void TestArtStyles::textOverTheUpwardStrokeIsMirrored()
+{
+    const auto bent = [](int style, double x) { // of a point on the baseline
+        OpenArtText art;
+        art.Resize(CSize(4096, 4096), style);
+        const QPainterPath path = art.lensDeform(QPainterPath(QPointF(x, 4096)), QPointF(),
+                                                 QSizeF(4096, 4096), CSize(4096, 4096), false);
+        return QPointF(path.elementAt(0));
+    };
+    QCOMPARE(bent(12, 1024), QPointF(2048, 2560));
+    QCOMPARE(bent(13, 3072), QPointF(2048, 2560));
+    QCOMPARE(bent(12, 3072), QPointF(2048, 3584));
+    QCOMPARE(bent(13, 1024), QPointF(2048, 3584));
 }
 
 void TestArtStyles::cosineWaveBeginsAtItsLowestPoint()
