@@ -184,7 +184,7 @@ void CVxArtText::setPlainText(const QString &text)
 {
     m_textWord = text;
     generatePath(m_fontSomehow);
-    CBaseObject::update();
+    update();
 }
 
 QString CVxArtText::getTextHtml()

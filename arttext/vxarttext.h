@@ -115,7 +115,7 @@ public:
     void setTextMark(int mark);
     /// Aligns the whole text: 1 left, 2 right, 4 centre, 8 justified; other values change nothing.
     void setTextAlign(Qt::Alignment alignment);
-    /// Makes the block a list item: 0 none, 1 to 8 the kinds of QTextListFormat::Style.
+    /// Makes the block a list item: 0 none, 2 to 8 the negative QTextListFormat::Style, others a disc.
     void setTextStyle(int style);
     /// Does nothing: whoever calls it has stored the value.
     void setLetterSpacing(double spacing);

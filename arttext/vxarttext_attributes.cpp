@@ -310,7 +310,7 @@ bool CVxArtText::setAllAttributes(const AttributeMap &attributes, bool withUndo)
     const bool taken = CBaseObject::setAllAttributes(attributes, withUndo);
     command.run();
     if (!command.hasChanged()) {
-        CBaseObject::update();
+        update();
         return taken || command.hasColors();
     }
     showChange();
@@ -327,7 +327,7 @@ void CVxArtText::setAttributesFromStream(QDataStream &stream)
     if (command.hasChanged())
         showChange();
     else
-        CBaseObject::update();
+        update();
 }
 
 /// Makes the outlines anew and repaints.
@@ -335,7 +335,7 @@ void CVxArtText::showChange()
 {
     clearLayerEffectCache(EffectCacheReason::ContentChanged);
     generatePath(m_fontSomehow);
-    CBaseObject::update();
+    update();
 }
 
 /// Nothing may follow: whoever listens may release the object.
