@@ -129,13 +129,32 @@ same()
     [ "$2" = "$3" ] || fail "$1: '$2' is not '$3'"
 }
 
+double_click()
+{
+    xdotool mousemove "$1" "$2" click --repeat 2 --delay 60 1
+    sleep "$pause"
+}
+
+# alike WHAT A B, of canvas pictures; unlike the same.
+alike()
+{
+    local difference=
+    difference=$(compare -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
+}
+unlike()
+{
+    ! compare -metric AE "$2.png" "$3.png" null: >/dev/null 2>&1 || fail "$1: nothing differs"
+}
+
 strings() { python3 "$inspect" strings "$1"; }
 text() { python3 "$inspect" text "$1"; }
+art() { python3 "$inspect" art "$1"; }
 
 cat >page.json <<'PAGE'
 { "format": "vxpage", "version": 1, "page": { "width": 800, "height": 600, "background": "#fffdf5" } }
 PAGE
 
+cp page.json page-empty.json
 start_screen
 start_editor "$work/page.json"
 
@@ -191,8 +210,7 @@ save_as copy.vxpage
 quit_editor
 start_editor "$work/copy.vxpage"
 canvas 10-reopened
-difference=$(compare -metric AE 9-redone.png 10-reopened.png null: 2>&1) ||
-    fail "the page looks different after opening: $difference pixels"
+alike "the page after opening" 9-redone 10-reopened
 save_as copy.json
 same "document string after save, close, open, save" "$(strings copy.json)" "$whole"
 
@@ -217,6 +235,65 @@ kill -0 "$editor" || fail "Cancel closes the editor"
 focus "copy.json"
 keys ctrl+s
 same "objects" "$(python3 "$inspect" count copy.json)" "2"
+quit_editor
+
+echo "draw an art text"
+cp page-empty.json art.json
+start_editor "$work/art.json"
+canvas 20-art-empty-page
+keys a
+drag 300 180 700 330
+shot 21-art-drawn
+same "art text that is drawn" "$(keys ctrl+s; art art.json)" '400x150 ""'
+
+echo "double click, type, click away"
+double_click 500 250
+shot 22-art-edit
+typed "Art Text"
+shot 23-art-typed
+xdotool mousemove 500 640 click 1
+sleep "$pause"
+canvas 24-art-written
+unlike "the page with an art text" 20-art-empty-page 24-art-written
+keys ctrl+s
+same "art text that is written" "$(art art.json)" '400x150 "Art Text"'
+
+echo "undo, redo"
+keys ctrl+z
+canvas 25-art-undone
+unlike "the page after undo" 24-art-written 25-art-undone
+keys ctrl+s
+same "art text after undo" "$(art art.json)" '400x150 ""'
+keys ctrl+z
+canvas 26-art-gone
+alike "the page after two undos" 20-art-empty-page 26-art-gone
+keys ctrl+shift+z ctrl+shift+z Escape
+canvas 27-art-redone
+alike "the page after redo" 24-art-written 27-art-redone
+
+echo "beside a rich text; save in the other form, close, open"
+keys t
+drag 300 420 800 560
+typed "Beside an art text"
+keys Escape Escape ctrl+s
+canvas 28-art-and-text
+whole=$(art art.json; strings art.json)
+save_as art.vxpage
+quit_editor
+start_editor "$work/art.vxpage"
+canvas 29-art-reopened
+alike "the page with an art text after opening" 28-art-and-text 29-art-reopened
+save_as art-copy.json
+same "art text after save, close, open, save" "$(art art-copy.json; strings art-copy.json)" "$whole"
+cmp art.json art-copy.json || fail "the page is not the same after it went through the other form"
+
+echo "edit again, Escape"
+double_click 500 250
+keys ctrl+a
+typed "New"
+keys Escape ctrl+s
+same "art text that is edited again" "$(art art-copy.json)" '400x150 "New"'
+shot 30-art-edited-again
 quit_editor
 
 echo "a broken file"

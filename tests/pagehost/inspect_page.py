@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|count FILE"""
+"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|art|count FILE"""
 import json
 import sys
 
@@ -11,7 +11,13 @@ def read(name):
 
 
 def documents(objects):
-    return [json.loads(item["record"]["params"]["document_data"]) for item in objects]
+    return [json.loads(item["record"]["params"]["document_data"]) for item in objects
+            if item["kind"] == "rich_text"]
+
+
+def print_art_texts(objects):
+    for record in (item["record"] for item in objects if item["kind"] == "art_text"):
+        print(f'{record["width"]:g}x{record["height"]:g} "{record["textWord"]}"')
 
 
 def runs_with(document, key, is_set):
@@ -32,6 +38,8 @@ def main():
     objects = read(name)
     if question == "count":
         print(len(objects))
+    elif question == "art":
+        print_art_texts(objects)
     for document in documents(objects):
         if question == "strings":
             print(json.dumps(document, ensure_ascii=False))
