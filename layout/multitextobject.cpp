@@ -123,21 +123,23 @@ QList<QString> CMultiTextOjbect::CJKSplit(const QString &text) const
     return uprightPieces(text);
 }
 
-BoxPass CMultiTextOjbect::startPass() const
+BoxPass CMultiTextOjbect::startPass()
 {
+    m_outlines.startLayout();
     const TextScales factors = scales();
     BoxPass pass(box(), dpi(), factors.transformScaleX * factors.scaleX,
-                 factors.transformScaleY * factors.scaleY, orientation());
+                 factors.transformScaleY * factors.scaleY, orientation(), m_outlines);
     pass.layout = startLayout();
     pass.followsText = autoWordWrap();
     pass.search = m_search;
     return pass;
 }
 
-// Ends every layout. A pending stretch has taken effect now and is folded into the lasting one.
+// Ends every layout. The lines hold the outlines, and a second copy of all of them would only cost
+// memory. A pending stretch has taken effect now and is folded into the lasting one.
 void CMultiTextOjbect::publish(const BoxPass &pass, const QRectF &box)
 {
-    updateData(pass.layout, box, unitedLineRects(pass.layout.lines), outlinesOf(pass.layout));
+    updateData(pass.layout, box, unitedLineRects(pass.layout.lines), QPainterPath());
     setScales({1.0, 1.0, pass.kx, pass.ky});
 }
 

@@ -3,6 +3,7 @@
 #define MULTITEXTOBJECT_H
 
 #include "layout/fittingsearch.h"
+#include "layout/outlines.h"
 #include "layout/textobjectbase.h"
 
 struct BoxPass;
@@ -42,10 +43,11 @@ public:
                                        int &fragmentIndex, int &charIndex);
 
 private:
-    BoxPass startPass() const;
+    BoxPass startPass();
     void publish(const BoxPass &pass, const QRectF &box);
 
     FittingSearch m_search = FittingSearch::Fast;
+    OutlineSource m_outlines;
 };
 
 #endif // MULTITEXTOBJECT_H

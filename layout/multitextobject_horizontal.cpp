@@ -162,7 +162,8 @@ struct RowExtent {
     qreal descent = 0;
 };
 
-// The hull of the control points decides most cases at a lower price than the exact bounds.
+// The hull of the control points decides most cases at a lower price than the exact bounds, here and
+// at the end of a row.
 bool isBelow(const QPainterPath &outline, qreal bottom)
 {
     return !outline.isEmpty() && outline.controlPointRect().bottom() > bottom
@@ -199,7 +200,8 @@ void outlineRun(TextFragment &run, qreal baseline, bool isLast, qreal &thickness
         thickness = grownThickness(thickness, own, pass.ky);
     }
     std::optional<qreal> inkEnd;
-    if (isLast && !outline.isEmpty())
+    if (isLast && !outline.isEmpty()
+        && outline.controlPointRect().right() > run.start + run.advance)
         inkEnd = outline.boundingRect().right();
     extent.span.add(run, isLast, inkEnd);
     extent.ascent = qMax(extent.ascent, ascent);

@@ -78,12 +78,13 @@ const BoxRunStyle &BoxRunStyles::of(const QTextCharFormat &format)
 }
 
 BoxPass::BoxPass(const QRectF &clientRect, int documentDpi, qreal stretchX, qreal stretchY,
-                 Qt::Orientation orientation)
+                 Qt::Orientation orientation, OutlineSource &outlineSource)
     : box(clientRect)
     , dpi(documentDpi)
     , kx(stretchX)
     , ky(stretchY)
     , styles(documentDpi, stretchX, stretchY, orientation)
+    , outlines(outlineSource)
 {
 }
 
@@ -177,16 +178,4 @@ void addToLine(TextLine &line, const QPainterPath &outline)
         line.path = outline;
     else
         line.path.addPath(outline);
-}
-
-QPainterPath outlinesOf(const TextLayout &layout)
-{
-    int elements = 0;
-    for (const TextLine &line : layout.lines)
-        elements += line.path.elementCount();
-    QPainterPath outlines;
-    outlines.reserve(elements);
-    for (const TextLine &line : layout.lines)
-        outlines.addPath(line.path);
-    return outlines;
 }

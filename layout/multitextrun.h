@@ -47,7 +47,7 @@ private:
 /// State across the blocks of one layout of box text.
 struct BoxPass {
     BoxPass(const QRectF &clientRect, int documentDpi, qreal stretchX, qreal stretchY,
-            Qt::Orientation orientation);
+            Qt::Orientation orientation, OutlineSource &outlineSource);
 
     const QRectF box;
     const int dpi;
@@ -60,7 +60,7 @@ struct BoxPass {
     qreal afterSpace = 0; ///< a block without the property repeats the last value
     bool isFull = false;  ///< no room for more: the rest of the document has no lines
     BoxRunStyles styles;
-    OutlineSource outlines;
+    OutlineSource &outlines;
     UnderlineThickness thickness;
 };
 
@@ -120,8 +120,5 @@ qreal emptyLineStart(int alignment, const BlockMeasures &measures, qreal length)
 
 /// Appends \a outline to that of its line. A line of one run shares the outline of the run.
 void addToLine(TextLine &line, const QPainterPath &outline);
-
-/// The outlines of all lines, one after the other.
-QPainterPath outlinesOf(const TextLayout &layout);
 
 #endif // MULTITEXTRUN_H

@@ -37,6 +37,9 @@ qreal onGrid(qreal coordinate)
     return std::trunc(coordinate * 64) / 64;
 }
 
+// Elements of the glyphs that are kept from layout to layout: about 24 bytes each, some 40 a glyph.
+constexpr int glyphElementLimit = 1 << 20;
+
 // What addText() adds to the glyphs, or draws with glyphs of another size, is left to it.
 bool isPlain(const QFont &font)
 {
@@ -66,6 +69,16 @@ QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &t
     QPainterPath outline;
     outline.addText(pen, font, text);
     return outline;
+}
+
+void OutlineSource::startLayout()
+{
+    m_characters.clear();
+    m_widths.clear();
+    if (m_glyphElements > glyphElementLimit) {
+        m_glyphs.clear();
+        m_glyphElements = 0;
+    }
 }
 
 QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QString &text)
@@ -125,7 +138,12 @@ QPainterPath OutlineSource::glyph(const QRawFont &font, quint32 index)
 {
     QHash<quint32, QPainterPath> &glyphs = m_glyphs[font];
     const auto known = glyphs.find(index);
-    return known != glyphs.end() ? *known : *glyphs.insert(index, font.pathForGlyph(index));
+    if (known != glyphs.end())
+        return *known;
+    const QPainterPath outline = font.pathForGlyph(index);
+    m_glyphElements += outline.elementCount();
+    glyphs.insert(index, outline);
+    return outline;
 }
 
 QPainterPath OutlineSource::character(const QPointF &pen, const QFont &font, const QString &text)

@@ -9,12 +9,16 @@
 #include <QRawFont>
 #include <QString>
 
-/// Makes the outlines of one layout; a glyph or an upright character that comes again is copied
-/// and not made again. Shapes text with the shaper that addText() itself uses. Lives as long as the layout that it serves, so that what it keeps is bounded
-/// by the text. The outlines are those of QPainterPath::addText(), to the last few bits.
+/// Makes the outlines of layout after layout; a glyph or an upright character that comes again is
+/// copied and not made again. Shapes text with the shaper that addText() itself uses. The outlines
+/// are those of QPainterPath::addText(), to the last few bits.
 class OutlineSource
 {
 public:
+    /// Begins a layout: forgets what a font of the same description may no longer look like, and the
+    /// glyphs too when they have become many.
+    void startLayout();
+
     /// Outline of \a text in \a font with its pen at \a pen.
     QPainterPath text(const QPointF &pen, const QFont &font, const QString &text);
 
@@ -28,7 +32,8 @@ private:
     QPainterPath fromGlyphs(const QPointF &pen, const QFont &font, const QString &text);
     QPainterPath glyph(const QRawFont &font, quint32 index);
 
-    QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs;
+    QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs; // of loaded fonts: they never change
+    int m_glyphElements = 0;
     QHash<QFont, QHash<QString, QPainterPath>> m_characters; // with their pens at (0, 0)
     QHash<QFont, QHash<QString, qreal>> m_widths;
 };

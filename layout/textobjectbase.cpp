@@ -40,8 +40,18 @@ void CTextObjectBase::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brush
     box.addRect(m_oriRect);
     paths.append(box);
     brushes.append(QBrush(QColor(0x2E, 0x3C, 0x63)));
-    paths.append(m_textPath);
+    paths.append(textPath());
     brushes.append(QBrush(QColor(0xA0, 0xA0, 0xA0)));
+}
+
+QPainterPath CTextObjectBase::textPath() const
+{
+    QPainterPath sum = m_textPath;
+    if (sum.isEmpty()) {
+        for (const TextLine &line : m_layout.lines)
+            sum.addPath(line.path);
+    }
+    return sum;
 }
 
 QLineF CTextObjectBase::cursorLine(int pos, bool forward) const

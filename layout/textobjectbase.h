@@ -38,7 +38,8 @@ public:
     /// placeholder word.
     void layout();
 
-    /// Stores a finished layout. The path rectangle before it is kept as the last one.
+    /// Stores a finished layout. The path rectangle before it is kept as the last one. An empty
+    /// \a path stands for the outlines of the lines.
     void updateData(const TextLayout &layout, const QRectF &oriRect, const QRectF &pathRect,
                     const QPainterPath &path);
 
@@ -77,12 +78,15 @@ protected:
     /// An empty layout in the object's orientation and dpi.
     TextLayout startLayout() const;
 
+    /// All outlines of the last layout.
+    QPainterPath textPath() const;
+
     CWordProcess *m_object;
     TextLayout m_layout;
     QRectF m_oriRect;
     QRectF m_pathRect;
     QRectF m_lastPathRect;
-    QPainterPath m_textPath;
+    QPainterPath m_textPath; ///< see textPath()
     QLineF m_defaultCursorLine;
 };
 

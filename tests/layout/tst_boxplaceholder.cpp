@@ -197,6 +197,12 @@ void TestBoxPlaceholder::noWordKeepsTheResultBefore()
     manager.layout();
     QCOMPARE(manager.textLayout().lines.size(), 1);
     QCOMPARE(manager.textOriRect(), QRectF(0, 0, 100, 50));
+    QList<QPainterPath> paths;
+    QList<QBrush> brushes;
+    manager.textPaths(paths, brushes);
+    QCOMPARE(paths.size(), 2);
+    QCOMPARE(paths.last(), manager.textLayout().lines.first().path); // "ab", as it was
+    QVERIFY(!paths.last().isEmpty());
     prepare(text, QStringLiteral("AB"));
     manager.layout();
     QCOMPARE(manager.textLayout().lines.size(), 0);

@@ -42,6 +42,7 @@ private Q_SLOTS:
     void characterIsThatOfAddText_data();
     void characterIsThatOfAddText();
     void widthOfCharacterIsThatOfItsText();
+    void glyphsOfEarlierLayoutsAreThoseOfTheFont();
     void neighboursChangeSimpleCharactersByKerningOnly_data();
     void neighboursChangeSimpleCharactersByKerningOnly();
 };
@@ -143,6 +144,26 @@ void TestOutlines::widthOfCharacterIsThatOfItsText()
     QCOMPARE(source.characterWidth(font, QStringLiteral("a")), 8.0);
     font.setPixelSize(32); // another font is another character
     QCOMPARE(source.characterWidth(font, QStringLiteral("a")), 16.0);
+}
+
+// Each round with glyphs of its own; together they are more than the source keeps.
+void TestOutlines::glyphsOfEarlierLayoutsAreThoseOfTheFont()
+{
+    QFont font(QStringLiteral("Noto Sans CJK SC"));
+    OutlineSource source;
+    const QPointF pen(12.37, 45.91);
+    const QString text = QString::fromUtf8("永和九年歲在癸丑暮春之初會於會稽山陰之蘭亭修禊事也");
+    int elements = 0;
+    for (int size = 8; elements <= 3 << 19; ++size) {
+        font.setPixelSize(size);
+        source.startLayout();
+        for (int round = 0; round < 2; ++round) {
+            QPainterPath expected;
+            expected.addText(pen, font, text);
+            QCOMPARE(differenceOf(source.text(pen, font, text), expected), QString());
+            elements += expected.elementCount();
+        }
+    }
 }
 
 void TestOutlines::neighboursChangeSimpleCharactersByKerningOnly_data()
