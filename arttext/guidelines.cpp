@@ -82,6 +82,33 @@ bool createWave(const Wave &wave, tagPOINT **points, unsigned int *count, Functi
         });
 }
 
+qint64 stepsOfLine(int x1, int y1, int x2, int y2)
+{
+    return std::max(std::abs(qint64(x2) - x1), std::abs(qint64(y2) - y1));
+}
+
+/// Calls \a visit for each point of the line. A template, since it runs for thousands of short lines.
+template<typename Visit>
+void walkLine(int x1, int y1, int x2, int y2, Visit visit)
+{
+    visit(x1, y1);
+    const qint64 steps = stepsOfLine(x1, y1, x2, y2);
+    if (steps <= 1) { // no sums to accumulate
+        if (steps == 1)
+            visit(x2, y2);
+        return;
+    }
+    const double stepX = double(qint64(x2) - x1) / double(steps);
+    const double stepY = double(qint64(y2) - y1) / double(steps);
+    double x = x1;
+    double y = y1;
+    for (qint64 step = 0; step < steps; ++step) {
+        x += stepX;
+        y += stepY;
+        visit(truncated(x), truncated(y));
+    }
+}
+
 } // namespace
 
 bool CArtText::CreateRound(CPoint center, float radius, tagPOINT **points, unsigned short *count,
@@ -261,24 +288,12 @@ bool CArtText::DrawEllipse(const CPoint *threePoints, int guide, bool upper)
 void CArtText::DDADrawLine_DDALine(int x1, int y1, int x2, int y2, LineCallback callback,
                                    void *context)
 {
-    callback(x1, y1, context);
-    const qint64 steps = countPoints(x1, y1, x2, y2) - 1;
-    if (steps == 0)
-        return;
-    const double stepX = double(qint64(x2) - x1) / double(steps);
-    const double stepY = double(qint64(y2) - y1) / double(steps);
-    double x = x1;
-    double y = y1;
-    for (qint64 step = 0; step < steps; ++step) {
-        x += stepX;
-        y += stepY;
-        callback(truncated(x), truncated(y), context);
-    }
+    walkLine(x1, y1, x2, y2, [=](int x, int y) { callback(x, y, context); });
 }
 
 qint64 CArtText::countPoints(int x1, int y1, int x2, int y2)
 {
-    return std::max(std::abs(qint64(x2) - x1), std::abs(qint64(y2) - y1)) + 1;
+    return stepsOfLine(x1, y1, x2, y2) + 1;
 }
 
 void CArtText::addSegment(int x, int y, void *context)
@@ -306,8 +321,8 @@ bool CArtText::FillOut(tagPOINT **points, unsigned int *count)
     if (!fill.points)
         return false;
     for (unsigned int i = 1; i < given; ++i) {
-        DDADrawLine_DDALine(int(line[i - 1].x), int(line[i - 1].y), int(line[i].x), int(line[i].y),
-                            addSegment, &fill);
+        walkLine(int(line[i - 1].x), int(line[i - 1].y), int(line[i].x), int(line[i].y),
+                 [&fill](int x, int y) { addSegment(x, y, &fill); });
     }
     std::free(*points);
     *points = fill.points;
