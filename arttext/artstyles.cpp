@@ -4,6 +4,7 @@
 #include "arttext/artstyles.h"
 
 #include "arttext/arttexthelper.h"
+#include "common/truncated.h"
 
 #include <algorithm>
 #include <array>
@@ -303,7 +304,7 @@ void draw(const ArcStyle &style, const Frame &frame, CArtText &art)
 
 void drawWave(int guide, const WaveStyle &style, double y, const Frame &frame, CArtText &art)
 {
-    const CPoint origin{frame.left, qint64(y)}; // cut off
+    const CPoint origin{frame.left, truncated(y)};
     const auto cycles = float(style.cycles);
     const double amplitude = frame.height / 6.0;
     const double period = style.cycles == 1 ? double(frame.width) : float(frame.width) * 0.5;
