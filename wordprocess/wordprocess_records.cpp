@@ -13,6 +13,7 @@
 
 #include <QDataStream>
 #include <QJsonObject>
+#include <QTextBlock>
 #include <QTextDocumentFragment>
 #include <QtMath>
 
@@ -55,6 +56,18 @@ constexpr double sameAngle = 1e-6; // degrees that an angle may lose on its way 
 double withoutNoise(double stretch)
 {
     return QString::number(stretch, 'g', 10).toDouble();
+}
+
+/// HTML tells left and right of the page, whatever way the text runs; alignments of ours are plain.
+void makeAlignmentsPlain(QTextDocument &document)
+{
+    QTextCursor cursor(&document);
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        format.setAlignment(format.alignment() & ~Qt::AlignAbsolute);
+        cursor.setPosition(block.position());
+        cursor.setBlockFormat(format);
+    }
 }
 
 double real(const AttributeMap &params, QLatin1String key)
@@ -221,6 +234,7 @@ void CWordProcess::readHtml(const QString &html)
 {
     HtmlDocument reader;
     reader.setHtml(html);
+    makeAlignmentsPlain(reader);
     m_document->clear();
     QTextCursor(m_document).insertFragment(QTextDocumentFragment(&reader));
     deserialization(serialize(false), false); // the formats take on our own vocabulary

@@ -19,6 +19,7 @@ private Q_SLOTS:
     void olderRecordsStayOnTheOlderEngine();
     void newVersionFalseIsTheOlderEngine();
     void htmlKeepsTextAndFormats();
+    void htmlAlignmentsArePlain();
     void htmlOpensNoFile();
     void htmlReplacesWhatTheObjectHad();
     void htmlCountsOnlyWithoutADocumentString();
@@ -215,6 +216,23 @@ void TestRecordGenerations::htmlKeepsTextAndFormats()
         QCOMPARE(again.toPlainText(), word.toPlainText());
         QCOMPARE(formatAt(again, 0).foreground().color(), QColor(255, 0, 0));
         QVERIFY(formatAt(again, 5).fontItalic());
+    }
+}
+
+void TestRecordGenerations::htmlAlignmentsArePlain()
+{
+    const std::pair<QString, int> alignments[] = {{QStringLiteral("left"), 1},
+                                                  {QStringLiteral("right"), 2},
+                                                  {QStringLiteral("center"), 4},
+                                                  {QStringLiteral("justify"), 8},
+                                                  {QString(), 1}};
+    for (const auto &alignment : alignments) {
+        RecordingHost host;
+        OpenWord word(&host);
+        const QString html = QStringLiteral("<p align=\"%1\">a</p>").arg(alignment.first);
+        QVERIFY(oldestRecord(html).load(word, Form::Stream));
+        const QTextBlockFormat format = word.m_document->firstBlock().blockFormat();
+        QCOMPARE(format.property(TextProperty::Alignment), QVariant(alignment.second));
     }
 }
 
