@@ -47,7 +47,7 @@ QImage warpSheet(CVXRootObject *object, Page *page, const PageRenderer::Options 
         }
         cells.append({argumentOf(warp), QImage::fromData(png)});
     }
-    const QImage sheet = contactSheet(cells, columns, options.background);
+    QImage sheet = contactSheet(cells, columns, options.background);
     if (sheet.isNull())
         error = QStringLiteral("the sheet would be too large");
     return sheet;
