@@ -23,14 +23,17 @@
 
 #include <atomic>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <optional>
 
 class CArtText;
 class CTextObjectBase;
 class CWordManager;
+class OutlineSource;
 class QJsonArray;
 class QTextBlock;
+struct CSize;
 struct TextLayout;
 struct TextLine;
 
@@ -221,6 +224,54 @@ public:
     void setPathElementPos(QPainterPath &path, int index, QPointF pos);
     /// Baselines of the unwarped text, item coordinates at stretch 1.
     QList<QLineF> getAllBaseLines() const;
+
+    // warp handlers: the older way to warp, one function a style. Nothing that is painted goes through them.
+    // Each bends paths in place between two guide lines of the art engine, which stay there, or over a net.
+    // rect: box of the text; bounds: box of all paths; outRect: receives the warped box, its corner being the offset
+    // by which it grew; pathBounds: receives the box of the result. False for a value of 0 or not finite, and
+    // where a guide line cannot be drawn; paths may have changed by then.
+    bool warpArcHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                       QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpArcLowerHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                            QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpArcUpperHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                            QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpArchHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpBulgeHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                         QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpShellLowerHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                              QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpShellUpperHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                              QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpFlagHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpWaveHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpFishHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpRiseHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpFisheyeHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                           QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpInflateHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                           QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpSqueezeHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                           QList<QPainterPath> &paths, QRectF &pathBounds);
+    bool warpTwistHandle(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                         QList<QPainterPath> &paths, QRectF &pathBounds);
+    /// Perspective to a side by m_warpHorizontalValue; above 0 the left side is the narrow one.
+    bool horizontalWarp(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                        QList<QPainterPath> &paths, QRectF &pathBounds);
+    /// Perspective up or down by m_warpVerticalValue; above 0 the top is the narrow side.
+    bool verticalWarp(const QRectF &rect, const QRectF &bounds, QRectF &outRect,
+                      QList<QPainterPath> &paths, QRectF &pathBounds);
+    /// The common end of the handlers with guide lines: carries \a paths between them and fits the result to the size
+    /// of \a outRect, at the origin.
+    /// \param size  what the guide lines were made for
+    /// \return false when nothing has changed, measured by \a bounds; the last path is lost then
+    bool lensDeform(const QRectF &rect, const QRectF &bounds, CSize &size, QRectF &outRect,
+                    QList<QPainterPath> &paths, QRectF &pathBounds, bool vertical);
 
     // attributes
     QTextCharFormat attr2CharFormat(const AttributeMap &attributes) const;
@@ -466,6 +517,7 @@ protected:
     bool m_changingEditState = false;   ///< beginEdit() or endEdit() is under way: no way back in
     double m_legacyExtent = 0; ///< room along m_legacyLines, for which their outlines were placed
     double m_legacyFlow = 0;   ///< right edge of the first column of m_legacyLines
+    std::unique_ptr<OutlineSource> m_legacyOutlines; ///< never null; the glyphs of a layout
 
     void initMorphHandles();
     /// Flip about the horizontal centre line, mirror about the vertical one; without the stretch.
@@ -545,6 +597,17 @@ private:
     void takeUnwarpedBox();
     void dropMorphPaths();
     void applyStretchToBox();
+
+    // warp handlers
+    class GuidePen;
+    GuidePen guidePen(const QRectF &rect) const;
+    bool pourInto(const GuidePen &pen, double across, double offset, const QRectF &rect,
+                  const QRectF &bounds, QRectF &outRect, QList<QPainterPath> &paths,
+                  QRectF &pathBounds);
+    bool bendEdges(double amount, bool vertical, QRectF &outRect, QList<QPainterPath> &paths,
+                   QRectF &pathBounds);
+    static bool carryOverNet(const QVector<QPointF> &net, const QSizeF &size,
+                             QList<QPainterPath> &paths, QRectF &pathBounds);
 
     // mouse
     QVector<qreal>
@@ -699,6 +762,7 @@ private:
     double legacyAdvance(const STextItem &item, double spacing) const;
     double legacyPrefix(const STextItem &item, int length, double spacing) const;
     int charactersBefore(const STextItem &item, double along, double spacing) const;
+    int charactersBeforeByHalving(const STextItem &item, double along, double spacing) const;
     int positionInRow(const LegacyRow &row, double along) const;
     std::optional<LegacyPlace> legacyPlaceOf(int position, const QVector<LegacyRow> &rows) const;
     LegacySpan selectedSpan(const QVector<LegacyRow> &rows) const;

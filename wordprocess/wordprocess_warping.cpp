@@ -221,8 +221,6 @@ private:
     bool m_isFinite = true;
 };
 
-void CWordProcess::initMorphHandles() {}
-
 /// The warp as it is stored and shown everywhere: values as whole percent.
 void CWordProcess::addWarpAttributes(AttributeMap &attributes) const
 {
