@@ -49,7 +49,7 @@ void sendKey(CVXRootObject *object, Qt::Key key)
 }
 
 /// An art text enters its edit by a double click alone.
-void doubleClick(CVXRootObject *object)
+void clickTwice(CVXRootObject *object)
 {
     QGraphicsItem *item = object->GetGraphicsItemPtr();
     if (!item->scene())
@@ -123,7 +123,7 @@ bool TextCommands::isEditing(CVXRootObject *object)
 void TextCommands::beginEdit(CVXRootObject *object)
 {
     if (isArtText(object))
-        doubleClick(object);
+        clickTwice(object);
     else
         TextObject::beginEdit(object);
 }

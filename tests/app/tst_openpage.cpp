@@ -136,7 +136,7 @@ QByteArray art(const QByteArray &fields = QByteArray(),
 }
 
 /// Opens the edit of the art text \a object, which lies on \a page.
-void doubleClick(Page *page, CVXRootObject *object)
+void clickTwice(Page *page, CVXRootObject *object)
 {
     page->scene()->clearSelection();
     object->doSelected(true, /*notify=*/false);
@@ -764,7 +764,7 @@ void TestOpenPage::openEditOfArtTextIsSaved()
     QVERIFY(open);
     CVXRootObject *object = open->page()->objects().constFirst();
     open->page()->takeFocus();
-    doubleClick(open->page(), object);
+    clickTwice(open->page(), object);
     QCOMPARE(open->page()->editingObject(), object);
     QKeyEvent key(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
     QCoreApplication::sendEvent(open->page()->scene(), &key);

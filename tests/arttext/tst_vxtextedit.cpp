@@ -950,9 +950,9 @@ void TestVxTextEdit::focusThatLeavesKeepsArtTextInEditState()
     auto *art = new OpenArt(1, /*finished=*/true, nullptr, m_host.get());
     m_host->scene().addItem(art);
     art->setSelected(true);
-    QGraphicsSceneMouseEvent doubleClick(QEvent::GraphicsSceneMouseDoubleClick);
-    doubleClick.setButton(Qt::LeftButton);
-    art->mouseDoubleClickEvent(&doubleClick);
+    QGraphicsSceneMouseEvent clickTwice(QEvent::GraphicsSceneMouseDoubleClick);
+    clickTwice.setButton(Qt::LeftButton);
+    art->mouseDoubleClickEvent(&clickTwice);
     QVERIFY(art->m_editing);
     auto *edit = new OpenEdit;
     art->setTextEdit(edit);

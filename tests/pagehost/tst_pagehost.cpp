@@ -108,7 +108,7 @@ private:
     CVXRootObject *writeLine(const QPointF &pos, const QString &text);
     CVXRootObject *drawArt(const QPointF &from, const QPointF &to);
     CVXRootObject *writeArt(const QRectF &place, const QString &text);
-    void doubleClick(const QPointF &pos);
+    void clickTwice(const QPointF &pos);
     QImage shown() const { return canvas()->grab().toImage(); }
     int darkPixels(const QRectF &place) const;
 
@@ -190,13 +190,13 @@ CVXRootObject *TestPageHost::drawArt(const QPointF &from, const QPointF &to)
 CVXRootObject *TestPageHost::writeArt(const QRectF &place, const QString &text)
 {
     CVXRootObject *art = drawArt(place.topLeft(), place.bottomRight());
-    doubleClick(place.center());
+    clickTwice(place.center());
     type(text);
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
     return art;
 }
 
-void TestPageHost::doubleClick(const QPointF &pos)
+void TestPageHost::clickTwice(const QPointF &pos)
 {
     QTest::mouseClick(canvas(), Qt::LeftButton, {}, at(pos));
     QTest::mouseDClick(canvas(), Qt::LeftButton, {}, at(pos));
@@ -758,7 +758,7 @@ void TestPageHost::doubleClickEditsArtText()
 {
     const QRectF place(100, 150, 240, 120);
     CVXRootObject *art = drawArt(place.topLeft(), place.bottomRight());
-    doubleClick(place.center());
+    clickTwice(place.center());
     QCOMPARE(session()->editedObject(), art);
     type(QStringLiteral("art"));
     QCOMPARE(TextCommands::plainText(art), QStringLiteral("art"));
@@ -769,7 +769,7 @@ void TestPageHost::doubleClickEditsArtText()
     QCOMPARE(TextCommands::storedText(art), QStringLiteral("art"));
     QVERIFY(darkPixels(place) > 2000);
     // A second edit begins with the text; the pointer sets the caret.
-    doubleClick(place.center());
+    clickTwice(place.center());
     QTest::keyClick(m_window->view(), Qt::Key_Home, Qt::ControlModifier);
     type(QStringLiteral("p"));
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
@@ -781,7 +781,7 @@ void TestPageHost::doubleClickEditsArtTextAmongManySelected()
     CVXRootObject *art = drawArt({100, 150}, {200, 250});
     CVXRootObject *other = drawArt({300, 150}, {400, 250});
     trigger("selectAll");
-    doubleClick({150, 200});
+    clickTwice({150, 200});
     QCOMPARE(session()->editedObject(), art);
     QVERIFY(!other->graphicsItem()->isSelected());
 }
@@ -798,7 +798,7 @@ void TestPageHost::editOfArtTextEnds()
     QFETCH(QString, way);
     CVXRootObject *other = drawArt({400, 150}, {500, 250});
     CVXRootObject *art = drawArt({100, 150}, {200, 250});
-    doubleClick({150, 200});
+    clickTwice({150, 200});
     type(QStringLiteral("x"));
     QCOMPARE(session()->editedObject(), art);
     if (way == QLatin1String("away")) {
@@ -827,7 +827,7 @@ void TestPageHost::lockedArtTextIsNotEdited()
 {
     CVXRootObject *art = drawArt({100, 150}, {200, 250});
     art->setLocked(true, /*undo=*/false, /*notify=*/true);
-    doubleClick({150, 200});
+    clickTwice({150, 200});
     QVERIFY(!session()->editedObject());
     QVERIFY(!TextCommands::isEditing(art));
 }
@@ -836,7 +836,7 @@ void TestPageHost::editOfArtTextIsUndoneAndRedone()
 {
     const QRectF place(100, 150, 240, 120);
     CVXRootObject *art = writeArt(place, QStringLiteral("one"));
-    doubleClick(place.center());
+    clickTwice(place.center());
     QTest::keyClick(m_window->view(), Qt::Key_A, Qt::ControlModifier);
     type(QStringLiteral("two"));
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
@@ -862,7 +862,7 @@ void TestPageHost::editWithoutChangeLeavesNoStep()
     const QRectF place(100, 150, 240, 120);
     CVXRootObject *art = writeArt(place, QStringLiteral("one"));
     const int steps = session()->undoStack()->count();
-    doubleClick(place.center());
+    clickTwice(place.center());
     type(QStringLiteral("x"));
     QTest::keyClick(m_window->view(), Qt::Key_Backspace);
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
@@ -889,7 +889,7 @@ void TestPageHost::keysOfEditedArtTextDoNotReachMenus()
     QFETCH(int, modifiers);
     QFETCH(QString, expected);
     CVXRootObject *art = drawArt({100, 150}, {340, 270});
-    doubleClick({200, 200});
+    clickTwice({200, 200});
     QInputMethodEvent whole;
     whole.setCommitString(QStringLiteral("abc"));
     QCoreApplication::sendEvent(m_window->view(), &whole); // one step of the text's own undo
@@ -904,7 +904,7 @@ void TestPageHost::composedChineseEntersArtText()
 {
     CVXRootObject *art = drawArt({100, 150}, {340, 270});
     QVERIFY(!m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
-    doubleClick({200, 200});
+    clickTwice({200, 200});
     QVERIFY(m_window->view()->testAttribute(Qt::WA_InputMethodEnabled));
     compose(QStringLiteral("ni'hao"));
     compose(QString(), QStringLiteral("你好"));
@@ -916,7 +916,7 @@ void TestPageHost::menusActOnEditedArtText()
 {
     QGuiApplication::clipboard()->setText(QStringLiteral("mid"));
     CVXRootObject *art = drawArt({100, 150}, {340, 270});
-    doubleClick({200, 200});
+    clickTwice({200, 200});
     type(QStringLiteral("ab"));
     QTest::keyClick(m_window->view(), Qt::Key_Left);
     trigger("paste");
@@ -980,7 +980,7 @@ void TestPageHost::modifiedMarkFollowsTypingInArtText()
     QVERIFY2(session()->save(folder.filePath(QStringLiteral("a.vxpage")), error),
              qPrintable(error));
     QTRY_VERIFY(!m_window->isWindowModified());
-    doubleClick({220, 210});
+    clickTwice({220, 210});
     QTRY_VERIFY(session()->editedObject());
     QVERIFY(!session()->isModified());
     type(QStringLiteral("y")); // the stack knows nothing of it yet
@@ -993,7 +993,7 @@ void TestPageHost::saveInEditOfArtTextGoesOnWithEdit()
 {
     QTemporaryDir folder;
     CVXRootObject *art = drawArt({100, 150}, {340, 270});
-    doubleClick({200, 200});
+    clickTwice({200, 200});
     type(QStringLiteral("ac"));
     QTest::keyClick(m_window->view(), Qt::Key_Left);
     const QString fileName = folder.filePath(QStringLiteral("a.json"));
@@ -1044,7 +1044,7 @@ void TestPageHost::pageThatGoesWithItsEditedArtTextIsNoHarm()
 {
     writeArt({100, 150, 240, 120}, QStringLiteral("undone"));
     CVXRootObject *art = drawArt({100, 350}, {200, 450});
-    doubleClick({150, 400});
+    clickTwice({150, 400});
     type(QStringLiteral("open"));
     QCOMPARE(session()->editedObject(), art);
     QPointer<QGraphicsObject> alive(art->GetGraphicsItemPtr()->toGraphicsObject());
