@@ -103,6 +103,7 @@ private Q_SLOTS:
     void arcIsAtMostOneTurn();
     void arcWhoseAngleCannotGrowEnds();
     void arcThroughThreePointsAbove();
+    void flatArcStaysAboveItsEnds();
     void arcThroughThreePointsBelow();
     void centreIsCutToWholeNumbers();
     void threePointsOnALineMakeNoArc();
@@ -536,6 +537,22 @@ void TestGuideLines::arcThroughThreePointsAbove()
         QVERIFY(std::abs(std::hypot(double(spot.x - 50), double(spot.y - 50)) - 50) < 1.5);
 }
 
+// The centre of (0, 20), (50, 0), (100, 20) is (50, 72): (2500 / 20 + 20) / 2, cut off.
+void TestGuideLines::flatArcStaysAboveItsEnds()
+{
+    OpenArtText art;
+    const CPoint points[] = {{0, 20}, {50, 0}, {100, 20}};
+    QVERIFY(art.DrawEllipse(points, 1, true));
+    const Line line = art.line(1);
+    QVERIFY(line.first().x <= 1 && std::abs(line.first().y - 20) <= 1);
+    QVERIFY(line.last().x >= 98 && std::abs(line.last().y - 20) <= 1);
+    for (const Spot &spot : line) {
+        QVERIFY(spot.y <= 20);
+        const double radius = std::hypot(double(spot.x - 50), double(spot.y - 72));
+        QVERIFY(std::abs(radius - std::sqrt(5204.0)) < 1.5);
+    }
+}
+
 void TestGuideLines::arcThroughThreePointsBelow()
 {
     OpenArtText art;
@@ -549,7 +566,7 @@ void TestGuideLines::arcThroughThreePointsBelow()
         QVERIFY(spot.y >= 0);
 }
 
-// (0, 3), (5, 0), (11, 3): the centre lies at x = 5 and, with quotients cut off, at y = 5.
+// Both quotients are cut off.
 void TestGuideLines::centreIsCutToWholeNumbers()
 {
     OpenArtText drawn;
