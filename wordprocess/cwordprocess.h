@@ -588,7 +588,15 @@ private:
         float width, height;
     };
     void addWarpAttributes(AttributeMap &attributes) const;
+    /// Outlines as they are bent, with a curve over each straight segment, for as long as the text keeps them.
+    struct Bendable {
+        QList<QPainterPath> source; ///< the m_textPaths that the others were made of
+        QList<QPainterPath> paths;
+        QRectF bounds; ///< of all paths
+    };
+    Bendable m_bendable;
     bool bendTextPaths();
+    void prepareBending(const QList<QPainterPath> &source);
     QPolygonF warpedNet(const QSizeF &size, SurfaceType type, float value) const;
     QRectF placeCentred(QList<QPainterPath> &paths, const WarpGap &gap) const;
     QRectF placeInPositive(QList<QPainterPath> &paths, const WarpGap &gap, const QSizeF &unwarped,

@@ -377,8 +377,7 @@ QPainterPath CWordProcess::fragmentPath(const QPointF &pos, const QTextCharForma
     style.font.setOverline(false);
     style.letterSpacing = finiteOrZero(style.gap + style.letterSpacing + extraSpacing);
 
-    QPainterPath path;
-    path.addText(pos, style.spacedFont(), text);
+    QPainterPath path = m_legacyOutlines->text(pos, style.spacedFont(), text);
     const QRectF ink = path.boundingRect();
     double factor = 1.0;
     if (isHalfSize(format)) {

@@ -8,6 +8,7 @@
 #include "host/framework/iappframework.h"
 #include "host/framework/idocumenthost.h"
 #include "host/framework/ivxpage.h"
+#include "layout/outlines.h"
 #include "layout/wordmanager.h"
 #include "wordprocess/numbers.h"
 
@@ -65,6 +66,7 @@ CWordProcess::CWordProcess(int id, bool finished, QGraphicsItem *parent, IVxPage
     m_wordManager = new CWordManager(this, m_wordWrap);
     m_clientRect = QRectF(0, 0, 0, 0);
     m_artText = new CArtText;
+    m_legacyOutlines = std::make_unique<OutlineSource>();
     initMorphHandles();
 }
 

@@ -4,6 +4,7 @@
 // A run is as long as its ink, and the outlines are put in place when all lines are known.
 #include "wordprocess/cwordprocess.h"
 
+#include "layout/outlines.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
 #include "wordprocess/numbers.h"
@@ -101,6 +102,7 @@ void CWordProcess::updateBoundingRectForOldVersion(bool /*argument*/)
             size = m_textOrientation == Qt::Horizontal ? hTextLayout() : vTextLayout();
         takeLegacySize(size);
     }
+    *m_legacyOutlines = OutlineSource(); // glyphs are soon made again, and a page has many texts
     clearLayerEffectCache(EffectCacheReason::ContentChanged);
 }
 

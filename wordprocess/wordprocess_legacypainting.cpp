@@ -198,9 +198,11 @@ double wordStart(int alignment, int end, int centre, double extent, double lengt
 
 // Outlines in their places
 
-/// The outline of an item at the origin, its characters apart as the line is justified.
+/// The outline of an item, its characters apart as the line is justified; that of the layout has no such space.
 void CWordProcess::remakePath(STextItem &item, double spacing) const
 {
+    if (spacing == 0 && !item.path.isEmpty())
+        return;
     double advance = 0;
     item.path = fragmentPath(QPointF(0, 0), item.format, item.text, advance, spacing, item.upright);
 }

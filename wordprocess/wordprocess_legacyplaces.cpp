@@ -5,11 +5,22 @@
 // and across it in the direction in which lines follow each other.
 #include "wordprocess/legacyplaces.h"
 
+#include "layout/outlines.h"
 #include "wordprocess/codepoints.h"
+
+#include <algorithm>
 
 namespace {
 constexpr double lineStartInset = 5.0; // deliberate: a caret ahead of the first character of a line
 constexpr int longestWalk = 256;       // characters of a run whose prefixes are all measured
+
+/// True when no prefix of \a item reaches further than a longer one.
+bool rises(const STextItem &item, double spacing)
+{
+    return item.letterSpacing >= 0 && item.selectedLetterSpacing >= 0 && spacing >= 0
+           && item.spaceWidth >= 0
+           && std::all_of(item.text.cbegin(), item.text.cend(), standsForItself);
+}
 
 bool holds(const STextItem &item, int position)
 {
@@ -85,25 +96,15 @@ double CWordProcess::legacyPrefix(const STextItem &item, int length, double spac
            + (leading + trailing) * space + spacing;
 }
 
-/// How many characters of an item lie before \a along, which counts from its start. Prefixes grow from the front;
-/// in a long run only those around the place, which halving finds, since longer prefixes reach further.
+/// How many characters of an item lie before \a along, which counts from its start.
 int CWordProcess::charactersBefore(const STextItem &item, double along, double spacing) const
 {
     const QString &text = item.text;
+    const bool isShort = text.length() <= longestWalk;
+    if (rises(item, spacing) || !isShort) // much longer prefixes reach further in any script
+        return charactersBeforeByHalving(item, along, spacing);
     int length = 0;
-    if (text.length() > longestWalk) {
-        int tooLong = text.length();
-        while (tooLong - length > 1) {
-            int middle = length + (tooLong - length) / 2;
-            if (splitsPair(text, middle) && ++middle == tooLong)
-                break;
-            if (legacyPrefix(item, middle, spacing) <= along)
-                length = middle;
-            else
-                tooLong = middle;
-        }
-    }
-    double end = legacyPrefix(item, length, spacing);
+    double end = 0;
     while (length < text.length()) {
         const int next = indexAfter(text, length);
         const double nextEnd = legacyPrefix(item, next, spacing);
@@ -113,6 +114,26 @@ int CWordProcess::charactersBefore(const STextItem &item, double along, double s
         end = nextEnd;
     }
     return text.length();
+}
+
+int CWordProcess::charactersBeforeByHalving(const STextItem &item, double along,
+                                            double spacing) const
+{
+    const QString &text = item.text;
+    int least = 0;
+    int most = text.length();
+    while (least < most) {
+        int middle = least + (most - least) / 2;
+        if (splitsPair(text, middle))
+            --middle; // not below least, which splits none
+        const int next = indexAfter(text, middle);
+        const double end = legacyPrefix(item, middle, spacing);
+        if (along <= (end + legacyPrefix(item, next, spacing)) / 2)
+            most = middle;
+        else
+            least = next;
+    }
+    return least;
 }
 
 int CWordProcess::positionInRow(const LegacyRow &row, double along) const

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void positionAtAHyphenIsTheEndOfItsLine();
     void positionInALongRun();
     void positionInALongRunIsFoundFast();
+    void positionIsTheSameByWalkingAndByHalving();
     void positionIsNeverWithinACodePoint();
     void positionSkipsALineWithoutRoom();
     void positionStaysWithinTheDocument();
@@ -262,6 +263,23 @@ void TestLegacyCaret::positionInALongRunIsFoundFast()
     timer.start();
     QCOMPARE(word.hCursorPosByMouse(QPointF(8.0 * 7000, 4)), 7000);
     QVERIFY(timer.elapsed() < 20000); // each prefix by itself would take minutes
+}
+
+/// A mark that joins makes the run one that is walked from its front.
+void TestLegacyCaret::positionIsTheSameByWalkingAndByHalving()
+{
+    const QString text = QStringLiteral("b c  中国. gW 天b");
+    OldWord halved;
+    halved.addBlock(text, OldWord::block(), pitched());
+    halved.layOut();
+    OldWord walked;
+    walked.addBlock(text + QChar(0x200d), OldWord::block(), pitched());
+    walked.layOut();
+    QCOMPARE(halved.line(0).items.size(), 1);
+    for (double x = -1; x < 170; x += 0.25) {
+        const int position = walked.hCursorPosByMouse(QPointF(x, 4));
+        QCOMPARE(halved.hCursorPosByMouse(QPointF(x, 4)), qMin(position, text.length()));
+    }
 }
 
 void TestLegacyCaret::positionIsNeverWithinACodePoint()
