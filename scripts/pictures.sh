@@ -43,6 +43,8 @@ picture underlines --document samples/underlines.json --box 640x600
 picture page samples/page.json
 picture missing-font samples/missing-font.json
 picture replaced-font samples/missing-font.json --replace-font "Belltower Script=Noto Serif"
+picture older-html samples/older-html.json
+picture older-document samples/older-document.vxpage
 picture title-arc samples/title.json --warp arc:0.4
 sheet warps warp --text samples/warp.txt --font "Noto Serif" --size 16
 picture art samples/art.json
