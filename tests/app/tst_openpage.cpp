@@ -94,9 +94,11 @@ QStringList namesOf(const QJsonObject &root)
     return names;
 }
 
-const QByteArray documentData("{\\\"block\\\":[{}],\\\"fragment\\\":[[{\\\"content\\\":\\\"aa\\\","
-                              "\\\"font_family\\\":\\\"BoxTest\\\",\\\"font_pointsize\\\":12,"
-                              "\\\"pen_color\\\":\\\"#000000\\\"}]]}");
+// The older layout shows nothing of a block without any attribute.
+const QByteArray documentData(
+    "{\\\"block\\\":[{\\\"textalignment\\\":1}],\\\"fragment\\\":[[{\\\"content\\\":\\\"aa\\\","
+    "\\\"font_family\\\":\\\"BoxTest\\\",\\\"font_pointsize\\\":12,"
+    "\\\"pen_color\\\":\\\"#000000\\\"}]]}");
 
 /// Records of the three generations.
 QJsonObject recordOf(const QByteArray &generation)
