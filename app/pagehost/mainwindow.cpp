@@ -2,6 +2,7 @@
 #include "app/pagehost/mainwindow.h"
 
 #include "app/page/framework.h"
+#include "app/pagehost/filecommands.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
 #include "app/pagehost/textcommands.h"
@@ -12,12 +13,9 @@
 #include <QActionGroup>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QToolBar>
 
@@ -37,24 +35,20 @@ enum TextOperation {
     PointerShape = 7,
 };
 
-QString pageFilter()
-{
-    return QCoreApplication::translate("MainWindow", "Pages (*.vxpage *.json)");
-}
-
 } // namespace
 
 MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     : m_loader(loader)
     , m_framework(framework)
     , m_view(new PageView(this))
+    , m_files(new FileCommands(this, loader))
     , m_tools(new QActionGroup(this))
     , m_zoomLabel(new QLabel(this))
 {
     setCentralWidget(m_view);
     m_framework->setEventSink(this);
     nameUndoSteps();
-    makeFileMenu();
+    m_files->addTo(menuBar()->addMenu(tr("&File")));
     makeEditMenu();
     makeViewMenu();
     makeTools();
@@ -88,20 +82,6 @@ QAction *MainWindow::addCommand(QMenu *menu, const char *name, const QString &te
     action->setShortcut(shortcut);
     connect(action, &QAction::triggered, this, [this, command] { (this->*command)(); });
     return action;
-}
-
-void MainWindow::makeFileMenu()
-{
-    QMenu *menu = menuBar()->addMenu(tr("&File"));
-    addCommand(menu, "new", tr("&New"), QKeySequence::New, &MainWindow::newPage);
-    addCommand(menu, "open", tr("&Open..."), QKeySequence::Open, &MainWindow::open);
-    menu->addSeparator();
-    addCommand(menu, "save", tr("&Save"), QKeySequence::Save, &MainWindow::save);
-    addCommand(menu, "saveAs", tr("Save &As..."), Qt::CTRL + Qt::SHIFT + Qt::Key_S,
-               &MainWindow::saveAs);
-    menu->addSeparator();
-    QAction *quit = menu->addAction(tr("&Quit"), this, &QWidget::close, Qt::CTRL + Qt::Key_Q);
-    quit->setObjectName(QStringLiteral("quit"));
 }
 
 void MainWindow::makeEditMenu()
@@ -197,15 +177,19 @@ void MainWindow::takeSession(std::unique_ptr<PageSession> session)
     refresh();
 }
 
-QString MainWindow::shownName() const
+bool MainWindow::openFile(const QString &fileName)
 {
-    return m_session->fileName().isEmpty() ? tr("Untitled")
-                                           : QFileInfo(m_session->fileName()).fileName();
+    return m_files->openFile(fileName);
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    event->setAccepted(m_files->mayLeavePage());
 }
 
 void MainWindow::refresh()
 {
-    setWindowTitle(QStringLiteral("%1[*] - pagehost").arg(shownName()));
+    setWindowTitle(QStringLiteral("%1[*] - pagehost").arg(m_files->shownName()));
     setWindowModified(m_session->isModified());
     CUndoRedo *stack = m_session->undoStack();
     const bool isEditing = m_session->editedObject() != nullptr;
@@ -221,86 +205,6 @@ void MainWindow::refresh()
     m_redo->setEnabled(stack->canRedo());
     for (QAction *action : {m_cut, m_copy, m_delete})
         action->setEnabled(isEditing || hasSelection);
-}
-
-// File
-
-bool MainWindow::openFile(const QString &fileName)
-{
-    QString error;
-    std::unique_ptr<PageSession> session = PageSession::open(m_loader, fileName, error);
-    if (!session) {
-        QMessageBox::critical(this, tr("Open"),
-                              tr("%1 cannot be opened.\n\n%2").arg(fileName, error));
-        return false;
-    }
-    takeSession(std::move(session));
-    return true;
-}
-
-void MainWindow::newPage()
-{
-    if (mayLeavePage())
-        takeSession(PageSession::create(m_loader));
-}
-
-void MainWindow::open()
-{
-    if (!mayLeavePage())
-        return;
-    const QString folder = QFileInfo(m_session->fileName()).absolutePath();
-    const QString fileName = QFileDialog::getOpenFileName(this, tr("Open"), folder, pageFilter());
-    if (!fileName.isEmpty())
-        openFile(fileName);
-}
-
-bool MainWindow::saveOrAsk()
-{
-    return m_session->fileName().isEmpty() ? saveUnderNewName() : saveTo(m_session->fileName());
-}
-
-bool MainWindow::saveUnderNewName()
-{
-    QFileDialog dialog(this, tr("Save As"), QFileInfo(m_session->fileName()).absolutePath(),
-                       pageFilter());
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix(QStringLiteral("vxpage"));
-    dialog.selectFile(QFileInfo(m_session->fileName()).fileName());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return false;
-    return saveTo(dialog.selectedFiles().constFirst());
-}
-
-bool MainWindow::saveTo(const QString &fileName)
-{
-    QString error;
-    if (!m_session->save(fileName, error)) {
-        QMessageBox::critical(this, tr("Save"), tr("The page is not saved.\n\n%1").arg(error));
-        return false;
-    }
-    statusBar()->showMessage(tr("Saved %1").arg(fileName), statusTime);
-    return true;
-}
-
-/// Asks what is to become of changes that are not saved.
-bool MainWindow::mayLeavePage()
-{
-    m_session->endEdit();
-    if (!m_session->isModified())
-        return true;
-    const auto answer = QMessageBox::warning(this, tr("Unsaved Changes"),
-                                             tr("Save the changes to %1?").arg(shownName()),
-                                             QMessageBox::Save | QMessageBox::Discard
-                                                 | QMessageBox::Cancel,
-                                             QMessageBox::Save);
-    if (answer == QMessageBox::Save)
-        return saveOrAsk();
-    return answer == QMessageBox::Discard;
-}
-
-void MainWindow::closeEvent(QCloseEvent *event)
-{
-    event->setAccepted(mayLeavePage());
 }
 
 // Edit

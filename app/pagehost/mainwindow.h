@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class FileCommands;
 class Framework;
 class PageSession;
 class PageView;
@@ -33,7 +34,11 @@ public:
     /// for a file that cannot be opened: the present page stays.
     bool openFile(const QString &fileName);
     PageSession *session() const { return m_session.get(); }
+    /// Shows \a session in place of the present one, which ends.
+    void takeSession(std::unique_ptr<PageSession> session);
     PageView *view() const { return m_view; }
+    /// What is done with files: the commands of the File menu and the questions about the page.
+    FileCommands *files() const { return m_files; }
     void setTool(int tool);
 
 protected:
@@ -44,22 +49,11 @@ private:
 
     QAction *addCommand(QMenu *menu, const char *name, const QString &text,
                         const QKeySequence &shortcut, Command command);
-    void makeFileMenu();
     void makeEditMenu();
     void makeViewMenu();
     void makeTools();
     void addTool(const char *name, const QString &text, const QKeySequence &shortcut, int tool);
     void nameUndoSteps();
-
-    // File
-    void newPage();
-    void open();
-    void save() { saveOrAsk(); }
-    void saveAs() { saveUnderNewName(); }
-    bool saveOrAsk();
-    bool saveUnderNewName();
-    bool saveTo(const QString &fileName);
-    bool mayLeavePage();
 
     // Edit
     void undo();
@@ -77,10 +71,8 @@ private:
     void zoomToNormal();
     void fitPage();
 
-    void takeSession(std::unique_ptr<PageSession> session);
     void refresh();
     void showZoom(double zoom);
-    QString shownName() const;
 
     // What objects tell
     void notifyObjectEvent(CVXRootObject *object, const QString &key,
@@ -91,6 +83,7 @@ private:
     const PluginLoader *m_loader;
     Framework *m_framework;
     PageView *m_view;
+    FileCommands *m_files;
     std::unique_ptr<PageSession> m_session;
     QActionGroup *m_tools;
     QAction *m_undo = nullptr;
