@@ -5,24 +5,14 @@
 #include "app/page/paintbounds.h"
 #include "host/framework/cvxrootobject.h"
 
-#include <QBuffer>
 #include <QFileInfo>
 #include <QGraphicsItem>
-#include <QImage>
-#include <QImageWriter>
 #include <QPainter>
-#include <QPdfWriter>
 #include <QSaveFile>
-#include <QSvgGenerator>
-#include <QtMath>
 
 #include <cmath>
 
 namespace {
-
-constexpr double inchesPerMetre = 1000.0 / 25.4;
-constexpr double pointsPerInch = 72.0;
-const QLatin1String creator("pagerender");
 
 bool isFinite(const QRectF &rect)
 {
@@ -52,18 +42,23 @@ bool PageRenderer::formatOf(const QString &fileName, Format &format)
     return true;
 }
 
-QByteArray PageRenderer::render(Format format)
+bool PageRenderer::check(Format format)
 {
     m_error.clear();
-    if (!measure() || !checkSize(format))
+    return measure() && checkSize(format);
+}
+
+QByteArray PageRenderer::render(Format format)
+{
+    if (!check(format))
         return {};
     switch (format) {
     case Format::Png:
-        return renderPng();
+        return pngPicture(picture(), m_error);
     case Format::Svg:
-        return renderSvg();
+        return svgPicture(picture(), m_error);
     case Format::Pdf:
-        return renderPdf();
+        return pdfPicture(picture(), m_error);
     }
     return {};
 }
@@ -115,9 +110,19 @@ bool PageRenderer::measure()
     return true;
 }
 
-QSize PageRenderer::pictureSize() const
+Picture PageRenderer::picture() const
 {
-    return {qCeil(m_area.width() * m_options.scale), qCeil(m_area.height() * m_options.scale)};
+    Picture picture;
+    picture.size = m_area.size();
+    picture.dpi = m_options.dpi;
+    picture.scale = m_options.scale;
+    picture.background = m_options.background;
+    picture.metadata = m_options.metadata;
+    picture.paint = [this](QPainter &painter) {
+        painter.translate(-m_area.topLeft());
+        paintObjects(painter);
+    };
+    return picture;
 }
 
 bool PageRenderer::checkSize(Format format)
@@ -137,6 +142,7 @@ bool PageRenderer::checkSize(Format format)
                         .arg(height, 0, 'f', 0)
                         .arg(maximumPixels));
     }
+    m_size = format == Format::Png ? pngSize(picture()) : m_area.size();
     return true;
 }
 
@@ -166,82 +172,4 @@ void PageRenderer::paintForeground(QPainter &painter) const
         object->drawForeground(&painter, QRectF(m_area));
         painter.restore();
     }
-}
-
-void PageRenderer::paintPage(QPainter &painter) const
-{
-    if (m_options.background.alpha() > 0)
-        painter.fillRect(QRect(QPoint(0, 0), m_area.size()), m_options.background);
-    painter.translate(-m_area.topLeft());
-    paintObjects(painter);
-}
-
-QByteArray PageRenderer::renderPng()
-{
-    QImage image(pictureSize(), QImage::Format_ARGB32_Premultiplied);
-    if (image.isNull()) {
-        fail(QStringLiteral("not enough memory for the picture"));
-        return {};
-    }
-    image.fill(m_options.background.alpha() > 0 ? m_options.background : QColor(Qt::transparent));
-    const int dotsPerMetre = qRound(m_options.dpi * m_options.scale * inchesPerMetre);
-    image.setDotsPerMeterX(dotsPerMetre);
-    image.setDotsPerMeterY(dotsPerMetre);
-    QPainter painter(&image);
-    painter.scale(m_options.scale, m_options.scale);
-    painter.translate(-m_area.topLeft());
-    paintObjects(painter);
-    painter.end();
-
-    QBuffer buffer;
-    QImageWriter writer(&buffer, QByteArrayLiteral("png"));
-    if (!writer.write(image)) {
-        fail(QStringLiteral("cannot write the picture: %1").arg(writer.errorString()));
-        return {};
-    }
-    return buffer.data();
-}
-
-QByteArray PageRenderer::renderSvg()
-{
-    QBuffer buffer;
-    QSvgGenerator generator;
-    generator.setOutputDevice(&buffer);
-    generator.setResolution(m_options.dpi);
-    generator.setSize(m_area.size());
-    generator.setViewBox(QRect(QPoint(0, 0), m_area.size()));
-    generator.setTitle(creator);
-    QPainter painter;
-    if (!painter.begin(&generator)) {
-        fail(QStringLiteral("cannot make the SVG"));
-        return {};
-    }
-    paintPage(painter);
-    painter.end();
-    return buffer.data();
-}
-
-QByteArray PageRenderer::renderPdf()
-{
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter writer(&buffer);
-    writer.setCreator(creator);
-    writer.setResolution(m_options.dpi);
-    // PDF pages are whole points here; rounded up, so that no ink is cut off.
-    const double pointsPerPixel = pointsPerInch / m_options.dpi;
-    const QSizeF points(std::ceil(m_area.width() * pointsPerPixel),
-                        std::ceil(m_area.height() * pointsPerPixel));
-    writer.setPageSize(QPageSize(points, QPageSize::Point, QString(), QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-    QPainter painter;
-    if (!painter.begin(&writer)) {
-        fail(QStringLiteral("cannot make the PDF"));
-        return {};
-    }
-    if (m_options.background.alpha() > 0)
-        painter.fillRect(QRect(0, 0, writer.width(), writer.height()), m_options.background);
-    paintPage(painter);
-    painter.end();
-    return buffer.data();
 }

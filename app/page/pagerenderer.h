@@ -3,8 +3,8 @@
 #ifndef APP_PAGERENDERER_H
 #define APP_PAGERENDERER_H
 
-#include <QByteArray>
-#include <QColor>
+#include "app/page/picture.h"
+
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -27,6 +27,7 @@ public:
         QColor background = Qt::white; ///< fully transparent for none
         QSize page;              ///< what is shown, from (0, 0); empty: the ink and its margin
         bool foreground = false; ///< handles, frames and caret too
+        PictureMetadata metadata;
     };
 
     /// Sides in pixels above which no picture is made.
@@ -42,6 +43,10 @@ public:
 
     /// Renders the page. An empty array, with errorString(), when the page is empty or too large.
     QByteArray render(Format format);
+    /// True when render() has something to show that is not too large; else with errorString().
+    bool check(Format format);
+    /// Of the last picture that render() made or check() approved: pixels of a PNG, page pixels else.
+    QSize pictureSize() const { return m_size; }
     /// Renders the page into the file \a fileName. On any failure false, with errorString(), and a
     /// file that was there before is as it was.
     bool renderToFile(Format format, const QString &fileName);
@@ -53,15 +58,12 @@ private:
     bool fail(const QString &error);
     void paintObjects(QPainter &painter) const;
     void paintForeground(QPainter &painter) const;
-    void paintPage(QPainter &painter) const;
-    QSize pictureSize() const;
-    QByteArray renderPng();
-    QByteArray renderSvg();
-    QByteArray renderPdf();
+    Picture picture() const;
 
     Page *m_page;
     Options m_options;
     QRect m_area; ///< the part of the page that is shown, in page pixels
+    QSize m_size;
     QString m_error;
 };
 

@@ -18,6 +18,7 @@ constexpr int StateFlag = 101; // to read
 constexpr int MissingFonts = 111;
 constexpr int ReplaceFont = 112;
 constexpr int MissingFontHint = 113;
+constexpr int PlainText = 116;
 constexpr int Warp = 118;
 constexpr int Overhang = 123;
 } // namespace Property
@@ -86,6 +87,17 @@ bool TextObject::isVertical(CVXRootObject *object)
         object, Property::StateFlag, [&](QDataStream &in) { in >> isHorizontal; },
         [](QDataStream &out) { out << isHorizontalFlag; });
     return !isHorizontal;
+}
+
+QString TextObject::plainText(CVXRootObject *object)
+{
+    QString text;
+    get(object, Property::PlainText, [&](QDataStream &in) { in >> text; });
+    if (!text.isEmpty())
+        return text;
+    AttributeMap attributes;
+    object->getAllAttributes(attributes);
+    return attributes.value(QStringLiteral("text")).toString();
 }
 
 QPointF TextObject::overhang(CVXRootObject *object)

@@ -21,6 +21,9 @@ void endEdit(CVXRootObject *object);
 /// columns.
 void letBoxGrow(CVXRootObject *object);
 bool isVertical(CVXRootObject *object);
+/// The text without its formats, of rich and of art text; a line feed between paragraphs. Empty for an
+/// object without one.
+QString plainText(CVXRootObject *object);
 /// How far the text of a box reaches beyond its left and upper edge: 0 or below.
 QPointF overhang(CVXRootObject *object);
 
