@@ -7,7 +7,7 @@
 
 #include "arttext/ivxtextedit.h"
 #include "host/framework/cbaseobject.h"
-#include "plugin/pathsmutex.h"
+#include "host/framework/pathsmutex.h"
 #include "plugin/vxarttext_shared_global.h"
 
 #include <QColor>
@@ -162,6 +162,7 @@ protected:
 
 private:
     // life
+    static constexpr int LargestPointSize = 32767; ///< that font engines can hold
     void setClientRect(const QRectF &rect);
     QGraphicsView *view() const;
 

@@ -5,8 +5,9 @@
 
 #include "arttext/foreignvalues.h"
 #include "arttext/arttexthelper.h"
+#include "common/finite.h"
+#include "common/truncated.h"
 #include "host/framework/iappframework.h"
-#include "layout/units.h"
 
 #include <QFontMetrics>
 #include <QPointer>
@@ -163,14 +164,14 @@ void CVxArtText::AttributeCommand::takeItalic(const QVariant &value)
 
 void CVxArtText::AttributeCommand::takeLetterSpacing(const QVariant &value)
 {
-    object.m_letterSpacing = finiteReal(value);
+    object.m_letterSpacing = finiteOrZero(value.toDouble());
     object.setLetterSpacing(object.m_letterSpacing);
     changed = true;
 }
 
 void CVxArtText::AttributeCommand::takeRowSpacing(const QVariant &value)
 {
-    object.m_rowSpacing = finiteReal(value);
+    object.m_rowSpacing = finiteOrZero(value.toDouble());
     object.setRowSpacing(object.m_rowSpacing);
     changed = true;
 }
@@ -213,7 +214,8 @@ void CVxArtText::AttributeCommand::takeShadowAbsOffset(const QVariant &x)
 {
     if (!fromStream || !attributes.contains(Key::ShadowAbsOffsetY))
         return;
-    object.setShadowAbsOffset(finiteReal(x), finiteReal(attributes.value(Key::ShadowAbsOffsetY)));
+    object.setShadowAbsOffset(finiteOrZero(x.toDouble()),
+                              finiteOrZero(attributes.value(Key::ShadowAbsOffsetY).toDouble()));
     changed = true;
 }
 
@@ -237,7 +239,7 @@ void CVxArtText::AttributeCommand::takeSomehow(const QVariant &value)
 
 void CVxArtText::AttributeCommand::takePointSize(const QVariant &value)
 {
-    const double size = finiteReal(value);
+    const double size = finiteOrZero(value.toDouble());
     if (size > 0.0) {
         object.takePointSize(size);
         changed = true;
@@ -262,8 +264,7 @@ void CVxArtText::takePointSize(double size)
 {
     const int points = truncated(size);
     if (points > 0)
-        m_font.setPointSize(points);
-    m_font = withBoundedSize(m_font);
+        m_font.setPointSize(qMin(points, LargestPointSize));
     const QString &text = m_textWord.isEmpty() ? m_defaultWord : m_textWord;
     const double width = double(QFontMetrics(m_font).boundingRect(text).width()) + 1;
     {

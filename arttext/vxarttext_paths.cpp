@@ -192,13 +192,13 @@ void CVxArtText::OutlineMaker::goToNextLine()
 
 QFont CVxArtText::outlineFont(bool vertical) const
 {
-    QFont font(m_fontFamily, m_fontSize, -1, false);
+    QFont font(m_fontFamily, qMin(m_fontSize, LargestPointSize), -1, false);
     font.setStyleStrategy(QFont::ForceOutline);
     font.setStyleHint(QFont::Serif, QFont::PreferDefault);
     font.setStyle(m_fontItalic ? QFont::StyleItalic : QFont::StyleNormal);
     font.setWeight(m_fontBold ? QFont::Bold : QFont::Normal);
     font.setLetterSpacing(QFont::AbsoluteSpacing, vertical ? m_rowSpacing : m_letterSpacing);
-    return withBoundedSize(font);
+    return font;
 }
 
 bool CVxArtText::LoadFontPath()

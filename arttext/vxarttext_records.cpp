@@ -5,9 +5,9 @@
 #include "arttext/vxarttext.h"
 
 #include "arttext/foreignvalues.h"
+#include "common/finite.h"
 #include "host/framework/cjsonutil.h"
 #include "host/framework/iappframework.h"
-#include "layout/units.h"
 
 #include <QDataStream>
 #include <QJsonObject>
@@ -43,7 +43,7 @@ double readReal(QDataStream &stream)
 {
     double value = 0.0;
     stream >> value;
-    return finiteReal(value);
+    return finiteOrZero(value);
 }
 
 /// An invalid colour is written as the black that its components are.
@@ -130,8 +130,8 @@ bool CVxArtText::loadJson(QJsonObject &json)
     m_fontSize = json.value(Key::FontSize).toInt();
     m_fontItalic = json.value(Key::FontItalic).toBool();
     m_fontBold = json.value(Key::FontBold).toBool();
-    m_letterSpacing = finiteReal(json.value(Key::LetterSpacing).toDouble());
-    m_rowSpacing = finiteReal(json.value(Key::RowSpacing).toDouble());
+    m_letterSpacing = finiteOrZero(json.value(Key::LetterSpacing).toDouble());
+    m_rowSpacing = finiteOrZero(json.value(Key::RowSpacing).toDouble());
     m_isShadow = json.value(Key::IsShadow).toBool();
     m_colorShadow = colors.toColor(json.value(Key::ColorShadow));
     m_shadowOffsetX = json.value(Key::OffsetX).toInt();

@@ -3,7 +3,7 @@
 #ifndef WHOLENUMBERS_H
 #define WHOLENUMBERS_H
 
-#include "layout/units.h"
+#include "common/truncated.h"
 
 #include <QPointF>
 #include <QRectF>

@@ -5,6 +5,7 @@
 #define CWORDPROCESS_H
 
 #include "host/framework/cbaseobject.h"
+#include "host/framework/pathsmutex.h"
 #include "plugin/vxarttext_shared_global.h"
 #include "warp/surfacetype.h"
 #include "wordprocess/legacyrecords.h"
@@ -13,7 +14,6 @@
 #include <QColor>
 #include <QImage>
 #include <QLineF>
-#include <QMutex>
 #include <QStringList>
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
@@ -36,12 +36,6 @@ class QTextBlock;
 struct CSize;
 struct TextLayout;
 struct TextLine;
-
-#ifdef VX_THREAD_SANITIZER
-using PathsMutex = std::mutex; // the sanitizer does not see through QMutex
-#else
-using PathsMutex = QMutex;
-#endif
 
 /// Kinds of the notification "text_operation".
 enum EnumTextOperation : int {

@@ -3,6 +3,7 @@
 #ifndef NUMBERS_H
 #define NUMBERS_H
 
+#include "common/finite.h"
 #include "layout/units.h"
 
 #include <QSizeF>
@@ -15,12 +16,6 @@
 inline int roundedAway(double value)
 {
     return truncated(std::round(value));
-}
-
-/// A real from a file, stream or map: 0 when it is not finite.
-inline double finiteOrZero(double value)
-{
-    return std::isfinite(value) ? value : 0.0;
 }
 
 /// qRound(), saturating; 0 for what is not finite.
