@@ -2,9 +2,12 @@
 // bench_arttext.cpp -- art text: guide lines, pouring outlines between them, blurring.
 #include "arttext/artstyles.h"
 #include "arttext/arttexthelper.h"
+#include "arttext/vxarttext.h"
+#include "bench/benchtext.h"
 
 #include <QApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPainterPath>
 
 #include <benchmark/benchmark.h>
@@ -122,8 +125,54 @@ void blur(benchmark::State &state)
     state.SetItemsProcessed(state.iterations() * image.width() * image.height());
 }
 
+// The object: outlines from its text, and painting it again.
+
+class ArtObject : public CVxArtText
+{
+public:
+    /// \a length characters, Latin and Han mixed, in lines of 50.
+    explicit ArtObject(int length)
+        : CVxArtText(1, true, nullptr, nullptr)
+    {
+        QString text = benchText(BenchScript::Mixed, length);
+        for (int i = 50; i < text.size(); i += 51)
+            text.insert(i, QLatin1Char('\n'));
+        setPlainText(text);
+        setSize(QSizeF(1000, 600), false, false);
+    }
+
+    int pathCount() const { return m_charPaths.size(); }
+    const QPainterPath *paintedPaths() const { return m_scaledPaths.constData(); }
+};
+
+void generatePath(benchmark::State &state)
+{
+    const int length = int(state.range(0));
+    ArtObject art(length);
+    for ([[maybe_unused]] auto _ : state)
+        art.generatePath(false);
+    if (art.pathCount() < length * 9 / 10)
+        state.SkipWithError("characters without a path");
+    state.SetItemsProcessed(state.iterations() * length);
+}
+
+void repaintUnchanged(benchmark::State &state)
+{
+    ArtObject art(int(state.range(0)));
+    QImage image(1000, 600, QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    art.OnQPainterDraw(&painter);
+    const QPainterPath *const paths = art.paintedPaths();
+    for ([[maybe_unused]] auto _ : state)
+        art.OnQPainterDraw(&painter);
+    if (!paths || art.paintedPaths() != paths)
+        state.SkipWithError("the paths were made anew");
+}
+
 } // namespace
 
+BENCHMARK(generatePath)->Arg(10)->Arg(100)->Arg(1000)->Unit(benchmark::kMillisecond);
+BENCHMARK(repaintUnchanged)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 BENCHMARK(pour)->Arg(100)->Arg(10000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(blur)->Arg(1)->Arg(10)->Arg(100)->Unit(benchmark::kMillisecond);
 
