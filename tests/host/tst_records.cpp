@@ -75,6 +75,10 @@ void dress(PlainObject &object)
     object.setLocked(true, false, false);
     object.setFlip(true, false);
     object.params() = richParams();
+    object.setMyPen(QPen(QColor(1, 2, 3, 4), 2.5, Qt::DashLine, Qt::RoundCap, Qt::MiterJoin));
+    CPageBgProp fill(nullptr);
+    fill.setColor(QColor(5, 6, 7, 8));
+    object.setFillProp(fill);
 }
 
 void compareObjects(PlainObject &a, PlainObject &b, bool wholeAsInt = false)
@@ -88,6 +92,9 @@ void compareObjects(PlainObject &a, PlainObject &b, bool wholeAsInt = false)
     QCOMPARE(b.isFlip(), a.isFlip());
     QCOMPARE(b.isMirror(), a.isMirror());
     QCOMPARE(b.isCreateFinished(), a.isCreateFinished());
+    QCOMPARE(b.getMyPen(), a.getMyPen());
+    QCOMPARE(b.getFillProp().color(), a.getFillProp().color());
+    QCOMPARE(b.getFillProp().isFillEnable(), a.getFillProp().isFillEnable());
     QString difference;
     QVERIFY2(sameParams(a.params(), b.params(), wholeAsInt, difference), qPrintable(difference));
 }
@@ -132,6 +139,8 @@ private Q_SLOTS:
     void cutValuesReadAsInvalid();
     void valuesThatCannotBeKeptBecomeInvalid();
     void coloursTravelAsNames();
+    void usualPenAndFillAreNotWritten();
+    void forgedPenReadsAsAPen();
 };
 
 void TestRecords::streamRecordReturnsEverything()
@@ -426,6 +435,45 @@ void TestRecords::coloursTravelAsNames()
     QVERIFY(!util.toColor(QStringLiteral("no colour")).isValid());
     QVERIFY(!util.toColor(7).isValid());
     QVERIFY(!util.toColor(QString()).isValid());
+}
+
+void TestRecords::usualPenAndFillAreNotWritten()
+{
+    PlainObject object(nullptr);
+    QJsonObject json;
+    QVERIFY(object.saveJson(json));
+    QVERIFY(!json.contains(QLatin1String("pen")) && !json.contains(QLatin1String("fill")));
+    QVERIFY(!recordOf(object).contains(QByteArray("\0p\0e\0n", 6)));
+    PlainObject dressed(nullptr);
+    dress(dressed);
+    QVERIFY(dressed.loadJson(json)); // goes back to the usual ones
+    QCOMPARE(dressed.getMyPen(), object.getMyPen());
+    QCOMPARE(dressed.getFillProp().color(), QColor(Qt::black));
+    QVERIFY(dressed.getFillProp().isFillEnable());
+}
+
+void TestRecords::forgedPenReadsAsAPen()
+{
+    PlainObject object(nullptr);
+    dress(object);
+    QJsonObject json;
+    QVERIFY(object.saveJson(json));
+    for (const QJsonValue &value : {QJsonValue(-5), QJsonValue(1e300), QJsonValue(QStringLiteral("x")),
+                                    QJsonValue(QJsonArray())}) {
+        QJsonObject pen = json.value(QLatin1String("pen")).toObject();
+        const QStringList keys = pen.keys();
+        QCOMPARE(keys.size(), 5);
+        for (const QString &key : keys)
+            pen.insert(key, value);
+        QJsonObject forged = json;
+        forged.insert(QStringLiteral("pen"), pen);
+        QVERIFY(object.loadJson(forged));
+        QVERIFY(std::isfinite(object.getMyPen().widthF()) && object.getMyPen().widthF() >= 0);
+        QCOMPARE(object.getMyPen().style(), Qt::SolidLine);
+        QCOMPARE(object.getMyPen().capStyle(), Qt::SquareCap);
+        QCOMPARE(object.getMyPen().joinStyle(), Qt::BevelJoin);
+        QVERIFY(!object.getMyPen().color().isValid());
+    }
 }
 
 QTEST_MAIN(TestRecords)
