@@ -9,8 +9,14 @@
 #include "app/page/textrecord.h"
 #include "host/framework/cvxrootobject.h"
 
-#include <QGraphicsObject>
+#include <QGraphicsTextItem>
 #include <QSet>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include <thread>
 
 namespace {
 
@@ -77,6 +83,32 @@ QJsonObject withFormerKeys(QJsonObject record, const QJsonObject &former)
     return record;
 }
 
+/// What \a item shows: its text with what is being composed in it.
+QString typedText(const QGraphicsTextItem &item)
+{
+    const QString text = item.toPlainText();
+    const QTextCursor cursor = item.textCursor();
+    const QTextLayout *layout = cursor.block().layout();
+    if (!layout || layout->preeditAreaText().isEmpty())
+        return text;
+    const int place = cursor.block().position() + layout->preeditAreaPosition();
+    return text.left(place) + layout->preeditAreaText() + text.mid(place);
+}
+
+/// Puts what the user has typed into the \a record of an art text in the middle of its edit: the
+/// object itself takes it over at the end of the edit.
+void takeTypedText(CVXRootObject *object, QJsonObject &record)
+{
+    if (kindOf(object) != PageFile::artTextKind() || object->actionState()->editing == 0)
+        return;
+    const auto *item = qobject_cast<QGraphicsTextItem *>(itemOf(object));
+    AttributeMap attributes;
+    object->getAllAttributes(attributes);
+    const QString stored = attributes.value(QStringLiteral("text")).toString();
+    if (item && typedText(*item) != QTextDocument(stored).toPlainText())
+        record.insert(QStringLiteral("textWord"), typedText(*item));
+}
+
 /// The name of the image that the program knows \a object to use; empty for none.
 QString imageOf(const PageObject &object)
 {
@@ -121,23 +153,30 @@ std::unique_ptr<OpenPage> OpenPage::create(const QSize &size, int dpi, const QCo
 }
 
 std::unique_ptr<OpenPage> OpenPage::load(const PluginLoader &loader, const QString &fileName,
-                                         QString &error)
+                                         QString &error, const Progress &progress)
 {
     PageFile file;
     if (!readPageFile(fileName, file, error))
         return nullptr;
+    return load(loader, file, fileName, error, progress);
+}
+
+std::unique_ptr<OpenPage> OpenPage::load(const PluginLoader &loader, const PageFile &file,
+                                         const QString &fileName, QString &error,
+                                         const Progress &progress)
+{
     std::unique_ptr<OpenPage> open(new OpenPage(file));
     QString reason;
-    if (open->build(loader, reason))
+    if (open->build(loader, reason, progress))
         return open;
-    error = QStringLiteral("'%1': %2").arg(fileName, reason);
+    error = reason.isEmpty() ? reason : QStringLiteral("'%1': %2").arg(fileName, reason);
     return nullptr;
 }
 
-bool OpenPage::build(const PluginLoader &loader, QString &error)
+bool OpenPage::build(const PluginLoader &loader, QString &error, const Progress &progress)
 {
     PageBuilder builder(&loader, m_document.get(), m_page.get());
-    if (!builder.load(m_file)) {
+    if (!builder.load(m_file, progress)) {
         error = builder.errorString();
         return false;
     }
@@ -171,24 +210,43 @@ QString OpenPage::nameOf(const CVXRootObject *object) const
     return entry ? m_file.objects().at(entry->source).name : QString();
 }
 
-bool OpenPage::save(const QString &fileName, QString &error)
+bool OpenPage::save(const QString &fileName, QString &error, FormerFile former)
 {
     PageFile file;
     QString reason;
     if (toFile(file, reason))
-        return writePageFile(fileName, file, error);
+        return writePageFile(fileName, file, error, former);
     error = QStringLiteral("'%1': %2").arg(fileName, reason);
     return false;
 }
 
-bool OpenPage::toFile(PageFile &file, QString &error)
+bool OpenPage::toFile(PageFile &file, QString &error, const Progress &progress)
 {
     if (CVXRootObject *editing = m_page->editingObject())
         TextObject::endEdit(editing);
+    return gather(file, error, /*without=*/nullptr, progress);
+}
+
+/// A record ends the edit of its text, and with it a composition, but only on the thread of the
+/// application: on any other one an object cannot tell its host. So the records are made on another
+/// thread, while this one stands still and nothing can change.
+bool OpenPage::snapshot(PageFile &file, QString &error, const CVXRootObject *without)
+{
+    bool done = false;
+    std::thread([&] { done = gather(file, error, without, nullptr); }).join();
+    return done;
+}
+
+bool OpenPage::gather(PageFile &file, QString &error, const CVXRootObject *without,
+                      const Progress &progress) const
+{
+    int count = 0;
     const QMap<const CVXRootObject *, QVector<PageObject>> unknown = unknownByPlace();
     QVector<PageObject> objects = unknown.value(nullptr);
     for (CVXRootObject *object : m_page->objects()) {
-        if (object->isCreateFinished()) {
+        if (!isWanted(progress, count++, m_page->objects().size()))
+            return false;
+        if (object->isCreateFinished() && object != without) {
             PageObject description;
             if (!describe(object, description, error))
                 return false;
@@ -222,7 +280,10 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
     const Entry *entry = entryOf(object);
     if (entry)
         description = m_file.objects().at(entry->source);
-    if (entry && !entry->state.isEmpty() && recordState(object) == entry->state)
+    QJsonObject typed;
+    takeTypedText(object, typed);
+    if (entry && !entry->state.isEmpty() && typed.isEmpty()
+        && recordState(object) == entry->state)
         return true;
     const QString kind = kindOf(object);
     if (kind.isEmpty()) {
@@ -236,6 +297,7 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
                     .arg(m_page->objects().indexOf(object));
         return false;
     }
+    takeTypedText(object, record);
     if (description.form == PageObject::Form::Written)
         description.source = withoutWrittenForm(description.source);
     PageObject result;

@@ -3,7 +3,9 @@
 #ifndef APP_OPENPAGE_H
 #define APP_OPENPAGE_H
 
+#include "app/page/outputfile.h"
 #include "app/page/pagefile.h"
+#include "app/page/progress.h"
 
 #include <QPointer>
 #include <QStringList>
@@ -35,16 +37,24 @@ public:
     /// the program has open is as it was.
     /// \param loader is loaded, and outlives the call
     static std::unique_ptr<OpenPage> load(const PluginLoader &loader, const QString &fileName,
-                                          QString &error);
+                                          QString &error, const Progress &progress = nullptr);
+    /// The same of a file that has been read already; \a fileName is what errors call it.
+    static std::unique_ptr<OpenPage> load(const PluginLoader &loader, const PageFile &file,
+                                          const QString &fileName, QString &error,
+                                          const Progress &progress = nullptr);
 
     /// Writes the page to \a fileName: JSON for the suffix .json, binary for .vxpage. An edit that is
     /// open is ended first. The file appears whole or not at all: false with \a error when it cannot be
     /// written, has another suffix, or when an object is of a kind that page files do not have; a file
     /// that was there before is as it was then.
-    bool save(const QString &fileName, QString &error);
+    bool save(const QString &fileName, QString &error, FormerFile former = FormerFile::Dropped);
     /// What save() writes. Objects that have not changed since load() are written as they were read,
     /// all others as records with a picture of their look. False with \a error as save().
-    bool toFile(PageFile &file, QString &error);
+    bool toFile(PageFile &file, QString &error, const Progress &progress = nullptr);
+    /// The same of the page as it is in this moment, in the middle of an edit too, whose text is taken
+    /// as it stands, with what is being composed in it. Edit, caret, selection and composition go on.
+    /// \param without is left out of \a file; null for none
+    bool snapshot(PageFile &file, QString &error, const CVXRootObject *without = nullptr);
 
     /// Both live as long as this; the page's scene is what a view shows.
     Document *document() const { return m_document.get(); }
@@ -66,7 +76,9 @@ private:
     };
 
     explicit OpenPage(const PageFile &file);
-    bool build(const PluginLoader &loader, QString &error);
+    bool build(const PluginLoader &loader, QString &error, const Progress &progress);
+    bool gather(PageFile &file, QString &error, const CVXRootObject *without,
+                const Progress &progress) const;
     const Entry *entryOf(const CVXRootObject *object) const;
     QMap<const CVXRootObject *, QVector<PageObject>> unknownByPlace() const;
     bool describe(CVXRootObject *object, PageObject &description, QString &error) const;

@@ -52,12 +52,12 @@ PageBuilder::PageBuilder(const PluginLoader *loader, Document *document, Page *p
 {
 }
 
-bool PageBuilder::load(const PageFile &file)
+bool PageBuilder::load(const PageFile &file, const Progress &progress)
 {
     if (!loadImages(file))
         return false;
     for (const PageObject &description : file.objects()) {
-        if (!loadObject(description))
+        if (!isWanted(progress, m_made.size(), file.objects().size()) || !loadObject(description))
             return false;
     }
     return true;

@@ -4,6 +4,7 @@
 #define APP_PAGEBUILDER_H
 
 #include "app/page/pagefile.h"
+#include "app/page/progress.h"
 
 #include <QStringList>
 
@@ -22,7 +23,7 @@ public:
 
     /// Puts the images of \a file into the document and its objects on the page. False with
     /// errorString() when an image or an object cannot be made.
-    bool load(const PageFile &file);
+    bool load(const PageFile &file, const Progress &progress = nullptr);
     /// Places, turns and stretches what was loaded. An object that shows its picture stays where that
     /// is. To be called once.
     void arrange();

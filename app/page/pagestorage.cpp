@@ -8,7 +8,6 @@
 
 #include <QFileInfo>
 #include <QJsonDocument>
-#include <QSaveFile>
 
 namespace {
 
@@ -68,7 +67,8 @@ bool pageBytes(const PageFile &file, PageForm form, QByteArray &bytes, QString &
     return true;
 }
 
-bool writePageFile(const QString &fileName, const PageFile &file, QString &error)
+bool writePageFile(const QString &fileName, const PageFile &file, QString &error,
+                   FormerFile former)
 {
     PageForm form = PageForm::Json;
     if (!pageFormOf(fileName, form)) {
@@ -79,8 +79,12 @@ bool writePageFile(const QString &fileName, const PageFile &file, QString &error
     QString reason;
     if (!pageBytes(file, form, bytes, reason))
         return fail(error, QStringLiteral("'%1': %2").arg(fileName, reason));
-    QSaveFile output(fileName);
-    if (output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() && output.commit())
+    // What a reader would refuse takes no file's place.
+    const FileCheck isReadable = [](const QByteArray &written, QString &problem) {
+        PageFile again;
+        return readPage(written, again, problem);
+    };
+    if (writeFile(fileName, bytes, reason, former, isReadable))
         return true;
-    return fail(error, QStringLiteral("cannot write '%1': %2").arg(fileName, output.errorString()));
+    return fail(error, QStringLiteral("cannot write '%1': %2").arg(fileName, reason));
 }

@@ -3,6 +3,8 @@
 #ifndef APP_PAGESTORAGE_H
 #define APP_PAGESTORAGE_H
 
+#include "app/page/outputfile.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -25,7 +27,8 @@ bool readPageFile(const QString &fileName, PageFile &file, QString &error);
 /// \a file as the bytes of a page file.
 bool pageBytes(const PageFile &file, PageForm form, QByteArray &bytes, QString &error);
 /// Writes \a file to \a fileName, in the form that its suffix names. False with a sentence in \a error;
-/// what was there before is as it was then.
-bool writePageFile(const QString &fileName, const PageFile &file, QString &error);
+/// what was there before is as it was then. Bytes that readPage() refuses are not written.
+bool writePageFile(const QString &fileName, const PageFile &file, QString &error,
+                   FormerFile former = FormerFile::Dropped);
 
 #endif
