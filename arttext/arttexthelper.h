@@ -247,7 +247,7 @@ public:
     /// line, transparent. Null for an empty size, a line too short for its pixels, or no memory.
     static QImage createImage(int width, int height, int bytesPerPixel);
     /// The colours of \a image with \a mask as alpha, multiplied by the image's own alpha unless
-    /// \a ignoreImageAlpha. Both are read as one run of bytes, padding included; a mask of 8 bits is
+    /// \a ignoreImageAlpha. Both are read as one run of bytes, padding too; a mask of 8 bits is
     /// read byte by byte, one of 32 bits, deliberately, every fifth byte, and another gives a
     /// transparent image. Where the mask ends early alpha is 0. Null for a null mask or image.
     static QImage maskImage(const QImage &image, const QImage &mask, bool ignoreImageAlpha);

@@ -87,7 +87,7 @@ qint64 stepsOfLine(int x1, int y1, int x2, int y2)
     return std::max(std::abs(qint64(x2) - x1), std::abs(qint64(y2) - y1));
 }
 
-/// Calls \a visit for each point of the line. A template, since it runs for thousands of short lines.
+/// Calls \a visit for each point of the line. A template: it runs for thousands of short lines.
 template<typename Visit>
 void walkLine(int x1, int y1, int x2, int y2, Visit visit)
 {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// guidepoints_p.h -- what the files of CArtText share: kinds of guide lines, whole numbers that wrap.
+// guidepoints_p.h -- what the files of CArtText share: kinds of guide lines, sums that wrap.
 #ifndef GUIDEPOINTS_P_H
 #define GUIDEPOINTS_P_H
 
