@@ -68,7 +68,7 @@ bool pageBytes(const PageFile &file, PageForm form, QByteArray &bytes, QString &
 }
 
 bool writePageFile(const QString &fileName, const PageFile &file, QString &error,
-                   FormerFile former)
+                   FormerFile former, const Progress &progress)
 {
     PageForm form = PageForm::Json;
     if (!pageFormOf(fileName, form)) {
@@ -80,11 +80,16 @@ bool writePageFile(const QString &fileName, const PageFile &file, QString &error
     if (!pageBytes(file, form, bytes, reason))
         return fail(error, QStringLiteral("'%1': %2").arg(fileName, reason));
     // What a reader would refuse takes no file's place.
-    const FileCheck isReadable = [](const QByteArray &written, QString &problem) {
+    bool wanted = isWanted(progress, 0, 2);
+    const FileCheck isReadable = [&](const QByteArray &written, QString &problem) {
         PageFile again;
-        return readPage(written, again, problem);
+        const bool isRead = readPage(written, again, problem);
+        wanted = isWanted(progress, 1, 2);
+        return isRead && wanted;
     };
-    if (writeFile(fileName, bytes, reason, former, isReadable))
+    if (wanted && writeFile(fileName, bytes, reason, former, isReadable))
         return true;
+    if (!wanted)
+        return fail(error, QString());
     return fail(error, QStringLiteral("cannot write '%1': %2").arg(fileName, reason));
 }

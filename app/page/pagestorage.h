@@ -4,6 +4,7 @@
 #define APP_PAGESTORAGE_H
 
 #include "app/page/outputfile.h"
+#include "app/page/progress.h"
 
 #include <QByteArray>
 #include <QString>
@@ -29,6 +30,6 @@ bool pageBytes(const PageFile &file, PageForm form, QByteArray &bytes, QString &
 /// Writes \a file to \a fileName, in the form that its suffix names. False with a sentence in \a error;
 /// what was there before is as it was then. Bytes that readPage() refuses are not written.
 bool writePageFile(const QString &fileName, const PageFile &file, QString &error,
-                   FormerFile former = FormerFile::Dropped);
+                   FormerFile former = FormerFile::Dropped, const Progress &progress = nullptr);
 
 #endif

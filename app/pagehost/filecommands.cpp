@@ -1,10 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/filecommands.h"
 
+#include "app/pagehost/busysign.h"
 #include "app/pagehost/mainwindow.h"
+#include "app/pagehost/pageproblem.h"
 #include "app/pagehost/pagesession.h"
+#include "app/pagehost/recentfiles.h"
+#include "app/pagehost/recoverydialog.h"
 
 #include <QAction>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMenu>
@@ -22,6 +27,7 @@ FileCommands::FileCommands(MainWindow *window, const PluginLoader *loader)
     , m_window(window)
     , m_loader(loader)
 {
+    connect(window, &MainWindow::sessionTaken, &m_recovery, &Recovery::follow);
 }
 
 QAction *FileCommands::addCommand(QMenu *menu, const char *name, const QString &text,
@@ -38,6 +44,10 @@ void FileCommands::addTo(QMenu *menu)
 {
     addCommand(menu, "new", tr("&New"), QKeySequence::New, &FileCommands::newPage);
     addCommand(menu, "open", tr("&Open..."), QKeySequence::Open, &FileCommands::open);
+    m_recent = menu->addMenu(tr("Open &Recent"));
+    m_recent->setObjectName(QStringLiteral("recent"));
+    fillRecentMenu(); // that it can be opened at all
+    connect(m_recent, &QMenu::aboutToShow, this, &FileCommands::fillRecentMenu);
     menu->addSeparator();
     addCommand(menu, "save", tr("&Save"), QKeySequence::Save, &FileCommands::save);
     addCommand(menu, "saveAs", tr("Save &As..."), Qt::CTRL + Qt::SHIFT + Qt::Key_S,
@@ -61,14 +71,80 @@ QString FileCommands::shownName() const
 bool FileCommands::openFile(const QString &fileName)
 {
     QString error;
-    std::unique_ptr<PageSession> opened = PageSession::open(m_loader, fileName, error);
+    std::unique_ptr<PageSession> opened;
+    {
+        BusySign work(m_window, tr("Opening %1").arg(QFileInfo(fileName).fileName()));
+        opened = PageSession::open(m_loader, fileName, error, work);
+        if (!opened && !work.isWanted())
+            return false;
+    }
     if (!opened) {
-        QMessageBox::critical(m_window, tr("Open"),
-                              tr("%1 cannot be opened.\n\n%2").arg(fileName, error));
+        tellProblem(fileName, error);
         return false;
     }
     m_window->takeSession(std::move(opened));
+    RecentFiles::add(fileName);
     return true;
+}
+
+/// Says what is wrong with a file and where.
+void FileCommands::tellProblem(const QString &fileName, const QString &error)
+{
+    QMessageBox box(QMessageBox::Critical, tr("Open"), problemText(problemOf(fileName), fileName),
+                    QMessageBox::Ok, m_window);
+    box.setInformativeText(tr("%1\n\nThe page that is open stays as it is.").arg(error));
+    box.exec();
+}
+
+bool FileCommands::offerRecovery()
+{
+    auto copies = RecoveryCopy::abandoned();
+    if (copies.empty())
+        return false;
+    RecoveryDialog dialog(std::move(copies), m_window);
+    dialog.exec();
+    std::unique_ptr<RecoveryCopy> copy = dialog.takeChosen();
+    if (!copy)
+        return false;
+    QString error;
+    std::unique_ptr<PageSession> recovered = PageSession::recover(m_loader, copy->pageName(),
+                                                                  copy->originalName(), error);
+    if (!recovered) {
+        tellProblem(copy->pageName(), error);
+        return false;
+    }
+    m_window->takeSession(std::move(recovered));
+    m_recovery.adopt(std::move(copy));
+    m_window->statusBar()->showMessage(tr("Recovered: save the page to keep it"));
+    return true;
+}
+
+// Recent files
+
+void FileCommands::fillRecentMenu()
+{
+    m_recent->clear();
+    const QStringList files = RecentFiles::list();
+    int number = 0;
+    for (const QString &fileName : files) {
+        QString shown = QDir::toNativeSeparators(fileName);
+        shown.replace(QLatin1Char('&'), QLatin1String("&&"));
+        ++number;
+        const QString key = number < 10 ? QStringLiteral("&%1  ").arg(number) : QString();
+        m_recent->addAction(key + shown, this, [this, fileName] { openRecent(fileName); });
+    }
+    if (!files.isEmpty())
+        m_recent->addSeparator();
+    QAction *clear = m_recent->addAction(tr("&Clear List"), this, &RecentFiles::clear);
+    clear->setEnabled(!files.isEmpty());
+}
+
+void FileCommands::openRecent(const QString &fileName)
+{
+    if (!mayLeavePage() || openFile(fileName))
+        return;
+    if (!QFileInfo::exists(fileName))
+        RecentFiles::remove(fileName);
 }
 
 void FileCommands::newPage()
@@ -107,17 +183,41 @@ bool FileCommands::saveUnderNewName()
 
 bool FileCommands::saveTo(const QString &fileName)
 {
+    if (!mayReplace(fileName))
+        return false;
     QString error;
-    if (!session()->save(fileName, error)) {
-        QMessageBox::critical(m_window, tr("Save"), tr("The page is not saved.\n\n%1").arg(error));
+    bool saved = false;
+    {
+        BusySign work(m_window, tr("Saving %1").arg(QFileInfo(fileName).fileName()));
+        saved = session()->save(fileName, error, work);
+    }
+    if (!saved) {
+        if (!error.isEmpty()) // not given up by the user
+            QMessageBox::critical(m_window, tr("Save"),
+                                  tr("The page is not saved.\n\n%1").arg(error));
         return false;
     }
+    RecentFiles::add(fileName);
     m_window->statusBar()->showMessage(tr("Saved %1").arg(fileName), statusTime);
     return true;
 }
 
+/// Asks ahead of the loss of what another program has written to the file of the page.
+bool FileCommands::mayReplace(const QString &fileName)
+{
+    if (fileName != session()->fileName() || !session()->isFileForeign()
+        || !QFileInfo::exists(fileName))
+        return true;
+    return QMessageBox::warning(m_window, tr("Save"),
+                                tr("Another program has changed %1. Replace it?").arg(shownName()),
+                                QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Cancel)
+           == QMessageBox::Save;
+}
+
 bool FileCommands::mayLeavePage()
 {
+    if (BusySign::isAnywhere())
+        return false;
     session()->endEdit();
     if (!session()->isModified())
         return true;

@@ -3,6 +3,8 @@
 #ifndef PAGEHOST_FILECOMMANDS_H
 #define PAGEHOST_FILECOMMANDS_H
 
+#include "app/pagehost/recovery.h"
+
 #include <QKeySequence>
 #include <QObject>
 
@@ -26,8 +28,12 @@ public:
     /// Opens the page of a file in place of the present one, without asking. False, after a message,
     /// for a file that cannot be opened: the present page stays.
     bool openFile(const QString &fileName);
+    /// Offers the pages that a crash has left. True when one of them is open now.
+    bool offerRecovery();
     /// Asks what is to become of changes that are not saved. False when the page is to stay open.
     bool mayLeavePage();
+    /// Keeps the copy of the page for the time after a crash.
+    Recovery *recovery() { return &m_recovery; }
     /// The name of the page for titles and questions.
     QString shownName() const;
 
@@ -43,10 +49,16 @@ private:
     bool saveOrAsk();
     bool saveUnderNewName();
     bool saveTo(const QString &fileName);
+    bool mayReplace(const QString &fileName);
+    void fillRecentMenu();
+    void openRecent(const QString &fileName);
+    void tellProblem(const QString &fileName, const QString &error);
     PageSession *session() const;
 
     MainWindow *m_window;
     const PluginLoader *m_loader;
+    QMenu *m_recent = nullptr;
+    Recovery m_recovery;
 };
 
 #endif

@@ -3,12 +3,16 @@
 
 #include "app/page/framework.h"
 #include "app/page/pluginloader.h"
+#include "app/pagehost/filecommands.h"
 #include "app/pagehost/mainwindow.h"
+#include "app/pagehost/pagesession.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
+#include <QFileInfo>
 #include <QMessageBox>
+#include <QProcess>
 
 #include <cstdio>
 
@@ -96,6 +100,25 @@ bool hasScreen()
     return platform != QLatin1String("offscreen") && platform != QLatin1String("minimal");
 }
 
+/// What a crash has left goes first; the page that was asked for opens in a window of its own then.
+void openPages(MainWindow &window, const Options &options)
+{
+    const bool isTaken = window.files()->offerRecovery();
+    if (options.fileName.isEmpty())
+        return;
+    if (!isTaken) {
+        window.openFile(options.fileName);
+        return;
+    }
+    const QString wanted = QFileInfo(options.fileName).absoluteFilePath();
+    if (QFileInfo(window.session()->fileName()).absoluteFilePath() == wanted)
+        return;
+    QStringList arguments{wanted};
+    if (!options.plugin.isEmpty())
+        arguments.prepend(QStringLiteral("--plugin=") + options.plugin);
+    QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
+}
+
 int run(const Options &options)
 {
     PluginLoader loader;
@@ -111,8 +134,7 @@ int run(const Options &options)
     Framework framework;
     MainWindow window(&loader, &framework);
     window.show();
-    if (!options.fileName.isEmpty())
-        window.openFile(options.fileName);
+    openPages(window, options);
     return QApplication::exec();
 }
 

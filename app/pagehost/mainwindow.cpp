@@ -173,6 +173,7 @@ void MainWindow::takeSession(std::unique_ptr<PageSession> session)
     m_session->page()->setToolController(this);
     m_view->setSession(m_session.get());
     connect(m_session.get(), &PageSession::stateChanged, this, &MainWindow::refresh);
+    Q_EMIT sessionTaken(m_session.get());
     statusBar()->showMessage(m_session->warnings().join(QLatin1String("; ")));
     refresh();
 }

@@ -41,6 +41,10 @@ public:
     FileCommands *files() const { return m_files; }
     void setTool(int tool);
 
+Q_SIGNALS:
+    /// \a session is the page that is shown from now on.
+    void sessionTaken(PageSession *session);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
 

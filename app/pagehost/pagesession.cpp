@@ -23,8 +23,6 @@
 
 namespace {
 
-const QSize newPageSize(794, 1123); // A4 upright at 96 dpi
-const QColor newPageBackground(Qt::white);
 // A JSON list of objects as they stand in page files.
 const QString objectsType = QStringLiteral("application/x-vxpage-objects");
 const QLatin1String kindKey("kind");
@@ -81,44 +79,6 @@ PageSession::~PageSession()
     page()->scene()->disconnect(this);
 }
 
-std::unique_ptr<PageSession> PageSession::create(const PluginLoader *loader)
-{
-    QString error;
-    auto page = OpenPage::create(newPageSize, Document::defaultDpi, newPageBackground, error);
-    return std::unique_ptr<PageSession>(new PageSession(loader, std::move(page)));
-}
-
-std::unique_ptr<PageSession> PageSession::open(const PluginLoader *loader, const QString &fileName,
-                                               QString &error)
-{
-    auto page = OpenPage::load(*loader, fileName, error);
-    if (!page)
-        return nullptr;
-    std::unique_ptr<PageSession> session(new PageSession(loader, std::move(page)));
-    session->m_fileName = fileName;
-    return session;
-}
-
-bool PageSession::save(const QString &fileName, QString &error)
-{
-    CVXRootObject *edited = editedObject(); // a record never holds an open edit
-    QGraphicsTextItem *item = edited ? TextCommands::editItem(edited) : nullptr;
-    const QTextCursor caret = item ? item->textCursor() : QTextCursor();
-    if (!endEdit())
-        edited = nullptr;
-    const bool saved = m_open->save(fileName, error);
-    if (saved) {
-        m_fileName = fileName;
-        undoStack()->setClean();
-    }
-    if (edited)
-        TextCommands::beginEdit(edited);
-    if (edited && item)
-        item->setTextCursor(caret);
-    announce();
-    return saved;
-}
-
 bool PageSession::isModified() const
 {
     if (!undoStack()->isClean())
@@ -160,8 +120,10 @@ void PageSession::hintMissingFonts()
 
 // What the page tells
 
-void PageSession::objectChanged(CVXRootObject * /*object*/)
+void PageSession::objectChanged(CVXRootObject *object)
 {
+    if (object != editedObject()) // whose caret blinks
+        ++m_changes;
     announce();
 }
 

@@ -12,6 +12,7 @@
 #include <memory>
 
 class CUndoRedo;
+class LongWork;
 class PluginLoader;
 class QJsonArray;
 class QMimeData;
@@ -27,13 +28,29 @@ public:
     /// The page of a file; null with \a error, which says what is wrong and where.
     static std::unique_ptr<PageSession> open(const PluginLoader *loader, const QString &fileName,
                                              QString &error);
+    /// The same, as long as \a work is wanted; null with an empty \a error when it is not any more.
+    static std::unique_ptr<PageSession> open(const PluginLoader *loader, const QString &fileName,
+                                             QString &error, LongWork &work);
+    /// The page of the file \a copy as a modified one of the file \a fileName, which may be empty.
+    static std::unique_ptr<PageSession> recover(const PluginLoader *loader, const QString &copy,
+                                                const QString &fileName, QString &error);
     ~PageSession() override;
 
-    /// Writes the page. An open edit goes on afterwards with its caret where it was. On failure false,
-    /// with \a error; a file that was there before is as it was.
+    /// Writes the page; the file so far stays as "NAME~". An open edit goes on afterwards with its
+    /// caret where it was. On failure false, with \a error; a file that was there before is as it was.
     bool save(const QString &fileName, QString &error);
+    /// The same, as long as \a work is wanted; false with an empty \a error when it is not any more.
+    bool save(const QString &fileName, QString &error, LongWork &work);
+    /// The page as it stands, with what is being typed and composed: nothing of that ends. A new text
+    /// that is still empty is left out.
+    bool snapshot(PageFile &file, QString &error) const;
+    /// Differs when something has changed since the last call that may make another snapshot. The
+    /// same changes with selection and look too.
+    QString contentMark() const;
     /// Empty for a page without a file.
     QString fileName() const { return m_fileName; }
+    /// True when another program has changed the file since it was opened or saved here.
+    bool isFileForeign() const;
     /// What was left out when the page was opened, a sentence each.
     QStringList warnings() const { return m_open->warnings(); }
     bool isModified() const;
@@ -80,6 +97,7 @@ private:
     void editingChanged(CVXRootObject *object, bool editing) override;
     void objectDrawn(CVXRootObject *object) override;
 
+    bool writeTo(const QString &fileName, QString &error, LongWork &work);
     void announce();
     void hintMissingFonts();
     bool isNewTextAbandoned() const;
@@ -94,6 +112,8 @@ private:
     const PluginLoader *m_loader;
     std::unique_ptr<OpenPage> m_open;
     QString m_fileName;
+    QString m_fileStamp; ///< of the file as it was opened or saved
+    int m_changes = 0;   ///< that objects out of edit have told
     int m_lastId = 0;
     bool m_announced = false;
     QString m_editStartText;            ///< of the object in edit state
