@@ -372,6 +372,7 @@ bool CWordProcess::warpInflateHandle(const QRectF &rect, const QRectF &bounds, Q
         || !pourInto(pen, swells ? h + 2 * a : h, swells ? a : 0, rect, bounds, outRect, paths,
                      pathBounds))
         return false;
+    pathBounds = bounds; // for the next pass to measure by
     const double b = std::abs(0.25 * pen.along * m_warpValue);
     return bendEdges(swells ? b : -b, !pen.vertical, outRect, paths, pathBounds);
 }
@@ -391,11 +392,15 @@ bool CWordProcess::warpSqueezeHandle(const QRectF &rect, const QRectF &bounds, Q
     pathBounds = bounds;
     for (QPainterPath &path : paths)
         path.translate(-rect.topLeft());
-    if (!bendEdges(swell, vertical, outRect, paths, pathBounds)
-        || !bendEdges(-pull, !vertical, outRect, paths, pathBounds))
+    if (!bendEdges(swell, vertical, outRect, paths, pathBounds))
         return false;
-    const bool isTwice = m_warpValue > 0 && !vertical;
-    return !isTwice || bendEdges(-pull, !vertical, outRect, paths, pathBounds);
+    pathBounds = bounds; // for the next pass to measure by
+    if (!bendEdges(-pull, !vertical, outRect, paths, pathBounds))
+        return false;
+    if (m_warpValue < 0 || vertical)
+        return true;
+    pathBounds = bounds;
+    return bendEdges(-pull, !vertical, outRect, paths, pathBounds);
 }
 
 namespace {
