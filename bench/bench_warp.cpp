@@ -7,6 +7,7 @@
 #include "warp/textbezier.h"
 
 #include <QApplication>
+#include <QDataStream>
 
 #include <benchmark/benchmark.h>
 
@@ -25,6 +26,7 @@ public:
         : BenchTextObject(benchText(BenchScript::Latin, length), Qt::Horizontal)
     {
     }
+    using CWordProcess::m_morphPaths;
     using CWordProcess::m_textPaths;
 };
 
@@ -108,6 +110,47 @@ void bareSurface(benchmark::State &state, int length)
     object->Release();
 }
 
+/// Sets a warp as a host's slider does.
+void drag(WarpText &object, double value)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << int(SurfaceArc) << value << 0.0 << 0.0 << int(Qt::Horizontal) << false;
+    QDataStream in(bytes);
+    object.SetSpecialProperty(118, in, false);
+}
+
+// From outlines to bent ones: walk, placement, box. After a layout the doubling of lines and the measuring of all
+// outlines come on top; as long as the text stays they are done once.
+void pipeline(benchmark::State &state, int length, bool afterLayout)
+{
+    WarpText *object = makeText(length);
+    drag(*object, double(benchValue));
+    for ([[maybe_unused]] auto _ : state) {
+        if (afterLayout)
+            object->m_textPaths.detach(); // another list, as a layout leaves it
+        object->updateMorphTextPaths();
+    }
+    if (object->m_morphPaths.isEmpty())
+        state.SkipWithError("the text was not bent");
+    state.SetItemsProcessed(state.iterations() * object->elementCount());
+    object->Release();
+}
+
+// One step of a slider: the property with another value each time, previewed.
+void sliderStep(benchmark::State &state, int length)
+{
+    WarpText *object = makeText(length);
+    double value = 0.2;
+    for ([[maybe_unused]] auto _ : state) {
+        value = value > 0.8 ? 0.2 : value + 0.01;
+        drag(*object, value);
+    }
+    if (object->m_morphPaths.isEmpty())
+        state.SkipWithError("the text was not bent");
+    object->Release();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -116,6 +159,14 @@ int main(int argc, char **argv)
     for (int length : {100, 1000, 10000}) {
         const std::string name = std::to_string(length);
         benchmark::RegisterBenchmark(("bareSurface/" + name).c_str(), bareSurface, length)
+            ->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("pipeline/" + name).c_str(), pipeline, length,
+                                     /*afterLayout=*/false)
+            ->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("pipelineAfterLayout/" + name).c_str(), pipeline, length,
+                                     /*afterLayout=*/true)
+            ->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(("sliderStep/" + name).c_str(), sliderStep, length)
             ->Unit(benchmark::kMicrosecond);
     }
     benchmark::Initialize(&argc, argv);
