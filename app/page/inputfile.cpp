@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cstdio>
+
 namespace {
 
 /// One row of the table of well-formed byte sequences: which lead bytes, how many bytes follow, and
@@ -58,6 +60,18 @@ bool fail(QString &error, const QString &reason)
     return false;
 }
 
+bool readOpenFile(QFile &file, const QString &name, qint64 limit, QByteArray &bytes, QString &error)
+{
+    // One byte more than allowed tells a file that is too large, also where it has no size: a pipe.
+    const QByteArray content = file.read(limit + 1);
+    if (file.error() != QFileDevice::NoError)
+        return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
+    if (content.size() > limit)
+        return fail(error, QStringLiteral("'%1' is larger than %2 bytes").arg(name).arg(limit));
+    bytes = content;
+    return true;
+}
+
 } // namespace
 
 qint64 firstBadByte(const QByteArray &bytes)
@@ -78,14 +92,15 @@ bool readFile(const QString &name, qint64 limit, QByteArray &bytes, QString &err
         return fail(error, QStringLiteral("cannot read '%1': it is a directory").arg(name));
     if (!file.open(QIODevice::ReadOnly))
         return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
-    // One byte more than allowed tells a file that is too large, also where it has no size: a pipe.
-    const QByteArray content = file.read(limit + 1);
-    if (file.error() != QFileDevice::NoError)
+    return readOpenFile(file, name, limit, bytes, error);
+}
+
+bool readStandardInput(const QString &name, qint64 limit, QByteArray &bytes, QString &error)
+{
+    QFile file;
+    if (!file.open(stdin, QIODevice::ReadOnly))
         return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
-    if (content.size() > limit)
-        return fail(error, QStringLiteral("'%1' is larger than %2 bytes").arg(name).arg(limit));
-    bytes = content;
-    return true;
+    return readOpenFile(file, name, limit, bytes, error);
 }
 
 bool decodeText(const QString &name, QByteArray bytes, QString &text, QString &error)

@@ -13,6 +13,9 @@ constexpr qint64 maximumInputBytes = qint64(64) << 20;
 /// with a sentence in \a error, and \a bytes are as they were.
 bool readFile(const QString &name, qint64 limit, QByteArray &bytes, QString &error);
 
+/// Reads the standard input to its end, under the name \a name in \a error, as readFile().
+bool readStandardInput(const QString &name, qint64 limit, QByteArray &bytes, QString &error);
+
 /// Offset of the first byte of \a bytes where no character of well-formed UTF-8 begins (overlong forms,
 /// surrogates, values above U+10FFFF and characters cut short are ill-formed), or that is NUL. -1 when
 /// all is well.

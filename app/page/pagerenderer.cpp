@@ -31,15 +31,26 @@ PageRenderer::PageRenderer(Page *page, const Options &options)
 bool PageRenderer::formatOf(const QString &fileName, Format &format)
 {
     const QString suffix = QFileInfo(fileName).suffix().toLower();
-    if (suffix == QLatin1String("png"))
-        format = Format::Png;
-    else if (suffix == QLatin1String("svg"))
-        format = Format::Svg;
-    else if (suffix == QLatin1String("pdf"))
-        format = Format::Pdf;
-    else
-        return false;
-    return true;
+    for (Format candidate : {Format::Png, Format::Svg, Format::Pdf}) {
+        if (suffix == suffixOf(candidate)) {
+            format = candidate;
+            return true;
+        }
+    }
+    return false;
+}
+
+QString PageRenderer::suffixOf(Format format)
+{
+    switch (format) {
+    case Format::Png:
+        return QStringLiteral("png");
+    case Format::Svg:
+        return QStringLiteral("svg");
+    case Format::Pdf:
+        return QStringLiteral("pdf");
+    }
+    return {};
 }
 
 bool PageRenderer::check(Format format)

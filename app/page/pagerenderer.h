@@ -40,6 +40,8 @@ public:
 
     /// The format that the suffix of \a fileName names; letter case does not count.
     static bool formatOf(const QString &fileName, Format &format);
+    /// The suffix of files of \a format: "png".
+    static QString suffixOf(Format format);
 
     /// Renders the page. An empty array, with errorString(), when the page is empty or too large.
     QByteArray render(Format format);

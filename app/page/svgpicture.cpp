@@ -36,7 +36,7 @@ QByteArray head(const PictureMetadata &metadata)
 bool replaceHead(QByteArray &svg, const PictureMetadata &metadata)
 {
     const QByteArray descriptionEnd("</desc>\n");
-    const int start = svg.indexOf("<desc>");
+    const int start = svg.indexOf("<title>");
     const int end = svg.indexOf(descriptionEnd);
     if (start < 0 || end < start)
         return false;

@@ -28,13 +28,37 @@ struct FontReplacement {
 
 /// What the command line asks for. All values are valid when parseArguments() returns Run.
 struct Arguments {
-    bool isPlainText = false; ///< the input is no JSON
-    QString input;
-    QString output;       ///< empty when only missing fonts are asked for
-    bool convert = false; ///< the input is a page file, the output the same page in another form
+    enum class Task {
+        Render,    ///< a picture of each input
+        Check,     ///< the same, but for writing it
+        DumpText,  ///< the text of each input
+        ListFonts, ///< nothing but the missing fonts
+        Convert,   ///< the input is a page file, the output the same page in another form
+    };
+    /// What becomes of an input that misses a font.
+    enum class FontPolicy {
+        Usual,   ///< a page as with Warn, another input as with Error, but as a failure like others
+        Warn,    ///< a warning; a page shows pictures with a label, other text another font
+        Error,   ///< a failure with an exit code of its own
+        Picture, ///< a page shows pictures without a label; a warning only where there is none
+    };
+    enum class Loudness { Quiet, Usual, Verbose };
+
+    Task task = Task::Render;
+    bool isPlainText = false; ///< the inputs are no JSON
+    QStringList inputs;       ///< files, folders, "-"; of a sheet one, which may be empty
+    QString output;           ///< of the one input; "-" for the standard output
+    QString outputFolder;     ///< of several inputs
     PageRenderer::Format format = PageRenderer::Format::Png;
+    int page = 1;
+    FontPolicy fontPolicy = FontPolicy::Usual;
+    Loudness loudness = Loudness::Usual;
+    bool json = false;  ///< a report on the standard output
+    double timeout = 0; ///< seconds for each input; 0 for no limit
+    QDateTime date;     ///< of the pictures; invalid for none
     PageRenderer::Options options;
     bool hasBackground = false;
+    bool hasDpi = false;
     QString plugin;       ///< path of the library; empty to search
     QString family;       ///< empty for the default
     double pointSize = 0; ///< 0 for the default
@@ -57,6 +81,9 @@ struct Arguments {
     QStringList notForPages; ///< the given options that make no sense for a page file
     QString message;         ///< for Usage: what is wrong; for Show: what to print
 };
+
+/// What a picture of \a text tells of itself.
+PictureMetadata metadataOf(const Arguments &arguments, const QString &text);
 
 enum class ParseResult { Run, Show, Usage };
 

@@ -5,10 +5,9 @@
 #include "app/page/inputfile.h"
 #include "app/page/page.h"
 #include "app/pagerender/contactsheet.h"
+#include "app/pagerender/outputfile.h"
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
-
-#include <cstdio>
 
 namespace {
 
@@ -28,38 +27,37 @@ QString withoutLastLineEnd(QString text)
 
 } // namespace
 
-ArtRendering::ArtRendering(const Arguments &arguments)
+ArtRendering::ArtRendering(const Arguments &arguments, const Job &job, Framework &framework,
+                           const PluginLoader &loader)
     : m_arguments(arguments)
+    , m_job(job)
+    , m_framework(framework)
+    , m_loader(loader)
     , m_look(arguments.art)
 {
 }
 
-ExitCode ArtRendering::run()
+Outcome ArtRendering::run()
 {
-    const bool done = readText() && chooseFont() && loadLibrary()
-                      && (m_arguments.artSheet ? renderSheet() : renderOne());
-    return done ? Done : Cannot;
-}
-
-bool ArtRendering::fail(const QString &message)
-{
-    std::fprintf(stderr, "pagerender: %s\n", qPrintable(message));
-    return false;
+    readText() && chooseFont() && (m_arguments.artSheet ? renderSheet() : renderOne());
+    return m_outcome;
 }
 
 bool ArtRendering::readText()
 {
-    if (m_arguments.input.isEmpty()) {
+    if (m_job.input.isEmpty()) {
         m_text = QStringLiteral("LETTERING");
         return true;
     }
     QString error;
-    if (!readTextFile(m_arguments.input, m_text, error))
+    QByteArray bytes;
+    if (!readJobInput(m_job, maximumInputBytes, bytes, error)
+        || !decodeText(m_job.input, bytes, m_text, error))
         return fail(error);
     m_text = withoutLastLineEnd(m_text);
     if (m_text.size() <= maximumArtCharacters)
         return true;
-    return fail(QStringLiteral("'%1' is too long for an art text").arg(m_arguments.input));
+    return fail(QStringLiteral("'%1' is too long for an art text").arg(m_job.input));
 }
 
 bool ArtRendering::chooseFont()
@@ -72,15 +70,8 @@ bool ArtRendering::chooseFont()
     return true;
 }
 
-bool ArtRendering::loadLibrary()
-{
-    if (m_loader.load(m_arguments.plugin))
-        return true;
-    return fail(QStringLiteral("no text objects: %1").arg(m_loader.errorString()));
-}
-
 /// Puts the text on \a page in \a style.
-bool ArtRendering::setUp(Page &page, int style, const QRectF &place) const
+bool ArtRendering::setUp(Page &page, int style, const QRectF &place)
 {
     CVXRootObject *object = m_loader.createArtText(1, &page);
     page.addObject(object);
@@ -99,13 +90,31 @@ bool ArtRendering::renderOne()
     const QSizeF size = m_arguments.box.isEmpty() ? usualSize : m_arguments.box;
     if (!setUp(page, m_look.style, QRectF(QPointF(0, 0), size)))
         return false;
-    PageRenderer renderer(&page, m_arguments.options);
-    return renderer.renderToFile(m_arguments.format, m_arguments.output)
-           || fail(renderer.errorString());
+    PageRenderer::Options options = m_arguments.options;
+    options.metadata = metadataOf(m_arguments, m_text);
+    PageRenderer renderer(&page, options);
+    if (m_arguments.task == Arguments::Task::Check) {
+        const bool isGood = renderer.check(m_arguments.format);
+        m_outcome.size = renderer.pictureSize();
+        return isGood || fail(renderer.errorString());
+    }
+    const QByteArray bytes = renderer.render(m_arguments.format);
+    m_outcome.size = renderer.pictureSize();
+    return bytes.isEmpty() ? fail(renderer.errorString()) : write(bytes);
+}
+
+bool ArtRendering::write(const QByteArray &bytes)
+{
+    QString error;
+    if (!writeOutput(m_job.output, bytes, error))
+        return fail(error);
+    m_outcome.output = m_job.output;
+    m_outcome.bytes = bytes.size();
+    return true;
 }
 
 /// One style on a page of its own; null, with a message, when that cannot be.
-QImage ArtRendering::cell(int style, const QSize &size) const
+QImage ArtRendering::cell(int style, const QSize &size)
 {
     Document document;
     Page page(&document);
@@ -137,6 +146,6 @@ bool ArtRendering::renderSheet()
     const QImage sheet = contactSheet(cells, sheetColumns, m_arguments.options.background);
     if (sheet.isNull())
         return fail(QStringLiteral("the sheet would be too large"));
-    QString error;
-    return writeSheet(sheet, m_arguments.output, error) || fail(error);
+    m_outcome.size = sheet.size();
+    return write(sheetBytes(sheet));
 }

@@ -3,11 +3,10 @@
 
 #include "app/page/pagerenderer.h"
 
+#include <QBuffer>
 #include <QFontMetrics>
 #include <QGuiApplication>
-#include <QImageWriter>
 #include <QPainter>
-#include <QSaveFile>
 
 namespace {
 
@@ -83,12 +82,9 @@ QImage contactSheet(const QVector<SheetCell> &cells, int columns, const QColor &
     return sheet;
 }
 
-bool writeSheet(const QImage &sheet, const QString &fileName, QString &error)
+QByteArray sheetBytes(const QImage &sheet)
 {
-    QSaveFile file(fileName);
-    QImageWriter writer(&file, QByteArrayLiteral("png"));
-    if (file.open(QIODevice::WriteOnly) && writer.write(sheet) && file.commit())
-        return true;
-    error = QStringLiteral("cannot write '%1': %2").arg(fileName, file.errorString());
-    return false;
+    QBuffer buffer;
+    sheet.save(&buffer, "PNG");
+    return buffer.data();
 }

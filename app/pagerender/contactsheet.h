@@ -26,8 +26,7 @@ constexpr int sheetGap = 12;
 ///         PageRenderer::maximumSide pixels a side or PageRenderer::maximumPixels in all
 QImage contactSheet(const QVector<SheetCell> &cells, int columns, const QColor &background);
 
-/// Writes \a sheet as PNG. On any failure false, with a sentence in \a error, and a file that was
-/// there before is as it was.
-bool writeSheet(const QImage &sheet, const QString &fileName, QString &error);
+/// \a sheet as the bytes of a PNG.
+QByteArray sheetBytes(const QImage &sheet);
 
 #endif

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// pagerender: sets a text, a document or a page and writes its picture.
+// pagerender: sets texts, documents and pages and writes their pictures.
 
 #include "app/pagerender/arguments.h"
-#include "app/pagerender/artrendering.h"
-#include "app/pagerender/rendering.h"
+#include "app/pagerender/batch.h"
+#include "app/pagerender/interruption.h"
 
 #include <QApplication>
 #include <QFile>
@@ -30,14 +30,25 @@ QStringList commandLine(int argc, char **argv)
     return arguments;
 }
 
+/// What Qt itself has to say is of no use here but for its faults.
+void dropQtMessages(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    if (type == QtCriticalMsg || type == QtFatalMsg)
+        std::fprintf(stderr, "pagerender: %s\n", qPrintable(message));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     const QStringList given = commandLine(argc, argv);
+    Interruption::holdBack();
+    qInstallMessageHandler(dropQtMessages);
+    qSetGlobalQHashSeed(0); // the same order every time
     chooseHeadlessPlatform();
     int applicationArgc = argc > 0 ? 1 : 0;
     QApplication application(applicationArgc, argv);
+    Interruption::letThrough();
     Arguments arguments;
     switch (parseArguments(given, arguments)) {
     case ParseResult::Show:
@@ -50,5 +61,5 @@ int main(int argc, char **argv)
     case ParseResult::Run:
         break;
     }
-    return arguments.isArt ? ArtRendering(arguments).run() : Rendering(arguments).run();
+    return Batch(arguments).run();
 }

@@ -11,23 +11,17 @@
 #include "app/page/pagestorage.h"
 #include "app/page/textobject.h"
 #include "app/pagerender/contactsheet.h"
+#include "app/pagerender/outputfile.h"
 #include "app/pagerender/warpsheet.h"
 #include "host/fontdatabase/cfontdatabase.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QJsonDocument>
 
-#include <cstdio>
-
 namespace {
 
 /// How many times over a side a text must be by a mere estimate to be refused ahead of its layout.
 constexpr double estimateReserve = 4;
-
-void tell(const QString &message)
-{
-    std::fprintf(stderr, "pagerender: %s\n", qPrintable(message));
-}
 
 /// False for a plain text that cannot fit on a page, told from its number of lines and its size.
 bool mayFit(int lines, double pointSize, int dpi)
@@ -48,68 +42,60 @@ QString unknownFont(const QString &family)
 
 } // namespace
 
-Rendering::Rendering(const Arguments &arguments)
+Rendering::Rendering(const Arguments &arguments, const Job &job, Framework &framework,
+                     const PluginLoader &loader)
     : m_arguments(arguments)
+    , m_job(job)
+    , m_framework(framework)
+    , m_loader(loader)
 {
 }
 
 Rendering::~Rendering() = default;
 
-ExitCode Rendering::run()
+Outcome Rendering::run()
 {
-    if (m_arguments.convert) {
-        convert();
-        return m_code;
-    }
-    // Each returns false where the run ends, be it with success or not.
-    readInput() && loadLibrary() && (m_isPage ? makePage() : makeDocument()) && applySettings()
-        && replaceFonts() && listMissingFonts() && checkMissingFonts() && arrange() && render();
-    return m_code;
+    // Each returns false where the work ends, be it with success or not.
+    readInput() && (m_isPage ? makePage() : makeDocument()) && applySettings() && replaceFonts()
+        && noteMissingFonts() && checkMissingFonts() && arrange() && deliver();
+    return m_outcome;
 }
 
 bool Rendering::fail(const QString &message, ExitCode code)
 {
-    tell(message);
-    m_code = code;
-    return false;
-}
-
-/// The same page in the form that the output names; no object is made for it.
-bool Rendering::convert()
-{
-    QString error;
-    return (readPageFile(m_arguments.input, m_pageFile, error)
-            && writePageFile(m_arguments.output, m_pageFile, error))
-           || fail(error);
+    return m_outcome.fail(message, code);
 }
 
 bool Rendering::readInput()
 {
+    const qint64 limit = m_arguments.isPlainText ? maximumInputBytes : maximumPageBytes;
+    QByteArray bytes;
     QString content;
     QString error;
-    if (m_arguments.isPlainText)
-        return readTextFile(m_arguments.input, content, error) ? readPlainText(content)
-                                                               : fail(error);
-    QByteArray bytes;
-    if (!readFile(m_arguments.input, maximumPageBytes, bytes, error))
+    if (!readJobInput(m_job, limit, bytes, error))
         return fail(error);
-    if (isBinaryPage(bytes)) {
+    if (!m_arguments.isPlainText && isBinaryPage(bytes)) {
         return beginPage()
                && (readBinaryPage(bytes, m_pageFile, error)
-                   || fail(QStringLiteral("'%1': %2").arg(m_arguments.input, error)));
+                   || fail(QStringLiteral("'%1': %2").arg(m_job.input, error)));
     }
-    return decodeText(m_arguments.input, bytes, content, error) ? readJson(content) : fail(error);
+    if (!decodeText(m_job.input, bytes, content, error))
+        return fail(error);
+    return m_arguments.isPlainText ? readPlainText(content) : readJson(content);
 }
 
 /// The input is a page file.
 bool Rendering::beginPage()
 {
     m_isPage = true;
-    if (m_arguments.notForPages.isEmpty())
-        return true;
-    return fail(QStringLiteral("--%1 is not for a page file, which says it itself")
-                    .arg(m_arguments.notForPages.constFirst()),
-                WrongUsage);
+    if (!m_arguments.notForPages.isEmpty()) {
+        return fail(QStringLiteral("--%1 is not for a page file, which says it itself")
+                        .arg(m_arguments.notForPages.constFirst()),
+                    WrongUsage);
+    }
+    if (m_arguments.hasDpi && m_arguments.format != PageRenderer::Format::Png)
+        return fail(QStringLiteral("--dpi of a page file is for PNG only"), WrongUsage);
+    return true;
 }
 
 bool Rendering::readPlainText(const QString &content)
@@ -127,7 +113,7 @@ bool Rendering::readPlainText(const QString &content)
     const int lines = 1 + content.count(QLatin1Char('\n'));
     if (content.size() > maximumCharacters
         || (!bounded && !mayFit(lines, style.pointSize, m_arguments.options.dpi)))
-        return fail(QStringLiteral("'%1' is too large for a page").arg(m_arguments.input));
+        return fail(QStringLiteral("'%1' is too large for a page").arg(m_job.input));
     return prepareDocument(documentString(content, style));
 }
 
@@ -136,12 +122,12 @@ bool Rendering::readJson(const QString &content)
     QJsonDocument json;
     QString error;
     if (!parseJson(content.toUtf8(), json, error))
-        return fail(QStringLiteral("'%1' is %2").arg(m_arguments.input, error));
+        return fail(QStringLiteral("'%1' is %2").arg(m_job.input, error));
     if (!PageFile::isPageFile(json.object()))
         return prepareDocument(content);
     return beginPage()
            && (m_pageFile.read(json.object(), error)
-               || fail(QStringLiteral("'%1': %2").arg(m_arguments.input, error)));
+               || fail(QStringLiteral("'%1': %2").arg(m_job.input, error)));
 }
 
 /// Checks the document and lays over it what the command line asks of it.
@@ -149,11 +135,11 @@ bool Rendering::prepareDocument(const QString &string)
 {
     m_info = inspectDocumentString(string);
     if (!m_info.valid)
-        return fail(QStringLiteral("'%1' is %2").arg(m_arguments.input, m_info.error));
+        return fail(QStringLiteral("'%1' is %2").arg(m_job.input, m_info.error));
     if (m_info.characters > maximumCharacters)
-        return fail(QStringLiteral("'%1' is too large for a page").arg(m_arguments.input));
+        return fail(QStringLiteral("'%1' is too large for a page").arg(m_job.input));
     if (m_info.wrapped && m_arguments.box.isEmpty())
-        return fail(QStringLiteral("'%1' is box text: give --box WxH").arg(m_arguments.input));
+        return fail(QStringLiteral("'%1' is box text: give --box WxH").arg(m_job.input));
     if (!checkPosition(m_arguments.selectionStart) || !checkPosition(m_arguments.selectionEnd))
         return false;
     DocumentChange change;
@@ -177,22 +163,15 @@ bool Rendering::checkPosition(int position)
     return fail(QStringLiteral("position %1 lies inside a character").arg(position));
 }
 
-bool Rendering::loadLibrary()
-{
-    if (m_loader.load(m_arguments.plugin))
-        return true;
-    return fail(QStringLiteral("no text objects: %1").arg(m_loader.errorString()));
-}
-
 bool Rendering::makePage()
 {
     m_document = std::make_unique<Document>(m_pageFile.dpi());
     m_page = std::make_unique<Page>(m_document.get());
     m_builder = std::make_unique<PageBuilder>(&m_loader, m_document.get(), m_page.get());
     if (!m_builder->load(m_pageFile))
-        return fail(QStringLiteral("'%1': %2").arg(m_arguments.input, m_builder->errorString()));
+        return fail(QStringLiteral("'%1': %2").arg(m_job.input, m_builder->errorString()));
     for (const QString &warning : m_builder->warnings())
-        tell(QStringLiteral("'%1': %2").arg(m_arguments.input, warning));
+        m_outcome.warn(QStringLiteral("'%1': %2").arg(m_job.input, warning));
     return true;
 }
 
@@ -204,7 +183,7 @@ bool Rendering::makeDocument()
     TextPlace place;
     place.box = m_arguments.box;
     if (!loadDocumentString(singleObject(), m_string, m_info, place))
-        return fail(QStringLiteral("the text object refuses '%1'").arg(m_arguments.input));
+        return fail(QStringLiteral("the text object refuses '%1'").arg(m_job.input));
     return true;
 }
 
@@ -277,33 +256,59 @@ QStringList Rendering::missingFonts() const
     return families;
 }
 
-bool Rendering::listMissingFonts()
+/// The end of those who ask for nothing else, and of those whom fonts do not matter to.
+bool Rendering::noteMissingFonts()
 {
-    if (!m_arguments.listMissingFonts)
-        return true;
-    const QStringList families = missingFonts();
-    for (const QString &family : families)
-        std::printf("%s\n", qPrintable(family));
-    return !m_arguments.output.isEmpty();
+    m_outcome.missingFonts = missingFonts();
+    if (m_arguments.task == Arguments::Task::DumpText)
+        return dumpText() && false;
+    return m_arguments.task != Arguments::Task::ListFonts;
 }
 
-/// A text or document wants its fonts. A page is shown without them, as well as it can be.
 bool Rendering::checkMissingFonts()
 {
-    const bool isEdited = m_arguments.selectionEnd >= 0;
     for (CVXRootObject *object : m_page->objects()) {
-        const QStringList families = TextObject::missingFonts(object);
-        for (const QString &family : families) {
-            if (!m_isPage && (isEdited || m_info.families.contains(family)))
-                return fail(unknownFont(family));
-            if (m_isPage)
-                tell(QStringLiteral("'%1': missing font '%2'").arg(m_arguments.input, family));
-        }
-        const QString names = families.join(QLatin1String(", "));
-        if (!names.isEmpty())
-            TextObject::setMissingFontHint(object, QStringLiteral("Missing font: %1").arg(names));
+        if (!checkMissingFontsOf(object))
+            return false;
     }
     return true;
+}
+
+/// Without a policy a text or document wants its fonts, and a page is shown without them, as well as
+/// it can be.
+bool Rendering::checkMissingFontsOf(CVXRootObject *object)
+{
+    const QStringList families = TextObject::missingFonts(object);
+    if (families.isEmpty())
+        return true;
+    const Arguments::FontPolicy policy = m_arguments.fontPolicy;
+    const bool isEdited = m_arguments.selectionEnd >= 0;
+    if (policy == Arguments::FontPolicy::Picture && showsPicture(object))
+        return true;
+    for (const QString &family : families) {
+        const bool isUsed = m_isPage || isEdited || m_info.families.contains(family);
+        const QString message = QStringLiteral("'%1': missing font '%2'").arg(m_job.input, family);
+        if (isUsed && policy == Arguments::FontPolicy::Error)
+            return fail(message, FontsMissing);
+        if (isUsed && policy == Arguments::FontPolicy::Usual && !m_isPage)
+            return fail(unknownFont(family));
+        if (isUsed)
+            m_outcome.warn(message);
+    }
+    const QString names = families.join(QLatin1String(", "));
+    TextObject::setMissingFontHint(object, QStringLiteral("Missing font: %1").arg(names));
+    return true;
+}
+
+/// True when the file has a picture for \a object, which misses a font.
+bool Rendering::showsPicture(CVXRootObject *object) const
+{
+    if (!m_isPage)
+        return false;
+    const PageObject &description = m_pageFile.objects().at(m_builder->objects().indexOf(object));
+    return description.form == PageObject::Form::Record
+               ? !pictureOfRecord(description.record).isEmpty()
+               : !description.picture.isEmpty();
 }
 
 bool Rendering::arrange()
@@ -319,7 +324,7 @@ bool Rendering::arrange()
     const bool isEdited = m_arguments.selectionEnd >= 0;
     if (isEdited
         && !setSelection(singleObject(), m_arguments.selectionStart, m_arguments.selectionEnd))
-        return fail(QStringLiteral("the text object refuses '%1'").arg(m_arguments.input));
+        return fail(QStringLiteral("the text object refuses '%1'").arg(m_job.input));
     if (m_arguments.autoHeight)
         TextObject::letBoxGrow(singleObject());
     if (m_arguments.warp.style != 0)
@@ -331,26 +336,81 @@ bool Rendering::arrange()
     return true;
 }
 
-bool Rendering::render()
+bool Rendering::deliver()
 {
     if (m_arguments.warpSheet)
         return renderWarpSheet();
+    return m_arguments.task == Arguments::Task::Check ? checkPicture() : renderPicture();
+}
+
+/// The texts of all objects, the lowest first, with an empty line between two.
+QString Rendering::plainText() const
+{
+    QStringList texts;
+    for (CVXRootObject *object : m_page->objects()) {
+        const QString text = TextObject::plainText(object);
+        if (!text.isEmpty() && object->isVisible())
+            texts.append(text);
+    }
+    return texts.join(QLatin1String("\n\n"));
+}
+
+bool Rendering::dumpText()
+{
+    const QString text = plainText();
+    if (m_arguments.json)
+        m_outcome.text = text.isNull() ? QLatin1String("") : text;
+    return m_job.output.isEmpty() || write(text.isEmpty() ? QByteArray() : text.toUtf8() + '\n');
+}
+
+PageRenderer::Options Rendering::pictureOptions() const
+{
     PageRenderer::Options options = m_arguments.options;
     options.foreground = m_isPage || m_arguments.selectionEnd >= 0;
     if (m_isPage) {
         options.page = m_pageFile.size();
+        if (m_arguments.hasDpi)
+            options.scale *= double(m_arguments.options.dpi) / m_pageFile.dpi();
         options.dpi = m_pageFile.dpi();
         if (!m_arguments.hasBackground)
             options.background = m_pageFile.background();
     }
-    PageRenderer renderer(m_page.get(), options);
-    return renderer.renderToFile(m_arguments.format, m_arguments.output)
-           || fail(renderer.errorString());
+    options.metadata = metadataOf(m_arguments, plainText());
+    return options;
+}
+
+bool Rendering::checkPicture()
+{
+    PageRenderer renderer(m_page.get(), pictureOptions());
+    const bool isGood = renderer.check(m_arguments.format);
+    m_outcome.size = renderer.pictureSize();
+    return isGood || fail(renderer.errorString());
+}
+
+bool Rendering::renderPicture()
+{
+    PageRenderer renderer(m_page.get(), pictureOptions());
+    const QByteArray bytes = renderer.render(m_arguments.format);
+    if (bytes.isEmpty())
+        return fail(renderer.errorString());
+    m_outcome.size = renderer.pictureSize();
+    return write(bytes);
 }
 
 bool Rendering::renderWarpSheet()
 {
     QString error;
     const QImage sheet = warpSheet(singleObject(), m_page.get(), m_arguments.options, error);
-    return (!sheet.isNull() && writeSheet(sheet, m_arguments.output, error)) || fail(error);
+    m_outcome.size = sheet.size();
+    return sheet.isNull() ? fail(error) : write(sheetBytes(sheet));
+}
+
+bool Rendering::write(const QByteArray &bytes)
+{
+    QString error;
+    if (!writeOutput(m_job.output, bytes, error))
+        return fail(error);
+    m_outcome.output = m_job.output;
+    m_outcome.bytes = bytes.size();
+    return true;
 }
