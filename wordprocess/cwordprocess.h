@@ -789,8 +789,8 @@ private:
 
     // fonts and units
     int surelyWideFrom(const QString &text, const QTextCharFormat &format, double room) const;
-    bool overflows(const QString &text, const QTextCharFormat &format, double used,
-                   double limit) const;
+    int wrapIndex(const QString &text, const QTextCharFormat &format, double used, double limit,
+                  int wideFrom) const;
     QTextBlockFormat rescaled(QTextBlockFormat format, int fromDpi) const;
     QTextCharFormat rescaled(QTextCharFormat format, int fromDpi, double dpi) const;
     void leaveRewriting();

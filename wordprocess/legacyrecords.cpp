@@ -16,18 +16,11 @@ double pixelsOf(const QTextFormat &format, int id, int dpi)
     return finiteOrZero(pointsToPixels(finiteReal(format.property(id)), dpi));
 }
 
-double inkHeight(const QFont &font, const QString &text)
+QRectF inkOf(const QFont &font, const QString &text)
 {
     QPainterPath path;
     path.addText(0, 0, font, text);
-    return path.boundingRect().height();
-}
-
-double inkWidth(const QFont &font, const QString &text)
-{
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    return path.boundingRect().width();
+    return path.boundingRect();
 }
 
 /// The font in which an item is measured across its line: at its pixel size, scales left out.
@@ -42,12 +35,24 @@ QString measuredText(const STextItem &item)
     return item.text.isEmpty() ? QStringLiteral("A") : item.text;
 }
 
-/// How far an item reaches across its line. A blank one is as high as its font.
-double heightOf(const STextItem &item, int dpi)
+/// True when the outline that an item has is that of its text in its measuring font.
+bool hasPlainOutline(const STextItem &item)
 {
+    return !item.path.isEmpty() && !isHalfSize(item.format)
+           && scaleFactor(item.format, TextProperty::HorizontalScale) == 1.0
+           && scaleFactor(item.format, TextProperty::VerticalScale) == 1.0;
+}
+
+/// How far an item reaches across its line. A blank one is as high as its font.
+double heightOf(const STextItem &item, bool isRow, int dpi)
+{
+    if (hasPlainOutline(item)) { // a run in a column lies on its side
+        const QRectF ink = item.path.boundingRect();
+        return isRow && !item.upright ? ink.height() : ink.width();
+    }
     const QFont font = measuringFont(item, dpi);
-    const QString text = measuredText(item);
-    const double height = item.upright ? inkWidth(font, text) : inkHeight(font, text);
+    const QRectF ink = inkOf(font, measuredText(item));
+    const double height = item.upright ? ink.width() : ink.height();
     return height == 0 ? QFontMetrics(font).height() : height;
 }
 
@@ -164,7 +169,7 @@ void STextLine::updateItems(int dpi)
     const bool isRow = orientation == Qt::Horizontal;
     for (const STextItem &item : qAsConst(items)) {
         width += item.itemWidth(Qt::Orientation(orientation), 0);
-        const double itemHeight = heightOf(item, dpi);
+        const double itemHeight = heightOf(item, isRow, dpi);
         if (itemHeight > height) {
             height = itemHeight;
             baseline = isRow ? item.ascent : 0.5 * itemHeight;
@@ -172,6 +177,6 @@ void STextLine::updateItems(int dpi)
         rowSpacing = qMax(rowSpacing, rowSpacingOf(item, itemHeight, dpi));
     }
     if (!items.isEmpty() && height == 0)
-        height = inkHeight(measuringFont(items.first(), dpi), measuredText(items.first()));
+        height = inkOf(measuringFont(items.first(), dpi), measuredText(items.first())).height();
     advance = rowSpacing + firstLineSpace + lastLineSpace;
 }

@@ -433,18 +433,16 @@ int CWordProcess::surelyWideFrom(const QString &text, const QTextCharFormat &for
     return nowhere;
 }
 
-/// True when \a text does not fit into \a limit behind \a used pixels.
-bool CWordProcess::overflows(const QString &text, const QTextCharFormat &format, double used,
-                             double limit) const
-{
-    return surelyWideFrom(text, format, limit - used) <= text.length()
-           || limit < used + textWidth(text, format);
-}
-
 int CWordProcess::autoWrapIndex(const QString &text, const QTextCharFormat &format, double used,
                                 double limit)
 {
-    const int wideFrom = surelyWideFrom(text, format, limit - used);
+    return wrapIndex(text, format, used, limit, surelyWideFrom(text, format, limit - used));
+}
+
+/// autoWrapIndex() where surelyWideFrom() is known.
+int CWordProcess::wrapIndex(const QString &text, const QTextCharFormat &format, double used,
+                            double limit, int wideFrom) const
+{
     int low = 0;
     int high = text.length() - 1;
     while (low <= high) {

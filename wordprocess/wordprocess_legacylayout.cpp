@@ -354,16 +354,18 @@ void CWordProcess::closeLine(LegacyFlow &flow, bool isLast) const
 /// Puts \a fragment on the open line and on as many new ones as it needs.
 void CWordProcess::wrapFragment(LegacyFlow &flow, const SFragment &fragment)
 {
+    const QTextCharFormat &format = fragment.format;
     QString rest = fragment.text;
     int position = fragment.position;
     bool isTooWide = flow.available < flow.used + fragment.width;
+    int wideFrom = isTooWide ? surelyWideFrom(rest, format, flow.available - flow.used) : 0;
     while (isTooWide) {
-        const int index = autoWrapIndex(rest, fragment.format, flow.used, flow.available);
+        const int index = wrapIndex(rest, format, flow.used, flow.available, wideFrom);
         // Nothing fits on an empty line, or not even nothing: the rest goes onto it anyway.
         if (index < 0 || (index == 0 && flow.used == 0))
             break;
         const QString piece = rest.left(index);
-        flow.place(legacyItems(fragment.format, piece, position, flow.orientation));
+        flow.place(legacyItems(format, piece, position, flow.orientation));
         const int placed = piece.length() - breakLine(flow, fragment, piece);
         position += placed;
         rest = rest.mid(placed);
@@ -371,9 +373,11 @@ void CWordProcess::wrapFragment(LegacyFlow &flow, const SFragment &fragment)
         // not, the next one would be the same.
         if (placed <= 0 && flow.lines.last().length() == 0)
             break;
-        isTooWide = overflows(rest, fragment.format, flow.used, flow.available);
+        wideFrom = surelyWideFrom(rest, format, flow.available - flow.used);
+        isTooWide = wideFrom <= rest.length()
+                    || flow.available < flow.used + textWidth(rest, format);
     }
-    flow.place(legacyItems(fragment.format, rest, position, flow.orientation));
+    flow.place(legacyItems(format, rest, position, flow.orientation));
 }
 
 /// Closes the open line behind \a piece of \a fragment, repairs its end and opens the next line with what the

@@ -138,8 +138,7 @@ void TestLegacyEditing::recordIsEditedAndStaysOld()
     word.select(0, 3); // "one" in red and larger
     word.setAllAttributes({{k("pen_color"), k("#ffff0000")}, {k("font_pointsize"), 24}}, true);
     checkOld(word);
-    QCOMPARE(word.m_legacyLines.first().items.first().format.foreground().color(),
-             QColor(Qt::red));
+    QCOMPARE(word.m_legacyLines.first().items.first().format.foreground().color(), QColor(Qt::red));
     QCOMPARE(word.m_legacyLines.first().items.first().format.fontPointSize(), 24.0);
     word.endEdit();
     checkOld(word);

@@ -323,7 +323,7 @@ void TestLegacyLayout::runsKeepTheirPlacesInTheDocument()
 void TestLegacyLayout::rowsOfSeveralBlocks()
 {
     OldWord word;
-    word.addBlock(QStringLiteral("a"), OldWord::block(), OldWord::spacedFormat());  // 12 apart
+    word.addBlock(QStringLiteral("a"), OldWord::block(), OldWord::spacedFormat());   // 12 apart
     word.addBlock(QStringLiteral("bcd"), OldWord::block(), OldWord::spacedFormat()); // 16 apart
     word.addBlock(QStringLiteral("ab"), OldWord::block(), OldWord::spacedFormat());  // 8 high
     word.layOut();
@@ -537,7 +537,7 @@ void TestLegacyLayout::textFlowsOverRuns()
 {
     OldWord word;
     word.makeBox(24, 100);
-    word.addBlock(QStringLiteral("12"));                  // 14
+    word.addBlock(QStringLiteral("12"));                     // 14
     word.addRun(QStringLiteral("34"), OpenWord::format(24)); // a digit is 12, two are 28
     word.addRun(QStringLiteral("5"), OpenWord::format());
     word.layOut();
@@ -667,8 +667,8 @@ void TestLegacyLayout::columnsAreCutAfterTheFlow()
     word.makeBox(100, 46); // three on their side are 46 long; upright they take 42
     word.addBlock(QStringLiteral("\u4e00\u4e01\u4e02\u4e03\u4e04"));
     word.layOut();
-    QCOMPARE(word.runs(), Lines({QStringLiteral("\u4e00|\u4e01|\u4e02"),
-                                 QStringLiteral("\u4e03|\u4e04")}));
+    QCOMPARE(word.runs(),
+             Lines({QStringLiteral("\u4e00|\u4e01|\u4e02"), QStringLiteral("\u4e03|\u4e04")}));
     QCOMPARE(word.positions(), Lines({QStringLiteral("0 1 2"), QStringLiteral("3 4")}));
     QCOMPARE(word.line(0).width, 42.0);
 }
@@ -711,8 +711,8 @@ void TestLegacyLayout::cutWordMovesWholeAndIsOneRunAgain()
     word.makeBox(46, 100); // six are 46 long
     word.addBlock(QStringLiteral("12 abcd 34"));
     word.layOut();
-    QCOMPARE(word.runs(), Lines({QStringLiteral("12 "), QStringLiteral("abcd 3"),
-                                 QStringLiteral("4")}));
+    QCOMPARE(word.runs(),
+             Lines({QStringLiteral("12 "), QStringLiteral("abcd 3"), QStringLiteral("4")}));
     QCOMPARE(word.positions(),
              Lines({QStringLiteral("0"), QStringLiteral("3"), QStringLiteral("9")}));
 }
@@ -747,10 +747,10 @@ void TestLegacyLayout::wordThatFillsALineByItselfIsNotMovedForEver()
     word.makeBox(24, 100);
     word.addBlock(QStringLiteral("1 abcdefgh"));
     word.layOut();
-    QCOMPARE(word.runs(), Lines({QStringLiteral("1 "), QStringLiteral("abc"),
-                                 QStringLiteral("def"), QStringLiteral("gh")}));
-    QCOMPARE(word.positions(), Lines({QStringLiteral("0"), QStringLiteral("2"),
-                                      QStringLiteral("5"), QStringLiteral("8")}));
+    QCOMPARE(word.runs(), Lines({QStringLiteral("1 "), QStringLiteral("abc"), QStringLiteral("def"),
+                                 QStringLiteral("gh")}));
+    QCOMPARE(word.positions(), Lines({QStringLiteral("0"), QStringLiteral("2"), QStringLiteral("5"),
+                                      QStringLiteral("8")}));
 }
 
 void TestLegacyLayout::hyphenatedWordGivesBackOneLetter()
@@ -785,8 +785,8 @@ void TestLegacyLayout::forbiddenEndMovesAheadOfTheRest()
     word.addBlock(QStringLiteral("\u4e00\u4e01\u300c\u4e02\u4e03"), rules(2, false));
     word.layOut();
     QCOMPARE(textOf(word.m_legacyLines), QStringLiteral("\u4e00\u4e01\u300c\u4e02\u4e03"));
-    QCOMPARE(word.runs(), Lines({QStringLiteral("\u4e00\u4e01"),
-                                 QStringLiteral("\u300c|\u4e02\u4e03")}));
+    QCOMPARE(word.runs(),
+             Lines({QStringLiteral("\u4e00\u4e01"), QStringLiteral("\u300c|\u4e02\u4e03")}));
 }
 
 void TestLegacyLayout::movedItemsStandInReadingOrder()
@@ -839,8 +839,8 @@ void TestLegacyLayout::nothingIsLostOrDoubled()
     QFETCH(int, orientation);
     QFETCH(int, rule);
     QFETCH(bool, hyphenate);
-    const QString letters =
-        QStringLiteral("aBc \uff08\uff09\u3002\u3001\u4e00\u4e01 12[]_z\u300c\u300d\u3042\u30fc");
+    const QString letters = QStringLiteral(
+        "aBc \uff08\uff09\u3002\u3001\u4e00\u4e01 12[]_z\u300c\u300d\u3042\u30fc");
     const QTextCharFormat formats[] = {OpenWord::format(), OpenWord::format(24),
                                        OldWord::formatWith(T::LetterSpacing, 100)};
     quint32 seed = 12345;

@@ -2,6 +2,8 @@
 // The records of the older engine: what a run and a line measure, the pieces of a block, where a line begins.
 #include "legacytext.h"
 
+#include "layout/texttools.h"
+
 #include <QTest>
 
 #include <limits>
@@ -42,6 +44,8 @@ private Q_SLOTS:
     void baselineOfAColumnIsItsMiddle();
     void emptyRunIsMeasuredAsTheLetterA();
     void blankRunIsAsHighAsItsFont();
+    void heightLeavesScalesOut_data();
+    void heightLeavesScalesOut();
     void largestRowSpacingCounts_data();
     void largestRowSpacingCounts();
     void advanceAddsTheSpacesOfTheBlock();
@@ -95,6 +99,10 @@ STextLine lineOf(const QList<STextItem> &items, Qt::Orientation orientation = Qt
     STextLine line;
     line.orientation = orientation;
     line.items = items;
+    for (STextItem &item : line.items) {
+        if (orientation == Qt::Vertical && !item.upright) // runs lie on their side
+            item.path = CTextTools::getRotatePath(item.path, QPointF(0, 0), 90);
+    }
     line.updateItems(96);
     return line;
 }
@@ -108,8 +116,8 @@ void TestLegacyRecords::defaultsOfARun()
     QVERIFY(!item.upright && !item.strikeOut && !item.overline && !item.underline
             && !item.isHyphen);
     QVERIFY(item.leadingSpaces == 0 && item.trailingSpaces == 0);
-    for (double value : {item.baselineOffset, item.spaceWidth, item.spaceHeight,
-                         item.letterSpacing, item.selectedLetterSpacing, item.ascent})
+    for (double value : {item.baselineOffset, item.spaceWidth, item.spaceHeight, item.letterSpacing,
+                         item.selectedLetterSpacing, item.ascent})
         QCOMPARE(value, 0.0);
 }
 
@@ -120,9 +128,9 @@ void TestLegacyRecords::defaultsOfALine()
     QVERIFY(!line.isFirstLine && !line.isLastLine && !line.reserved);
     QCOMPARE(line.alignment, -1);
     QCOMPARE(line.orientation, 0);
-    for (double value : {line.advance, line.width, line.leftMargin, line.rightMargin, line.indent,
-                         line.lastLineSpace, line.firstLineSpace, line.baseline, line.height,
-                         line.rowSpacing})
+    for (double value :
+         {line.advance, line.width, line.leftMargin, line.rightMargin, line.indent,
+          line.lastLineSpace, line.firstLineSpace, line.baseline, line.height, line.rowSpacing})
         QCOMPARE(value, 0.0);
 }
 
@@ -282,7 +290,7 @@ void TestLegacyRecords::widthOfARun()
 
 void TestLegacyRecords::widthFollowsTheInkNotTheFont()
 {
-    QCOMPARE(itemOf(QStringLiteral("a")).itemWidth(Qt::Horizontal, 0), 6.0); // the font says 8
+    QCOMPARE(itemOf(QStringLiteral("a")).itemWidth(Qt::Horizontal, 0), 6.0);    // the font says 8
     QCOMPARE(itemOf(QStringLiteral("a a")).itemWidth(Qt::Horizontal, 0), 22.0); // inside by the box
     QCOMPARE(itemOf(QStringLiteral("a ")).itemWidth(Qt::Horizontal, 0), 14.0);
     QCOMPARE(itemOf(QStringLiteral("   ")).itemWidth(Qt::Horizontal, 0), 24.0);
@@ -416,6 +424,30 @@ void TestLegacyRecords::blankRunIsAsHighAsItsFont()
     QCOMPARE(lineOf({itemOf(QStringLiteral(" "), OpenWord::format(24))}).height, 32.0);
 }
 
+void TestLegacyRecords::heightLeavesScalesOut_data()
+{
+    QTest::addColumn<int>("id");
+    QTest::addColumn<QVariant>("value");
+    QTest::newRow("none") << int(T::HorizontalScale) << QVariant(100);
+    QTest::newRow("wide") << int(T::HorizontalScale) << QVariant(300);
+    QTest::newRow("tall") << int(T::VerticalScale) << QVariant(300);
+    QTest::newRow("superscript") << int(QTextFormat::TextVerticalAlignment) << QVariant(1);
+    QTest::newRow("subscript") << int(QTextFormat::TextVerticalAlignment) << QVariant(2);
+}
+
+/// The line of a scaled run is as high as that of the same run in its font's size.
+void TestLegacyRecords::heightLeavesScalesOut()
+{
+    QFETCH(int, id);
+    QFETCH(QVariant, value);
+    for (Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        OldWord word(orientation);
+        word.addBlock(QStringLiteral("b\u4e2d"), OldWord::block(), OldWord::formatWith(id, value));
+        word.layOut();
+        QCOMPARE(word.line(0).height, 14.0);
+    }
+}
+
 void TestLegacyRecords::largestRowSpacingCounts_data()
 {
     QTest::addColumn<QVariant>("first");
@@ -440,8 +472,8 @@ void TestLegacyRecords::largestRowSpacingCounts()
     QTextCharFormat behind = OpenWord::format();
     if (second.isValid())
         behind.setProperty(T::RowSpacing, second);
-    const STextLine line =
-        lineOf({itemOf(QStringLiteral("a"), ahead), itemOf(QStringLiteral("b"), behind)});
+    const STextLine line = lineOf(
+        {itemOf(QStringLiteral("a"), ahead), itemOf(QStringLiteral("b"), behind)});
     QTEST(line.rowSpacing, "spacing");
     QTEST(line.advance, "spacing");
 }
@@ -522,7 +554,8 @@ void TestLegacyRecords::punctuationIsCutOffWhenCompressed_data()
     QTest::newRow("absent") << QStringLiteral("a,b") << QVariant() << QStringLiteral("0:a,b");
     QTest::newRow("off") << QStringLiteral("a,b") << QVariant(0) << QStringLiteral("0:a,b");
     QTest::newRow("other mode") << QStringLiteral("a,b") << QVariant(2) << QStringLiteral("0:a,b");
-    QTest::newRow("inside") << QStringLiteral("a,b") << QVariant(1) << QStringLiteral("0:a 1:, 2:b");
+    QTest::newRow("inside") << QStringLiteral("a,b") << QVariant(1)
+                            << QStringLiteral("0:a 1:, 2:b");
     QTest::newRow("at the start") << QStringLiteral(",b") << QVariant(1)
                                   << QStringLiteral("0:, 1:b");
     QTest::newRow("at the end") << QStringLiteral("ab,") << QVariant(1)
