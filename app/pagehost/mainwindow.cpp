@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/mainwindow.h"
 
+#include "app/page/artobject.h"
 #include "app/page/framework.h"
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/pagesession.h"
@@ -116,6 +117,8 @@ void MainWindow::makeTools()
     addTool("artTool", tr("&Art Text"), Qt::Key_A, EditorTool::ArtText);
     QMenu *menu = menuBar()->addMenu(tr("&Tools"));
     menu->addActions(m_tools->actions());
+    menu->addSeparator();
+    makeStyleMenu(menu->addMenu(tr("Art &Style")));
     QToolBar *bar = addToolBar(tr("Tools"));
     bar->setObjectName(QStringLiteral("tools"));
     bar->addActions(m_tools->actions());
@@ -136,6 +139,27 @@ void MainWindow::addTool(const char *name, const QString &text, const QKeySequen
     });
 }
 
+/// The styles of art text by name; that of the selection is checked.
+void MainWindow::makeStyleMenu(QMenu *menu)
+{
+    const QStringList &names = ArtObject::styleNames();
+    auto *styles = new QActionGroup(menu);
+    styles->setExclusive(false); // none is checked while the selection has several
+    for (int style = 0; style < names.size(); ++style) {
+        QAction *action = styles->addAction(names.at(style));
+        action->setObjectName(QStringLiteral("artStyle%1").arg(style));
+        action->setCheckable(true);
+        connect(action, &QAction::triggered, this,
+                [this, style] { m_session->setArtStyle(style); });
+    }
+    menu->addActions(styles->actions());
+    connect(menu, &QMenu::aboutToShow, this, [this, styles] {
+        const QList<QAction *> actions = styles->actions();
+        for (int style = 0; style < actions.size(); ++style)
+            actions.at(style)->setChecked(style == m_session->artStyle());
+    });
+}
+
 /// The user's words for the steps that objects and host push.
 void MainWindow::nameUndoSteps()
 {
@@ -149,6 +173,7 @@ void MainWindow::nameUndoSteps()
         {QStringLiteral("IDS_ITEM_UNLOCK"), tr("Unlock")},
         {QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"), tr("Change Text")},
         {QStringLiteral("IDS_TEXT_PROCESS"), tr("Change Text")},
+        {QStringLiteral("IDS_ART_STYLE"), tr("Change Style")},
         {QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), tr("Please input text")},
     };
     for (const auto &name : names)

@@ -57,6 +57,7 @@ private:
     void makeViewMenu();
     void makeTools();
     void addTool(const char *name, const QString &text, const QKeySequence &shortcut, int tool);
+    void makeStyleMenu(QMenu *menu);
     void nameUndoSteps();
 
     // Edit

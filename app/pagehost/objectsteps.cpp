@@ -53,3 +53,24 @@ void PresenceStep::takeFromPage()
     m_place = place;
     m_keepsObject = true;
 }
+
+AttributeStep::AttributeStep(CVXRootObject *object, const AttributeMap &before,
+                             const AttributeMap &after, const QString &name)
+    : m_before(before)
+    , m_after(after)
+{
+    m_object = object;
+    setText(name);
+}
+
+void AttributeStep::undo()
+{
+    if (m_object)
+        m_object->setAllAttributes(m_before, /*withUndo=*/false);
+}
+
+void AttributeStep::redo()
+{
+    if (m_object)
+        m_object->setAllAttributes(m_after, /*withUndo=*/false);
+}

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
-// objectsteps.h -- undo steps of objects that come to a page and that leave it.
+// objectsteps.h -- undo steps of objects that come to a page, that leave it, and that change on it.
 #ifndef PAGEHOST_OBJECTSTEPS_H
 #define PAGEHOST_OBJECTSTEPS_H
 
 #include "host/framework/cundoredo.h"
+#include "host/framework/hosttypes.h"
 
 class Page;
 
@@ -33,6 +34,22 @@ private:
     Page *m_page;
     int m_place;                ///< among the objects of the page
     bool m_keepsObject = false; ///< the object is off the page, in the keeping of this step
+};
+
+/// Gives an object other attributes, for objects that record no step of their own for it.
+class AttributeStep : public CWbUndoCmd
+{
+public:
+    /// \param name a key of the framework's words
+    AttributeStep(CVXRootObject *object, const AttributeMap &before, const AttributeMap &after,
+                  const QString &name);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    AttributeMap m_before;
+    AttributeMap m_after;
 };
 
 #endif

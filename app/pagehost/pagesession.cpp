@@ -54,6 +54,15 @@ AttributeMap lookOfNewObject(CVXRootObject *object)
 
 const QString addKey = QStringLiteral("IDS_ITEM_ADD_ITEM");
 const QString deleteKey = QStringLiteral("IDS_ITEM_DELETE_ITEM");
+const QString styleKey = QStringLiteral("IDS_ART_STYLE");
+const QString shapeAttribute = QStringLiteral("shape");
+
+int styleOf(CVXRootObject *art)
+{
+    AttributeMap attributes;
+    art->getAllAttributes(attributes);
+    return attributes.value(shapeAttribute).toInt();
+}
 
 } // namespace
 
@@ -389,4 +398,32 @@ void PageSession::removeSelected()
 void PageSession::selectAll()
 {
     selectOnly(page()->objects());
+}
+
+int PageSession::artStyle() const
+{
+    int style = -1;
+    const QList<CVXRootObject *> selected = selectedObjects();
+    for (CVXRootObject *object : selected) {
+        if (!TextCommands::isArtText(object))
+            continue;
+        if (style >= 0 && styleOf(object) != style)
+            return -1;
+        style = styleOf(object);
+    }
+    return style;
+}
+
+void PageSession::setArtStyle(int style)
+{
+    endEdit();
+    undoStack()->beginGroup(styleKey);
+    const QList<CVXRootObject *> selected = selectedObjects();
+    for (CVXRootObject *object : selected) {
+        if (!TextCommands::isArtText(object) || object->isLocked() || styleOf(object) == style)
+            continue;
+        undoStack()->push(new AttributeStep(object, {{shapeAttribute, styleOf(object)}},
+                                            {{shapeAttribute, style}}, styleKey));
+    }
+    undoStack()->endGroup();
 }

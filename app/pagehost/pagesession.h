@@ -86,6 +86,10 @@ public:
     void paste(const QPointF &place);
     void removeSelected();
     void selectAll();
+    /// The number of the style of all selected art texts; -1 when they have several, and without one.
+    int artStyle() const;
+    /// Gives the selected art texts that are not locked another style, in one step.
+    void setArtStyle(int style);
 
 Q_SIGNALS:
     /// Title and menus are to be brought up to date. Comes once for many changes.

@@ -90,6 +90,7 @@ private Q_SLOTS:
     void savedArtTextIsEqualAfterReopening_data();
     void savedArtTextIsEqualAfterReopening();
     void pageThatGoesWithItsEditedArtTextIsNoHarm();
+    void styleOfSelectedArtTextsIsOneStep();
 
     void missingLibraryEndsWithCode4();
     void wrongUsageEndsWithCode2();
@@ -1050,6 +1051,46 @@ void TestPageHost::pageThatGoesWithItsEditedArtTextIsNoHarm()
     QPointer<QGraphicsObject> alive(art->GetGraphicsItemPtr()->toGraphicsObject());
     m_window.reset();
     QVERIFY(!alive);
+}
+
+void TestPageHost::styleOfSelectedArtTextsIsOneStep()
+{
+    const QRectF place(100, 150, 240, 120);
+    CVXRootObject *first = writeArt(place, QStringLiteral("first"));
+    const int dark = darkPixels(place);
+    CVXRootObject *second = writeArt({100, 350, 240, 120}, QStringLiteral("second"));
+    CVXRootObject *locked = writeArt({100, 550, 240, 120}, QStringLiteral("locked"));
+    locked->setLocked(true, /*undo=*/false, /*notify=*/true);
+    const auto shape = [](CVXRootObject *object) {
+        AttributeMap attributes;
+        object->getAllAttributes(attributes);
+        return attributes.value(QStringLiteral("shape")).toInt();
+    };
+    session()->select(second);
+    QCOMPARE(session()->artStyle(), 1);
+    trigger("artStyle40");
+    QCOMPARE(shape(second), 40);
+    QCOMPARE(shape(first), 1);
+    trigger("selectAll");
+    QCOMPARE(session()->artStyle(), -1);
+    const int steps = session()->undoStack()->count();
+    trigger("artStyle2");
+    QCOMPARE(session()->undoStack()->count(), steps + 1);
+    QCOMPARE(shape(first), 2);
+    QCOMPARE(shape(second), 2);
+    QCOMPARE(shape(locked), 1);
+    QVERIFY(darkPixels(place) != dark);
+    trigger("undo");
+    QCOMPARE(shape(first), 1);
+    QCOMPARE(shape(second), 40);
+    QCOMPARE(darkPixels(place), dark);
+    trigger("redo");
+    QCOMPARE(shape(first), 2);
+    QCOMPARE(shape(second), 2);
+    session()->page()->scene()->clearSelection();
+    QCOMPARE(session()->artStyle(), -1);
+    trigger("artStyle3"); // of nothing
+    QCOMPARE(session()->undoStack()->count(), steps + 1);
 }
 
 // The program
