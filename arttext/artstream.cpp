@@ -6,16 +6,23 @@
 
 namespace {
 
-/// Reads the next value into \a value, which stays as it was when the stream does not hold one.
+/// Reads the next value into \a value, which stays as it was when the stream does not hold one. An
+/// earlier fault of the stream stops no reading, and stays reported.
 template<typename Value>
 bool readNext(QDataStream &stream, Value &value)
 {
+    const QDataStream::Status before = stream.status();
+    stream.resetStatus();
     Value read{};
     stream >> read;
-    if (stream.status() != QDataStream::Ok)
-        return false;
-    value = read;
-    return true;
+    const bool isRead = stream.status() == QDataStream::Ok;
+    if (isRead)
+        value = read;
+    if (before != QDataStream::Ok) {
+        stream.resetStatus();
+        stream.setStatus(before);
+    }
+    return isRead;
 }
 
 /// The same for a choice out of 0 to \a last; another number counts as read and is dropped.
@@ -52,7 +59,6 @@ void CArtText::write(QDataStream &stream) const
 
 void CArtText::read(QDataStream &stream)
 {
-    stream.resetStatus();
     QColor color;
     QString text;
     int style = 0;

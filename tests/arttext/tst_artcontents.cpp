@@ -113,6 +113,7 @@ private Q_SLOTS:
     void unknownModesAndKindsAreDropped();
     void streamsCutAtAnyByteLeaveTheRest();
     void brokenStreamsAreReadFromWhereTheyStand();
+    void brokenSecondStringDoesNotStopTheRest();
     void streamWithoutDeviceChangesNothing();
     void absurdLengthsEnd();
 
@@ -418,6 +419,22 @@ void TestArtContents::brokenStreamsAreReadFromWhereTheyStand()
     art.Serialize(stream, false);
     QVERIFY(holdsHead(art));
     QCOMPARE(art.m_patternBrush, 8);
+    QCOMPARE(stream.status(), QDataStream::ReadCorruptData); // whoever reads on is told
+}
+
+// A string of three bytes is none: only its length is taken.
+void TestArtContents::brokenSecondStringDoesNotStopTheRest()
+{
+    const QByteArray bytes = storedHead() + QByteArray("\0\0\0\3", 4) + storedRest();
+    QDataStream stream(bytes);
+    OpenArtText art;
+    art.Serialize(stream, false);
+    QVERIFY(holdsHead(art));
+    QVERIFY(isSame(art.m_fill, someFill()));
+    QCOMPARE(art.m_shadowOffset.y, 10);
+    QCOMPARE(art.m_dibBrush, someImage());
+    QVERIFY(stream.atEnd());
+    QCOMPARE(stream.status(), QDataStream::ReadCorruptData);
 }
 
 void TestArtContents::streamWithoutDeviceChangesNothing()
