@@ -4,14 +4,13 @@
 #include "arttext/artstyles.h"
 
 #include "arttext/arttexthelper.h"
+#include "arttext/guidepoints_p.h"
 #include "common/truncated.h"
 
 #include <algorithm>
 #include <array>
 
 namespace {
-
-constexpr double fullTurn = 6.283185307; // deliberate: this decimal, not 2 * pi
 
 /// The rectangle as the catalogue measures it: edges of 32 bits, sides in a type that holds their
 /// difference.
@@ -33,11 +32,11 @@ struct Frame {
     qint64 middleY() const { return top + height / 2; }
 };
 
-/// A coordinate as part / of of a side, cut off toward zero, away from an edge. Deliberate: from the
+/// A coordinate: a fraction of a side, cut off toward zero, away from an edge. Deliberate: from the
 /// near and from the far edge are two things, which differ by one for an odd side.
 struct Coordinate {
     enum From { Near, Far } from;
-    int part, of;
+    int part, of; // the fraction
 
     constexpr qint64 in(qint64 nearEdge, qint64 farEdge, qint64 side) const
     {
@@ -262,13 +261,13 @@ constexpr RingStyle ringStyles[] = {
 
 void drawLine(int guide, const Outline &outline, const Frame &frame, CArtText &art)
 {
-    Outline::Points points = outline.in(frame);
+    const Outline::Points points = outline.in(frame);
     art.DrawLine(guide, points.data(), outline.count());
 }
 
 void drawCurve(int guide, const Outline &outline, const Frame &frame, CArtText &art)
 {
-    Outline::Points points = outline.in(frame);
+    const Outline::Points points = outline.in(frame);
     if (outline.count() == 3)
         art.DrawCurve(guide, points.data(), false);
     else
@@ -317,8 +316,8 @@ void drawWave(int guide, const WaveStyle &style, double y, const Frame &frame, C
 void draw(const WaveStyle &style, const Frame &frame, CArtText &art)
 {
     const double sixth = frame.height / 6.0;
-    drawWave(1, style, sixth, frame, art); // deliberate: not from the top, as the second line is
-                                           // from the bottom, but from 0
+    // Deliberate: the second line is measured from the bottom, the first from 0, not from the top.
+    drawWave(1, style, sixth, frame, art);
     drawWave(2, style, frame.bottom - sixth, frame, art);
 }
 

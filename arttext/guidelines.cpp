@@ -14,9 +14,8 @@
 
 namespace {
 
-// Deliberate: these decimals and not pi / 180, 2 * pi and 180 / pi.
+// Deliberate: these decimals and not pi / 180 and 180 / pi.
 constexpr double radiansPerDegree = 0.017453292519444445;
-constexpr double fullTurn = 6.283185307;
 constexpr double degreesPerRadian = 57.29577951471995;
 
 constexpr float arcStep = 0.5F; // degrees
