@@ -14,7 +14,6 @@ struct Measures {
     qint64 channels;      // bytes of a pixel
     qint64 radius;
 
-    qint64 window() const { return 2 * radius + 1; }
     qint64 rowBytes() const { return width * channels; }
     qint64 marginBytes() const { return radius * channels; }
     /// Places around \a place, itself included, that are in the window and not beyond \a length.
@@ -72,22 +71,19 @@ public:
     /// The means of the row, channel by channel.
     void writeMeans(uchar *out) const
     {
-        const qint64 reach = m_measures.window() * m_measures.channels;
-        for (qint64 channel = 0; channel < m_measures.channels; ++channel) {
-            const int *entering = m_sums.data() + channel;
-            const int *leaving = entering;
+        const int *sums = m_sums.data();
+        const qint64 channels = m_measures.channels;
+        const qint64 ahead = 2 * m_measures.marginBytes(); // of the entering column
+        for (qint64 channel = 0; channel < channels; ++channel) {
             qint64 sum = 0;
-            for (; entering < m_sums.data() + reach - m_measures.channels;
-                 entering += m_measures.channels)
-                sum += *entering;
-            for (qint64 x = 0, i = channel; x < m_measures.width; ++x, i += m_measures.channels) {
-                sum += *entering;
+            for (qint64 i = channel; i < ahead; i += channels)
+                sum += sums[i];
+            for (qint64 x = 0, i = channel; x < m_measures.width; ++x, i += channels) {
+                sum += sums[i + ahead];
                 // The quotient cut off: half a unit outweighs what the share is rounded by, and no
                 // mean of bytes is above 255.
                 out[i] = uchar((double(sum) + 0.5) * m_shares[size_t(x)]);
-                sum -= *leaving;
-                entering += m_measures.channels;
-                leaving += m_measures.channels;
+                sum -= sums[i];
             }
         }
     }
