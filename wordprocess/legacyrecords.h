@@ -46,8 +46,11 @@ struct STextItem {
     bool isHyphen = false;            ///< generated: no character of the document stands behind it
     double ascent = 0;                ///< lower edge of the unscaled ink, from fragmentPath()
     QTextCharFormat madeFrom;         ///< the format that setText() was given
+    int positionShift = 0;            ///< by which a repair of a line's end has set position off
     double placedAdvance = 0;         ///< itemWidth() of the run in its place, which clipping does not change
 
+    /// The document position of the first character, whatever position has come to.
+    int firstPosition() const { return position - positionShift; }
     /// Takes format and text for a document of \a dpi; the outline is the caller's. Deliberate: an empty text
     /// changes the format alone.
     void setText(const QTextCharFormat &newFormat, const QString &newText, int dpi);

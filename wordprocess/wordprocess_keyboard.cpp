@@ -69,7 +69,7 @@ QVector<CaretLine> caretLinesOf(const QList<STextLine> &legacyLines)
             if (item.position < 0)
                 continue;
             if (first < 0)
-                first = item.position;
+                first = item.firstPosition();
             length += item.text.size();
         }
         if (first >= 0)

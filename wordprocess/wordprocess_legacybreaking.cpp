@@ -117,6 +117,13 @@ bool endsInLatinLetter(const QString &text)
     return !text.isEmpty() && isLatinLetter(text.at(text.length() - 1));
 }
 
+/// Moves the position that an item tells. Caret and pointer go by its first character nevertheless.
+void setOff(STextItem &item, int shift)
+{
+    item.position += shift;
+    item.positionShift += shift;
+}
+
 /// Takes the items from \a first on off the line.
 QList<STextItem> takeFrom(STextLine &line, int first)
 {
@@ -161,7 +168,7 @@ bool CWordProcess::repairLineHead(int rule, QList<STextLine> &lines) const
         pulled.first() = itemPart(pulled.first(), cut->character, pulled.first().text.length());
     } else {
         // Deliberate: a run that goes as a whole counts from behind itself.
-        pulled.first().position += pulled.first().text.length();
+        setOff(pulled.first(), pulled.first().text.length());
     }
     updateLine(before);
     lines.last().items = pulled + lines.last().items;
@@ -208,8 +215,7 @@ void CWordProcess::repairLineTail(int rule, STextLine &line, QList<STextItem> &m
     if (length < whole.text.length()) {
         line.items.append(itemPart(whole, 0, length));
         STextItem rest = itemPart(whole, length, whole.text.length());
-        rest.position = whole.position
-                        + whole.text.length(); // deliberate: from behind the whole run
+        setOff(rest, whole.text.length() - length); // deliberate: from behind the whole run
         taken.prepend(rest);
     } else {
         line.items.append(whole);
@@ -254,7 +260,7 @@ bool CWordProcess::cutByHyphen(STextLine &line, QList<STextItem> &moved) const
 {
     const STextItem whole = line.items.last();
     const int length = whole.text.length();
-    const int end = whole.position + length;
+    const int end = whole.firstPosition() + length;
     const auto isLetterAt = [this](int position) {
         return position >= 0 && position < m_document->characterCount() - 1
                && isLatinLetter(m_document->characterAt(position));
@@ -262,7 +268,7 @@ bool CWordProcess::cutByHyphen(STextLine &line, QList<STextItem> &moved) const
     if (length < 2 || !isLetterAt(end))
         return false;
     STextItem letter = itemPart(whole, length - 1, length);
-    letter.position = whole.position + length - 2; // deliberate: one ahead of the letter
+    setOff(letter, -1); // deliberate: one ahead of the letter
     moved.append(letter);
     line.items.last() = itemPart(whole, 0, length - 1);
     if (isLetterAt(end - 2)) {

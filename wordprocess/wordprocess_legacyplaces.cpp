@@ -24,8 +24,8 @@ bool rises(const STextItem &item, double spacing)
 
 bool holds(const STextItem &item, int position)
 {
-    return !item.isHyphen && position >= item.position
-           && position <= item.position + item.text.length();
+    return !item.isHyphen && position >= item.firstPosition()
+           && position <= item.firstPosition() + item.text.length();
 }
 
 bool holds(const STextLine &line, int position)
@@ -43,7 +43,7 @@ int endOf(const STextLine &line)
     for (int i = line.items.size() - 1; i >= 0; --i) {
         const STextItem &item = line.items.at(i);
         if (!item.isHyphen)
-            return item.position + item.text.length();
+            return item.firstPosition() + item.text.length();
     }
     return -1;
 }
@@ -142,10 +142,10 @@ int CWordProcess::positionInRow(const LegacyRow &row, double along) const
     for (const STextItem &item : row.line->items) {
         const double end = start + legacyAdvance(item, row.spacing);
         if (along < end && !item.isHyphen)
-            return item.position + charactersBefore(item, along - start, row.spacing);
+            return item.firstPosition() + charactersBefore(item, along - start, row.spacing);
         start = end;
     }
-    return row.line->items.first().position + row.line->length();
+    return row.line->items.first().firstPosition() + row.line->length();
 }
 
 int CWordProcess::legacyPositionUnder(const QPointF &point)
@@ -167,7 +167,7 @@ void CWordProcess::selectLegacyLine(int position)
         if (!holds(line, position))
             continue;
         const int documentEnd = m_document->characterCount() - 1;
-        m_selStart = qBound(0, line.items.first().position, documentEnd);
+        m_selStart = qBound(0, line.items.first().firstPosition(), documentEnd);
         m_selEnd = qBound(m_selStart, endOf(line), documentEnd);
         m_selAnchor = m_selStart;
         m_cursor->setPosition(m_selStart);
@@ -189,7 +189,7 @@ std::optional<CWordProcess::LegacyPlace> CWordProcess::legacyPlaceOf(
         for (int k = 0; k < items.size(); ++k) {
             const STextItem &item = items.at(k);
             if (holds(item, position)) {
-                const int length = position - item.position;
+                const int length = position - item.firstPosition();
                 const double inset = k == 0 && length == 0 ? lineStartInset : 0;
                 place = LegacyPlace{i, start + legacyPrefix(item, length, row.spacing) + inset};
             }
@@ -210,10 +210,10 @@ CWordProcess::LegacySpan CWordProcess::selectedSpan(const QVector<LegacyRow> &ro
     if (!m_editing || rows.isEmpty() || !selection(start, end))
         return span;
     int first = 0;
-    while (first < rows.size() && rows.at(first).line->items.first().position < start)
+    while (first < rows.size() && rows.at(first).line->items.first().firstPosition() < start)
         ++first;
     int last = rows.size() - 1;
-    while (last >= 0 && rows.at(last).line->items.first().position > end)
+    while (last >= 0 && rows.at(last).line->items.first().firstPosition() > end)
         --last;
     const double rowStart = first < rows.size() ? rows.at(first).start : 0;
     span.from = legacyPlaceOf(start, rows).value_or(LegacyPlace{first, rowStart});

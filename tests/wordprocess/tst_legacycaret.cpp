@@ -54,6 +54,7 @@ private Q_SLOTS:
     void keysMoveOnTheLines();
     void keysMoveInColumns_data();
     void keysMoveInColumns();
+    void keysAndPointerKnowWhereMovedTextStands();
     void shiftSelectsFromLineToLine();
     void typingLaysOutAnew();
     void deletingASelectionLaysOutAnew();
@@ -563,6 +564,27 @@ void TestLegacyCaret::keysMoveInColumns()
     word.m_cursor->setPosition(from);
     press(word, key);
     QCOMPARE(word.m_cursor->position(), to);
+}
+
+/// The repair of a line's head takes whole characters over, in columns each with a run of its own.
+void TestLegacyCaret::keysAndPointerKnowWhereMovedTextStands()
+{
+    OldWord word(Qt::Vertical);
+    word.makeBox(100, 47);
+    word.addBlock(QStringLiteral("中文国。人天地"),
+                  OldWord::blockWith(TextProperty::HeadTailRule, 1), pitched());
+    edit(word);
+    QCOMPARE(word.runs().at(0), QStringLiteral("中|文"));
+    QCOMPARE(word.runs().at(1), QStringLiteral("国|。|人|天"));
+    word.m_cursor->setPosition(4);
+    QCOMPARE(word.cursorMove(Qt::Key_Home), 2);
+    QCOMPARE(word.cursorMove(Qt::Key_End), 6);
+    word.m_cursor->setPosition(3);
+    QCOMPARE(word.getCursorPos().y(), 14); // behind the first character of its column
+    QCOMPARE(word.vCursorPosByMouse(QPointF(69, 8)), 3);
+    QCOMPARE(word.vCursorPosByMouse(QPointF(69, 90)), 6);
+    word.selectLegacyLine(4);
+    QCOMPARE(selectionOf(word), (QVector<int>{2, 6, 2, 6}));
 }
 
 void TestLegacyCaret::shiftSelectsFromLineToLine()
