@@ -28,7 +28,7 @@ struct SFragment {
 
 /// A run placed on a line.
 struct STextItem {
-    QTextCharFormat format; ///< as setText() leaves it: without bars, with its letter spacing in pixels
+    QTextCharFormat format; ///< as setText() leaves it: no bars, letter spacing in pixels
     QPainterPath path;      ///< outline
     QString text;
     int position = -1;         ///< document position; -2 marks a generated hyphen
@@ -47,7 +47,7 @@ struct STextItem {
     double ascent = 0;                ///< lower edge of the unscaled ink, from fragmentPath()
     QTextCharFormat madeFrom;         ///< the format that setText() was given
     int positionShift = 0;            ///< by which a repair of a line's end has set position off
-    double placedAdvance = 0;         ///< itemWidth() of the run in its place, which clipping does not change
+    double placedAdvance = 0;         ///< itemWidth() in its place, clipped or not
 
     /// The document position of the first character, whatever position has come to.
     int firstPosition() const { return position - positionShift; }
