@@ -6,11 +6,14 @@
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
+#include "app/pagehost/translations.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFile>
 #include <QFileInfo>
+#include <QIcon>
+#include <QLocale>
 #include <QMessageBox>
 #include <QProcess>
 
@@ -157,5 +160,9 @@ int main(int argc, char **argv)
     QApplication application(applicationArgc, argv);
     QApplication::setApplicationName(QStringLiteral("pagehost"));
     QApplication::setApplicationDisplayName(QString());
+    QGuiApplication::setDesktopFileName(QStringLiteral("org.vxarttext.pagehost"));
+    installTranslations(&application, QLocale::system());
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.vxarttext.pagehost"),
+                                                 QIcon(QStringLiteral(":/icons/pagehost.svg"))));
     return run(options);
 }

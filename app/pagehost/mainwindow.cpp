@@ -4,6 +4,7 @@
 #include "app/page/artobject.h"
 #include "app/page/framework.h"
 #include "app/pagehost/filecommands.h"
+#include "app/pagehost/hoststrings.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
 #include "app/pagehost/textcommands.h"
@@ -48,7 +49,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
 {
     setCentralWidget(m_view);
     m_framework->setEventSink(this);
-    nameUndoSteps();
+    setHostStrings(*m_framework);
     m_files->addTo(menuBar()->addMenu(tr("&File")));
     makeEditMenu();
     makeViewMenu();
@@ -158,26 +159,6 @@ void MainWindow::makeStyleMenu(QMenu *menu)
         for (int style = 0; style < actions.size(); ++style)
             actions.at(style)->setChecked(style == m_session->artStyle());
     });
-}
-
-/// The user's words for the steps that objects and host push.
-void MainWindow::nameUndoSteps()
-{
-    const QPair<QString, QString> names[] = {
-        {QStringLiteral("IDS_ITEM_ADD_ITEM"), tr("Add Object")},
-        {QStringLiteral("IDS_ITEM_DELETE_ITEM"), tr("Delete")},
-        {QStringLiteral("IDS_ITEM_MOVE"), tr("Move")},
-        {QStringLiteral("IDS_ITEM_RESIZE"), tr("Resize")},
-        {QStringLiteral("IDS_ITEM_ROTATE"), tr("Rotate")},
-        {QStringLiteral("IDS_ITEM_LOCK"), tr("Lock")},
-        {QStringLiteral("IDS_ITEM_UNLOCK"), tr("Unlock")},
-        {QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"), tr("Change Text")},
-        {QStringLiteral("IDS_TEXT_PROCESS"), tr("Change Text")},
-        {QStringLiteral("IDS_ART_STYLE"), tr("Change Style")},
-        {QStringLiteral("IDS_TEXT_DEFAULT_INPUTWORD"), tr("Please input text")},
-    };
-    for (const auto &name : names)
-        m_framework->setLocalString(name.first, name.second);
 }
 
 void MainWindow::setTool(int tool)

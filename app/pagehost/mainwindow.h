@@ -58,7 +58,6 @@ private:
     void makeTools();
     void addTool(const char *name, const QString &text, const QKeySequence &shortcut, int tool);
     void makeStyleMenu(QMenu *menu);
-    void nameUndoSteps();
 
     // Edit
     void undo();

@@ -1,0 +1,891 @@
+// SPDX-License-Identifier: MIT
+// What the editor does with files: former versions, copies for recovery, broken files, questions.
+#include "app/page/framework.h"
+#include "app/page/pagestorage.h"
+#include "app/page/pluginloader.h"
+#include "app/pagehost/busysign.h"
+#include "app/pagehost/filecommands.h"
+#include "app/pagehost/mainwindow.h"
+#include "app/pagehost/pageproblem.h"
+#include "app/pagehost/pagesession.h"
+#include "app/pagehost/pageview.h"
+#include "app/pagehost/recentfiles.h"
+#include "app/pagehost/recovery.h"
+#include "app/pagehost/recoverydialog.h"
+#include "app/pagehost/settings.h"
+#include "app/pagehost/textcommands.h"
+#include "host/framework/cundoredo.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QAction>
+#include <QDir>
+#include <QGraphicsTextItem>
+#include <QInputMethodEvent>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QListWidget>
+#include <QMenu>
+#include <QMessageBox>
+#include <QProgressDialog>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QtTest>
+
+#include <memory>
+
+class TestFiles : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    // Saving
+    void formerVersionStaysBesideFile();
+    void sameContentLeavesFormerVersion();
+    void linkedFileKeepsItsLink();
+    void formerVersionThatIsInTheWayStopsTheSave();
+    void unknownKeysAndKindsComeBack();
+    void fileThatAnotherProgramChangedIsAskedAbout();
+    void pageThatIsReadBackWrongIsNotWritten();
+
+    // Snapshots
+    void snapshotHoldsWhatIsTyped_data();
+    void snapshotHoldsWhatIsTyped();
+    void snapshotLeavesEditAlone_data();
+    void snapshotLeavesEditAlone();
+    void snapshotLeavesCompositionAlone_data();
+    void snapshotLeavesCompositionAlone();
+    void snapshotIsWhatSavingWrites_data();
+    void snapshotIsWhatSavingWrites();
+    void snapshotLeavesOutNewEmptyText();
+
+    // Recovery
+    void modifiedPageHasCopy();
+    void copyGoesWhenPageIsSaved();
+    void copyGoesWithItsPage();
+    void copyComesByItself();
+    void copyOfRunningProgramIsNotOffered();
+    void abandonedCopyIsOffered();
+    void recoveredPageIsModifiedPageOfItsFile();
+    void discardedCopyIsGone();
+    void copyThatIsLeftForLaterIsOfferedAgain();
+
+    // Opening
+    void problemOfFileIsNamed_data();
+    void problemOfFileIsNamed();
+    void refusedFileReplacesNothing();
+    void openPageIsFirstOfRecentFiles();
+    void recentFilesHaveAnEnd();
+    void recentFileThatIsGoneIsForgotten();
+
+    // Leaving
+    void closeQuestion_data();
+    void closeQuestion();
+
+    // Long work
+    void shortWorkShowsNothing();
+    void longWorkShowsSignFirst();
+    void longWorkCanBeGivenUp();
+    void openingThatIsGivenUpLeavesPage();
+    void savingThatIsGivenUpLeavesFile();
+
+private:
+    PageSession *session() const { return m_window->session(); }
+    CVXRootObject *first() const { return session()->page()->objects().value(0); }
+    QString inFolder(const char *name) const { return m_folder->filePath(QLatin1String(name)); }
+    QString writePage(const char *name, const QByteArray &objects) const;
+    void openText();
+    void openArt();
+    void open(const QString &kind) { kind == QLatin1String("art") ? openArt() : openText(); }
+    void edit();
+    void type(const QString &text) { QTest::keyClicks(m_window->view(), text); }
+    void compose(const QString &preedit, const QString &commit = QString());
+    void abandonCopy();
+    void answer(QMessageBox::StandardButton button, QString *text = nullptr);
+
+    PluginLoader m_loader;
+    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<Framework> m_framework;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+namespace {
+
+QByteArray contentOf(const QString &fileName)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool write(const QString &fileName, const QByteArray &bytes)
+{
+    QFile file(fileName);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+/// The characters of the first object of \a file; empty when it is written by hand.
+QString textIn(const PageFile &file)
+{
+    const QJsonObject record = file.toJson()
+                                   .value(QLatin1String("objects"))
+                                   .toArray()
+                                   .at(0)
+                                   .toObject()
+                                   .value(QLatin1String("record"))
+                                   .toObject();
+    if (record.contains(QLatin1String("textWord")))
+        return record.value(QLatin1String("textWord")).toString();
+    const QJsonObject document = QJsonDocument::fromJson(record.value(QLatin1String("params"))
+                                                             .toObject()
+                                                             .value(QLatin1String("document_data"))
+                                                             .toString()
+                                                             .toUtf8())
+                                     .object();
+    QString text;
+    for (const QJsonValue &block : document.value(QLatin1String("fragment")).toArray()) {
+        for (const QJsonValue &run : block.toArray())
+            text += run.toObject().value(QLatin1String("content")).toString();
+    }
+    return text;
+}
+
+const QByteArray written =
+    R"({ "kind": "rich_text", "layout": "box", "x": 40, "y": 40, "width": 300,
+    "height": 120, "text": "before", "attributes": { "font_family": "DejaVu Sans" } })";
+const QByteArray art =
+    R"({ "kind": "art_text", "record": { "version": 1, "x": 40, "y": 40, "width": 300,
+    "height": 120, "created": true, "textWord": "before", "fontFamily": "DejaVu Sans",
+    "fontSize": 96, "params": { "text_alignment": 4, "font_Somehow": false } } })";
+
+} // namespace
+
+void TestFiles::initTestCase()
+{
+    QVERIFY2(m_loader.load(QStringLiteral(VX_PLUGIN)), qPrintable(m_loader.errorString()));
+}
+
+void TestFiles::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    qputenv("XDG_CONFIG_HOME", inFolder("config").toUtf8());
+    qputenv("XDG_DATA_HOME", inFolder("data").toUtf8());
+    RecentFiles::clear();
+    m_framework = std::make_unique<Framework>();
+    m_framework->setDefaultFont(QStringLiteral("DejaVu Sans"), 24);
+    m_window = std::make_unique<MainWindow>(&m_loader, m_framework.get());
+    m_window->show();
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    m_window->view()->setFocus();
+}
+
+void TestFiles::cleanup()
+{
+    m_window.reset();
+    m_framework.reset();
+    m_folder.reset();
+}
+
+QString TestFiles::writePage(const char *name, const QByteArray &objects) const
+{
+    const QString fileName = inFolder(name);
+    const QByteArray page =
+        R"({"format": "vxpage", "version": 1, "page": {"width": 400, "height": 300},
+        "objects": [)"
+        + objects + "]}";
+    return write(fileName, page) ? fileName : QString();
+}
+
+void TestFiles::openText()
+{
+    QVERIFY(m_window->openFile(writePage("page.json", written)));
+}
+
+void TestFiles::openArt()
+{
+    QVERIFY(m_window->openFile(writePage("page.json", art)));
+}
+
+/// Enters the edit of the first object, with the caret at its end.
+void TestFiles::edit()
+{
+    session()->select(first());
+    TextCommands::beginEdit(first());
+    QCOMPARE(session()->editedObject(), first());
+    QTest::keyClick(m_window->view(), Qt::Key_End, Qt::ControlModifier);
+}
+
+void TestFiles::compose(const QString &preedit, const QString &commit)
+{
+    QInputMethodEvent event(preedit, {});
+    event.setCommitString(commit);
+    QCoreApplication::sendEvent(m_window->view(), &event);
+}
+
+/// Leaves the copy of the page behind as a program does that is killed.
+void TestFiles::abandonCopy()
+{
+    Recovery *recovery = m_window->files()->recovery();
+    QVERIFY(recovery->copyNow());
+    const QDir folder = QFileInfo(recovery->copyName()).dir();
+    QTRY_VERIFY(folder.exists(QStringLiteral("page.vxpage")));
+    const QString left = inFolder("left");
+    QVERIFY(QDir().mkpath(left));
+    for (const char *name : {"page.vxpage", "original"}) {
+        QVERIFY(QFile::copy(folder.filePath(QLatin1String(name)),
+                            left + QLatin1Char('/') + QLatin1String(name)));
+    }
+    m_window->takeSession(PageSession::create(&m_loader));
+    QVERIFY(QDir().rename(left, dataFolder() + QStringLiteral("/recovery/left")));
+}
+
+/// Presses \a button of the next message box, whose words go to \a text.
+void TestFiles::answer(QMessageBox::StandardButton button, QString *text)
+{
+    QTimer::singleShot(0, this, [=] {
+        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+        if (!box) { // it comes in a later turn
+            answer(button, text);
+            return;
+        }
+        if (text)
+            *text = box->text() + QLatin1Char('\n') + box->informativeText();
+        box->button(button)->click();
+    });
+}
+
+// Saving
+
+void TestFiles::formerVersionStaysBesideFile()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    const QByteArray before = contentOf(fileName);
+    edit();
+    type(QStringLiteral(" and after"));
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+    QVERIFY(contentOf(fileName) != before);
+    QCOMPARE(contentOf(fileName + QLatin1Char('~')), before);
+    const QByteArray second = contentOf(fileName);
+    type(QStringLiteral("!"));
+    QVERIFY(session()->save(fileName, error));
+    QCOMPARE(contentOf(fileName + QLatin1Char('~')), second);
+}
+
+void TestFiles::sameContentLeavesFormerVersion()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    const QByteArray before = contentOf(fileName);
+    QString error;
+    edit();
+    type(QStringLiteral("!"));
+    QVERIFY(session()->save(fileName, error));
+    session()->endEdit();
+    QVERIFY(session()->save(fileName, error));
+    QVERIFY(session()->save(fileName, error));
+    QCOMPARE(contentOf(fileName + QLatin1Char('~')), before);
+}
+
+void TestFiles::linkedFileKeepsItsLink()
+{
+    openText();
+    const QString link = inFolder("link.json");
+    QVERIFY(QFile::link(session()->fileName(), link));
+    const QByteArray before = contentOf(link);
+    QVERIFY(m_window->openFile(link));
+    edit();
+    type(QStringLiteral("!"));
+    QString error;
+    QVERIFY2(session()->save(link, error), qPrintable(error));
+    QVERIFY(QFileInfo(link).isSymLink());
+    QVERIFY(contentOf(inFolder("page.json")) != before);
+    QCOMPARE(contentOf(link + QLatin1Char('~')), before);
+}
+
+void TestFiles::formerVersionThatIsInTheWayStopsTheSave()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    const QByteArray before = contentOf(fileName);
+    QVERIFY(QDir().mkpath(fileName + QStringLiteral("~/full")));
+    edit();
+    type(QStringLiteral("!"));
+    QString error;
+    QVERIFY(!session()->save(fileName, error));
+    QVERIFY2(error.contains(QLatin1String("page.json~")), qPrintable(error));
+    QCOMPARE(contentOf(fileName), before);
+    QVERIFY(session()->isModified());
+}
+
+void TestFiles::unknownKeysAndKindsComeBack()
+{
+    const QByteArray chart = R"(, { "kind": "chart", "name": "sales", "data": [1, 2.5, null] })";
+    const QString fileName =
+        writePage("strange.json",
+                  QByteArray(written).replace("\"kind\"", "\"later\": {\"a\": [true]}, \"kind\"")
+                      + chart);
+    QVERIFY(m_window->openFile(fileName));
+    QCOMPARE(session()->page()->objects().size(), 1);
+    edit();
+    type(QStringLiteral("!"));
+    QString error;
+    QVERIFY2(session()->save(inFolder("again.vxpage"), error), qPrintable(error));
+    QVERIFY(m_window->openFile(inFolder("again.vxpage")));
+    QVERIFY2(session()->save(inFolder("again.json"), error), qPrintable(error));
+    const QJsonArray objects = QJsonDocument::fromJson(contentOf(inFolder("again.json")))
+                                   .object()
+                                   .value(QLatin1String("objects"))
+                                   .toArray();
+    QCOMPARE(objects.size(), 2);
+    QCOMPARE(objects.at(0).toObject().value(QLatin1String("later")),
+             QJsonValue(QJsonObject{{QStringLiteral("a"), QJsonArray({true})}}));
+    const QJsonObject expected{{QStringLiteral("kind"), QStringLiteral("chart")},
+                               {QStringLiteral("name"), QStringLiteral("sales")},
+                               {QStringLiteral("data"),
+                                QJsonArray({1, 2.5, QJsonValue(QJsonValue::Null)})}};
+    QCOMPARE(objects.at(1).toObject(), expected);
+}
+
+void TestFiles::fileThatAnotherProgramChangedIsAskedAbout()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    QVERIFY(!session()->isFileForeign());
+    const QByteArray foreign = contentOf(fileName) + "\n";
+    QVERIFY(write(fileName, foreign));
+    QVERIFY(session()->isFileForeign());
+    edit();
+    type(QStringLiteral("!"));
+    QString question;
+    answer(QMessageBox::Cancel, &question);
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QVERIFY2(question.contains(QLatin1String("page.json")), qPrintable(question));
+    QCOMPARE(contentOf(fileName), foreign);
+    answer(QMessageBox::Save);
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QVERIFY(contentOf(fileName) != foreign);
+    QVERIFY(!session()->isFileForeign());
+}
+
+void TestFiles::pageThatIsReadBackWrongIsNotWritten()
+{
+    const QString fileName = inFolder("whole.txt");
+    QVERIFY(write(fileName, "old"));
+    QString reason;
+    QByteArray readBack;
+    const FileCheck refuses = [&](const QByteArray &bytes, QString &why) {
+        readBack = bytes;
+        why = QStringLiteral("no");
+        return false;
+    };
+    QVERIFY(!writeFile(fileName, "new", reason, FormerFile::Kept, refuses));
+    QCOMPARE(readBack, QByteArray("new"));
+    QCOMPARE(reason, QStringLiteral("no"));
+    QCOMPARE(contentOf(fileName), QByteArray("old"));
+    QVERIFY(!QFileInfo::exists(formerFileName(fileName)));
+    QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
+             QStringList(QStringLiteral("whole.txt"))); // nothing is left lying about
+}
+
+// Snapshots
+
+namespace {
+void addKinds()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("rich text") << QStringLiteral("rich");
+    QTest::newRow("art text") << QStringLiteral("art");
+}
+} // namespace
+
+void TestFiles::snapshotHoldsWhatIsTyped_data()
+{
+    addKinds();
+}
+
+void TestFiles::snapshotHoldsWhatIsTyped()
+{
+    QFETCH(QString, kind);
+    open(kind);
+    edit();
+    type(QStringLiteral(" and after"));
+    PageFile file;
+    QString error;
+    QVERIFY2(session()->snapshot(file, error), qPrintable(error));
+    QCOMPARE(textIn(file), QStringLiteral("before and after"));
+}
+
+void TestFiles::snapshotLeavesEditAlone_data()
+{
+    addKinds();
+}
+
+void TestFiles::snapshotLeavesEditAlone()
+{
+    QFETCH(QString, kind);
+    open(kind);
+    edit();
+    type(QStringLiteral("xyz"));
+    QTest::keyClick(m_window->view(), Qt::Key_Left, Qt::ShiftModifier); // selects the z
+    const int steps = session()->undoStack()->count();
+    PageFile file;
+    QString error;
+    QVERIFY(session()->snapshot(file, error));
+    QCOMPARE(session()->editedObject(), first());
+    QCOMPARE(session()->undoStack()->count(), steps);
+    type(QStringLiteral("w")); // in place of the selection
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("beforexyw"));
+    while (TextCommands::plainText(first()) != QLatin1String("before")) {
+        const QString text = TextCommands::plainText(first());
+        QTest::keyClick(m_window->view(), Qt::Key_Z, Qt::ControlModifier); // the text's own undo
+        QVERIFY(TextCommands::plainText(first()) != text);
+    }
+    QCOMPARE(session()->editedObject(), first());
+}
+
+void TestFiles::snapshotLeavesCompositionAlone_data()
+{
+    addKinds();
+}
+
+void TestFiles::snapshotLeavesCompositionAlone()
+{
+    QFETCH(QString, kind);
+    open(kind);
+    edit();
+    compose(QStringLiteral("ni"));
+    PageFile file;
+    QString error;
+    QVERIFY(session()->snapshot(file, error));
+    QCOMPARE(textIn(file), QStringLiteral("beforeni"));
+    compose(QStringLiteral("ni'hao"));
+    QVERIFY(session()->snapshot(file, error));
+    QCOMPARE(textIn(file), QStringLiteral("beforeni'hao"));
+    compose(QString(), QStringLiteral("你好"));
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before你好"));
+    type(QStringLiteral("!"));
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before你好!"));
+}
+
+void TestFiles::snapshotIsWhatSavingWrites_data()
+{
+    addKinds();
+}
+
+/// The same picture, to the last pixel, and the same text, from the snapshot and from the saved file.
+void TestFiles::snapshotIsWhatSavingWrites()
+{
+    QFETCH(QString, kind);
+    open(kind);
+    edit();
+    type(QStringLiteral(" and many more words that wrap"));
+    PageFile file;
+    QString error;
+    QVERIFY(session()->snapshot(file, error));
+    QVERIFY(writePageFile(inFolder("snapshot.json"), file, error));
+    session()->endEdit();
+    QVERIFY(session()->save(inFolder("saved.json"), error));
+    const auto shown = [this](const char *name) {
+        m_window->openFile(inFolder(name));
+        return m_window->view()->viewport()->grab().toImage();
+    };
+    const QImage saved = shown("saved.json");
+    const QRectF place(first()->getPos(), first()->getSize());
+    QCOMPARE(shown("snapshot.json"), saved);
+    QCOMPARE(QRectF(first()->getPos(), first()->getSize()), place);
+}
+
+void TestFiles::snapshotLeavesOutNewEmptyText()
+{
+    CVXRootObject *object = session()->startDrawing(EditorTool::Text, {50, 50});
+    object->onCreateFinished(true);
+    session()->takeDrawn(object);
+    QCOMPARE(session()->editedObject(), object);
+    PageFile file;
+    QString error;
+    QVERIFY(session()->snapshot(file, error));
+    QCOMPARE(file.toJson().value(QLatin1String("objects")).toArray().size(), 0);
+    type(QStringLiteral("a"));
+    QVERIFY(session()->snapshot(file, error));
+    QCOMPARE(textIn(file), QStringLiteral("a"));
+}
+
+// Recovery
+
+void TestFiles::modifiedPageHasCopy()
+{
+    openText();
+    Recovery *recovery = m_window->files()->recovery();
+    QVERIFY(recovery->copyNow());
+    QVERIFY(recovery->copyName().isEmpty()); // nothing to copy
+    edit();
+    type(QStringLiteral("!"));
+    QVERIFY(recovery->copyNow());
+    QTRY_VERIFY(QFileInfo::exists(recovery->copyName()));
+    PageFile file;
+    QString error;
+    QVERIFY2(readPageFile(recovery->copyName(), file, error), qPrintable(error));
+    QCOMPARE(textIn(file), QStringLiteral("before!"));
+    QCOMPARE(session()->editedObject(), first());
+}
+
+void TestFiles::copyGoesWhenPageIsSaved()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    Recovery *recovery = m_window->files()->recovery();
+    QVERIFY(recovery->copyNow());
+    const QString name = recovery->copyName();
+    QTRY_VERIFY(QFileInfo::exists(name));
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QTRY_VERIFY(!QFileInfo::exists(name));
+    QVERIFY(QDir(dataFolder() + QStringLiteral("/recovery"))
+                .entryList(QDir::Dirs | QDir::NoDotAndDotDot)
+                .isEmpty());
+}
+
+void TestFiles::copyGoesWithItsPage()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    Recovery *recovery = m_window->files()->recovery();
+    QVERIFY(recovery->copyNow());
+    const QString name = recovery->copyName();
+    QTRY_VERIFY(QFileInfo::exists(name));
+    m_window->takeSession(PageSession::create(&m_loader));
+    QVERIFY(!QFileInfo::exists(name));
+    QVERIFY(recovery->copyName().isEmpty());
+}
+
+void TestFiles::copyComesByItself()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    Recovery *recovery = m_window->files()->recovery();
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(recovery->copyName()), 20000);
+    QCOMPARE(session()->editedObject(), first());
+    QVERIFY(Recovery::longestDelay < 60000);
+}
+
+void TestFiles::copyOfRunningProgramIsNotOffered()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    Recovery *recovery = m_window->files()->recovery();
+    QVERIFY(recovery->copyNow());
+    QTRY_VERIFY(QFileInfo::exists(recovery->copyName()));
+    QVERIFY(RecoveryCopy::abandoned().empty());
+    QVERIFY(!m_window->files()->offerRecovery());
+}
+
+void TestFiles::abandonedCopyIsOffered()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    const auto copies = RecoveryCopy::abandoned();
+    QCOMPARE(int(copies.size()), 1);
+    QCOMPARE(copies.front()->originalName(), fileName);
+    QVERIFY(copies.front()->time().isValid());
+    QVERIFY(RecoveryCopy::abandoned().empty()); // by one program only
+}
+
+void TestFiles::recoveredPageIsModifiedPageOfItsFile()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    const QByteArray before = contentOf(fileName);
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    QTimer::singleShot(0, this, [] {
+        auto *dialog = qobject_cast<RecoveryDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        QVERIFY(dialog->findChild<QListWidget *>()->item(0)->text().startsWith(
+            QLatin1String("page.json")));
+        QTest::keyClick(dialog->findChild<QListWidget *>(), Qt::Key_Return);
+    });
+    QVERIFY(m_window->files()->offerRecovery());
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
+    QCOMPARE(session()->fileName(), fileName);
+    QVERIFY(session()->isModified());
+    QCOMPARE(contentOf(fileName), before);
+    // It is a copy of its page again, which a second crash leaves.
+    QVERIFY(QFileInfo::exists(m_window->files()->recovery()->copyName()));
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QVERIFY(contentOf(fileName) != before);
+    QTRY_VERIFY(m_window->files()->recovery()->copyName().isEmpty());
+    QVERIFY(RecoveryCopy::abandoned().empty());
+}
+
+void TestFiles::discardedCopyIsGone()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    RecoveryDialog dialog(RecoveryCopy::abandoned());
+    dialog.show();
+    answer(QMessageBox::Discard);
+    for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
+        if (button->text() == QLatin1String("&Discard"))
+            button->click();
+    }
+    QVERIFY(!dialog.isVisible()); // the last one has gone
+    QVERIFY(!dialog.takeChosen());
+    QVERIFY(RecoveryCopy::abandoned().empty());
+}
+
+void TestFiles::copyThatIsLeftForLaterIsOfferedAgain()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    {
+        RecoveryDialog dialog(RecoveryCopy::abandoned());
+        dialog.reject();
+        QVERIFY(!dialog.takeChosen());
+    }
+    QCOMPARE(int(RecoveryCopy::abandoned().size()), 1);
+}
+
+// Opening
+
+void TestFiles::problemOfFileIsNamed_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<int>("problem");
+    QTest::addColumn<QString>("reason"); // what the error says of what and where
+    const auto row = [](const char *name, const QByteArray &bytes, PageProblem problem,
+                        const char *reason) {
+        QTest::newRow(name) << bytes << int(problem) << QString::fromLatin1(reason);
+    };
+    const QByteArray binary("\x89VXPAGE\r\n\n", 10);
+    row("picture", "\x89PNG\r\n\x1a\n and so on", PageProblem::Foreign, "byte 0");
+    row("text", "Dear friend", PageProblem::Foreign, "line 1");
+    row("empty", "", PageProblem::Foreign, "line 1");
+    row("other JSON", "{\"name\": \"package\"}", PageProblem::Foreign, "format");
+    row("newer JSON", "{\"format\": \"vxpage\", \"version\": 2}", PageProblem::Newer, "newer");
+    row("cut JSON", "{\"format\": \"vxpage\",\n \"version\": ", PageProblem::Damaged, "line 2");
+    row("wrong field", "{\"format\": \"vxpage\", \"version\": 1, \"page\": {\"width\": -1}}",
+        PageProblem::Damaged, "page.width");
+    row("newer binary", binary + QByteArray("\0\0\0\2", 4), PageProblem::Newer, "newer");
+    row("cut binary", binary + QByteArray("\0\0\0\1PAGE", 8), PageProblem::Damaged, "byte");
+}
+
+void TestFiles::problemOfFileIsNamed()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, problem);
+    QFETCH(QString, reason);
+    const QString fileName = inFolder("some.vxpage");
+    QVERIFY(write(fileName, bytes));
+    QString error;
+    QVERIFY(!PageSession::open(&m_loader, fileName, error));
+    QVERIFY2(error.contains(reason), qPrintable(error));
+    QVERIFY2(error.contains(fileName), qPrintable(error));
+    QCOMPARE(int(problemOf(fileName)), problem);
+    QCOMPARE(int(problemOf(inFolder("none.vxpage"))), int(PageProblem::Unreadable));
+}
+
+void TestFiles::refusedFileReplacesNothing()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    const PageSession *before = session();
+    QVERIFY(write(inFolder("broken.json"), "{\"format\": \"vxpage\",\n \"version\": "));
+    QString message;
+    answer(QMessageBox::Ok, &message);
+    QVERIFY(!m_window->openFile(inFolder("broken.json")));
+    QVERIFY2(message.contains(QLatin1String("damaged")), qPrintable(message));
+    QVERIFY2(message.contains(QLatin1String("broken.json")), qPrintable(message));
+    QVERIFY2(message.contains(QLatin1String("line 2")), qPrintable(message));
+    QCOMPARE(session(), before);
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
+    QCOMPARE(session()->editedObject(), first());
+    QVERIFY(!RecentFiles::list().contains(inFolder("broken.json")));
+}
+
+void TestFiles::openPageIsFirstOfRecentFiles()
+{
+    openText();
+    QVERIFY(m_window->openFile(writePage("second.json", art)));
+    QCOMPARE(RecentFiles::list(), QStringList({inFolder("second.json"), inFolder("page.json")}));
+    QVERIFY(m_window->openFile(inFolder("page.json")));
+    QCOMPARE(RecentFiles::list(), QStringList({inFolder("page.json"), inFolder("second.json")}));
+    auto *menu = m_window->findChild<QMenu *>(QStringLiteral("recent"));
+    QVERIFY(menu);
+    Q_EMIT menu->aboutToShow();
+    QVERIFY(menu->actions().at(1)->text().endsWith(QLatin1String("second.json")));
+    menu->actions().at(1)->trigger();
+    QCOMPARE(session()->fileName(), inFolder("second.json"));
+}
+
+void TestFiles::recentFilesHaveAnEnd()
+{
+    for (int i = 0; i < 15; ++i)
+        RecentFiles::add(QStringLiteral("/folder/%1.json").arg(i));
+    QCOMPARE(RecentFiles::list().size(), 10);
+    QCOMPARE(RecentFiles::list().constFirst(), QStringLiteral("/folder/14.json"));
+    QCOMPARE(RecentFiles::list().constLast(), QStringLiteral("/folder/5.json"));
+}
+
+void TestFiles::recentFileThatIsGoneIsForgotten()
+{
+    RecentFiles::add(inFolder("gone.json"));
+    auto *menu = m_window->findChild<QMenu *>(QStringLiteral("recent"));
+    Q_EMIT menu->aboutToShow();
+    QString message;
+    answer(QMessageBox::Ok, &message);
+    menu->actions().constFirst()->trigger();
+    QVERIFY2(message.contains(QLatin1String("gone.json")), qPrintable(message));
+    QVERIFY(RecentFiles::list().isEmpty());
+}
+
+// Leaving
+
+void TestFiles::closeQuestion_data()
+{
+    QTest::addColumn<int>("button");
+    QTest::addColumn<bool>("closes");
+    QTest::addColumn<bool>("saves");
+    QTest::newRow("Save") << int(QMessageBox::Save) << true << true;
+    QTest::newRow("Discard") << int(QMessageBox::Discard) << true << false;
+    QTest::newRow("Cancel") << int(QMessageBox::Cancel) << false << false;
+}
+
+void TestFiles::closeQuestion()
+{
+    QFETCH(int, button);
+    QFETCH(bool, closes);
+    QFETCH(bool, saves);
+    openText();
+    const QByteArray before = contentOf(session()->fileName());
+    QVERIFY(!m_window->isWindowModified());
+    edit();
+    type(QStringLiteral("!"));
+    QTRY_VERIFY(m_window->isWindowModified());
+    QString question;
+    answer(QMessageBox::StandardButton(button), &question);
+    QCOMPARE(m_window->close(), closes);
+    QVERIFY2(question.contains(QLatin1String("page.json")), qPrintable(question));
+    QCOMPARE(contentOf(inFolder("page.json")) != before, saves);
+}
+
+// Long work
+
+void TestFiles::shortWorkShowsNothing()
+{
+    BusySign work(m_window.get(), QStringLiteral("Short"));
+    bool done = false;
+    work.aside([&] { done = true; });
+    QVERIFY(done);
+    QVERIFY(work.step(1, 2));
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+void TestFiles::longWorkShowsSignFirst()
+{
+    {
+        BusySign work(m_window.get(), QStringLiteral("Long"), BusyTimes{0, 3600000});
+        QVERIFY(work.step(1, 2));
+        QVERIFY(QApplication::overrideCursor());
+        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
+        QVERIFY(!QApplication::activeModalWidget());
+        QVERIFY(BusySign::isAnywhere());
+        QVERIFY(!m_window->files()->mayLeavePage()); // not in the middle of it
+    }
+    QVERIFY(!QApplication::overrideCursor());
+    QVERIFY(!BusySign::isAnywhere());
+}
+
+void TestFiles::longWorkCanBeGivenUp()
+{
+    BusySign work(m_window.get(), QStringLiteral("Very long"), BusyTimes{0, 0});
+    QVERIFY(work.step(1, 4));
+    auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+    QVERIFY(dialog);
+    QCOMPARE(dialog->labelText(), QStringLiteral("Very long"));
+    QCOMPARE(dialog->maximum(), 4);
+    QCOMPARE(dialog->value(), 1);
+    QVERIFY(work.step(2, 4));
+    QCOMPARE(dialog->value(), 2);
+    QTest::mouseClick(dialog->findChild<QPushButton *>(), Qt::LeftButton);
+    QVERIFY(!work.step(3, 4));
+    QVERIFY(!work.isWanted());
+}
+
+namespace {
+/// Work that is given up after some steps.
+class ImpatientWork : public LongWork
+{
+public:
+    explicit ImpatientWork(int steps)
+        : m_left(steps)
+    {
+    }
+    bool step(int /*done*/, int /*total*/) override { return --m_left >= 0; }
+    bool isWanted() const override { return m_left >= 0; }
+    void aside(const std::function<void()> &part) override
+    {
+        --m_left;
+        part();
+    }
+
+private:
+    int m_left;
+};
+} // namespace
+
+void TestFiles::openingThatIsGivenUpLeavesPage()
+{
+    const QString fileName = writePage("many.json", written + ',' + written + ',' + written);
+    for (int steps = 0; steps < 4; ++steps) { // reading, and each object
+        ImpatientWork work(steps);
+        QString error;
+        QVERIFY(!PageSession::open(&m_loader, fileName, error, work));
+        QCOMPARE(error, QString());
+    }
+    ImpatientWork patient(4);
+    QString error;
+    QVERIFY2(PageSession::open(&m_loader, fileName, error, patient), qPrintable(error));
+}
+
+void TestFiles::savingThatIsGivenUpLeavesFile()
+{
+    const QString fileName = writePage("many.json", written + ',' + written);
+    QVERIFY(m_window->openFile(fileName));
+    const QByteArray before = contentOf(fileName);
+    edit();
+    type(QStringLiteral("!"));
+    session()->endEdit();
+    QString error;
+    for (int steps = 0; steps < 3; ++steps) { // each object, and writing
+        ImpatientWork work(steps);
+        QVERIFY(!session()->save(fileName, error, work));
+        QCOMPARE(error, QString());
+        QCOMPARE(contentOf(fileName), before);
+        QVERIFY(session()->isModified());
+    }
+    ImpatientWork patient(3);
+    QVERIFY2(session()->save(fileName, error, patient), qPrintable(error));
+    QVERIFY(contentOf(fileName) != before);
+}
+
+QTEST_MAIN(TestFiles)
+#include "tst_files.moc"
