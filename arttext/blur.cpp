@@ -71,18 +71,21 @@ public:
     /// The means of the row, channel by channel.
     void writeMeans(uchar *out) const
     {
+        // Locals: a byte written could be any member.
         const int *sums = m_sums.data();
+        const double *shares = m_shares.data();
+        const qint64 width = m_measures.width;
         const qint64 channels = m_measures.channels;
         const qint64 ahead = 2 * m_measures.marginBytes(); // of the entering column
         for (qint64 channel = 0; channel < channels; ++channel) {
             qint64 sum = 0;
             for (qint64 i = channel; i < ahead; i += channels)
                 sum += sums[i];
-            for (qint64 x = 0, i = channel; x < m_measures.width; ++x, i += channels) {
+            for (qint64 x = 0, i = channel; x < width; ++x, i += channels) {
                 sum += sums[i + ahead];
                 // The quotient cut off: half a unit outweighs what the share is rounded by, and no
                 // mean of bytes is above 255.
-                out[i] = uchar((double(sum) + 0.5) * m_shares[size_t(x)]);
+                out[i] = uchar((double(sum) + 0.5) * shares[x]);
                 sum -= sums[i];
             }
         }
