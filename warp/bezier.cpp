@@ -29,25 +29,3 @@ void getCircleBezier(QPointF from, QPointF to, QPointF centre, QPointF &c1, QPoi
     c1 = QPointF(double(c1x), double(c1y));
     c2 = QPointF(double(c2x), double(c2y));
 }
-
-void get_control_points(QPointF &p0, QPointF &p1, QPointF &p2, QPointF &p3, QPointF &c1,
-                        QPointF &c2)
-{
-    constexpr double NearEnd = 8.0 / 27.0; // weight of the nearer end at a third of the way
-    constexpr double FarEnd = 1.0 / 27.0;
-    const QPointF a = p1 - p0 * NearEnd - p3 * FarEnd;
-    const QPointF b = p2 - p0 * FarEnd - p3 * NearEnd;
-    c1 = a * 3.0 - b * 1.5;
-    c2 = b * 3.0 - a * 1.5;
-}
-
-QPointF calculateBezierPoint(const QPointF &p0, const QPointF &p1, const QPointF &p2,
-                             const QPointF &p3, float t)
-{
-    const float s = 1.0f - t;
-    const float weight0 = s * s * s;
-    const float weight1 = (s * s * 3.0f) * t;
-    const float weight2 = (s * 3.0f) * (t * t);
-    const float weight3 = t * (t * t);
-    return p0 * weight0 + p1 * weight1 + p2 * weight2 + p3 * weight3;
-}

@@ -32,6 +32,19 @@ bool isMeasurable(double side)
     return std::isfinite(side) && side != 0.0;
 }
 
+/// Lets the extremes \a min and \a max follow a position.
+void widen(QPointF &min, QPointF &max, const QPointF &pos)
+{
+    if (min.x() > pos.x())
+        min.setX(pos.x());
+    if (min.y() > pos.y())
+        min.setY(pos.y());
+    if (pos.x() > max.x())
+        max.setX(pos.x());
+    if (pos.y() > max.y())
+        max.setY(pos.y());
+}
+
 /// The cubic that covers the line from \a start to \a end, as a new subpath of \a path. The thirds are cut to
 /// single precision.
 void addStraightCurve(QPainterPath &path, const QPointF &start, const QPointF &end)
@@ -119,8 +132,22 @@ public:
     /// A move that nothing hangs on, and what is no whole segment, stays where it is.
     void carry(QPainterPath &path)
     {
-        for (int i = 0; i < path.elementCount();)
-            i += carrySegment(path, i);
+        const int count = path.elementCount();
+        for (int i = 0; i < count;) {
+            const QPainterPath::Element element = path.elementAt(i);
+            if (element.type != QPainterPath::MoveToElement) {
+                i += qMax(1, carrySegment(path, i, element, count));
+                continue;
+            }
+            // A move is carried along with the segment behind it.
+            takePen(element);
+            int length = 0;
+            if (i + 1 < count)
+                length = carrySegment(path, i + 1, path.elementAt(i + 1), count);
+            if (length > 0)
+                write(path, i, m_startImage);
+            i += 1 + length;
+        }
     }
 
     /// True as long as all that was written is.
@@ -133,65 +160,41 @@ private:
                                             point.x() / m_side.width());
     }
 
-    static bool isCurve(const QPainterPath &path, int index)
+    /// The curves over the lines of a polyline begin where the one before ended.
+    void takePen(const QPointF &point)
     {
-        return index + 2 < path.elementCount()
-               && path.elementAt(index).type == QPainterPath::CurveToElement;
+        if (point.x() != m_pen.x() || point.y() != m_pen.y() || !m_hasPen)
+            m_penImage = onSurface(point);
+        m_pen = point;
+        m_hasPen = true;
+        m_startImage = m_penImage;
     }
 
-    static bool isLine(const QPainterPath &path, int index)
+    /// Carries the line or curve that begins with \a first, element \a i. \return how many elements it has, 0 when
+    /// there is no such segment
+    int carrySegment(QPainterPath &path, int i, const QPainterPath::Element &first, int count)
     {
-        return index < path.elementCount() && path.elementAt(index).isLineTo();
-    }
-
-    /// Carries the segment that begins with element \a i. \return how many elements it has
-    int carrySegment(QPainterPath &path, int i)
-    {
-        switch (path.elementAt(i).type) {
-        case QPainterPath::MoveToElement:
-            return carrySubpathStart(path, i);
-        case QPainterPath::LineToElement:
-            carryLine(path, i);
+        if (first.type == QPainterPath::LineToElement) {
+            carryLine(path, i, first);
             return 1;
-        case QPainterPath::CurveToElement:
-            if (!isCurve(path, i))
-                break;
-            carryCurve(path, i);
-            return 3;
-        case QPainterPath::CurveToDataElement:
-            break;
         }
-        return 1;
-    }
-
-    /// A move is carried along with the segment behind it.
-    int carrySubpathStart(QPainterPath &path, int i)
-    {
-        m_pen = path.elementAt(i);
-        m_penImage = onSurface(m_pen);
-        const bool curve = isCurve(path, i + 1);
-        if (!curve && !isLine(path, i + 1))
-            return 1;
-        write(path, i, m_penImage);
-        if (!curve) {
-            carryLine(path, i + 1);
-            return 2;
-        }
-        carryCurve(path, i + 1);
-        return 4;
+        if (first.type != QPainterPath::CurveToElement || i + 2 >= count)
+            return 0;
+        carryCurve(path, i, first);
+        return 3;
     }
 
     /// A line stays a chord: its end moves.
-    void carryLine(QPainterPath &path, int i)
+    void carryLine(QPainterPath &path, int i, const QPointF &end)
     {
-        m_pen = path.elementAt(i);
-        m_penImage = onSurface(m_pen);
+        m_penImage = onSurface(end);
+        m_pen = end;
+        m_hasPen = true;
         write(path, i, m_penImage);
     }
 
-    void carryCurve(QPainterPath &path, int i)
+    void carryCurve(QPainterPath &path, int i, const QPointF &p1)
     {
-        const QPointF p1 = path.elementAt(i);
         const QPointF p2 = path.elementAt(i + 1);
         const QPointF p3 = path.elementAt(i + 2);
         QPointF q1 = onSurface(calculateBezierPoint(m_pen, p1, p2, p3, 0.333f));
@@ -205,6 +208,7 @@ private:
         write(path, i + 2, q3);
         m_pen = p3;
         m_penImage = q3;
+        m_hasPen = true;
     }
 
     void write(QPainterPath &path, int i, const QPointF &pos)
@@ -216,8 +220,10 @@ private:
     CWordProcess &m_object;
     const CTextBezier &m_surface;
     const QSizeF m_side;
-    QPointF m_pen;      ///< end of the segment before, where it was
-    QPointF m_penImage; ///< and where the surface has it
+    QPointF m_pen;        ///< end of the segment before, where it was
+    QPointF m_penImage;   ///< and where the surface has it
+    QPointF m_startImage; ///< where it has the last move
+    bool m_hasPen = false;
     bool m_isFinite = true;
 };
 
@@ -235,10 +241,12 @@ void CWordProcess::updateMorphTextPaths()
 {
     if (!m_newVersion) // never warped: the box is that of its own layout
         return;
-    if (m_editing) // text is always edited unwarped
+    if (m_editing) { // text is always edited unwarped
         dropMorphPaths();
-    else if (!bendTextPaths())
+        m_bendable = Bendable();
+    } else if (!bendTextPaths()) {
         return;
+    }
     // Wrapped text in edit state keeps its box.
     if (!m_wordWrap || !m_editing)
         applyStretchToBox();
@@ -254,10 +262,11 @@ bool CWordProcess::bendTextPaths()
     QSizeF size(-1, -1);
     bool isWarped = false;
     if (m_warpStyle != SurfaceNone && !m_pathsArePlaceholder) { // an empty text has nothing to bend
-        paths = source;                                         // private: bent without a lock
-        for (QPainterPath &path : paths)
-            doubleStraightSegments(path);
+        prepareBending(source);
+        paths = m_bendable.paths; // private: bent without a lock
         isWarped = textMorphing(paths, m_textPathsRect, pos, size);
+    } else {
+        m_bendable = Bendable();
     }
     if (!m_wordWrap)
         updatePosition(this, QRectF(getPos(), m_textPathsRect.size()));
@@ -268,6 +277,18 @@ bool CWordProcess::bendTextPaths()
     else
         takeUnwarpedBox();
     return true;
+}
+
+/// What does not depend on the warp is kept from one step of a slider to the next.
+void CWordProcess::prepareBending(const QList<QPainterPath> &source)
+{
+    if (m_bendable.source.isSharedWith(source))
+        return;
+    m_bendable.source = source;
+    m_bendable.paths = source;
+    for (QPainterPath &path : m_bendable.paths)
+        doubleStraightSegments(path);
+    m_bendable.bounds = sumOf(m_bendable.paths).boundingRect();
 }
 
 void CWordProcess::takeUnwarpedBox()
@@ -313,7 +334,8 @@ bool CWordProcess::textMorphing(QList<QPainterPath> &paths, const QRectF &rect, 
 {
     QRectF outRect(0, 0, 0, 0);
     QRectF reserved(0, 0, 0, 0);
-    const QRectF bounds = sumOf(paths).boundingRect();
+    const QRectF bounds = paths.isSharedWith(m_bendable.paths) ? m_bendable.bounds
+                                                               : sumOf(paths).boundingRect();
     const bool warped = textTransform(rect, bounds, outRect, paths, reserved,
                                       SurfaceType(m_warpStyle));
     pos = outRect.topLeft();
@@ -396,14 +418,7 @@ QRectF CWordProcess::placeInPositive(QList<QPainterPath> &paths, const WarpGap &
 
 void CWordProcess::setPathElementPos(QPainterPath &path, int index, QPointF pos)
 {
-    if (m_warpMin.x() > pos.x())
-        m_warpMin.setX(pos.x());
-    if (m_warpMin.y() > pos.y())
-        m_warpMin.setY(pos.y());
-    if (pos.x() > m_warpMax.x())
-        m_warpMax.setX(pos.x());
-    if (pos.y() > m_warpMax.y())
-        m_warpMax.setY(pos.y());
+    widen(m_warpMin, m_warpMax, pos);
     path.setElementPositionAt(index, pos.x(), pos.y());
 }
 
