@@ -30,8 +30,9 @@ bool install(QCoreApplication *application, const QLocale &locale, const QString
 void installTranslations(QCoreApplication *application, const QLocale &locale)
 {
     makeResourceKnown();
-    // English is what the program is written in.
-    if (locale.language() == QLocale::English || locale.language() == QLocale::C)
+    // English is what the program is written in: no language behind it is wanted then.
+    const QString first = locale.uiLanguages().value(0);
+    if (first.startsWith(QLatin1String("en")) || first == QLatin1String("C"))
         return;
     // Qt's words only together with ours: a window speaks one language.
     if (install(application, locale, QStringLiteral("pagehost"), QStringLiteral(":/translations")))

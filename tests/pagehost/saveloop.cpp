@@ -10,6 +10,7 @@
 #include "host/framework/cvxrootobject.h"
 
 #include <QApplication>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QSet>

@@ -20,14 +20,17 @@ def number_in(program, name):
 def killed_run(program, name, chance):
     """The numbers that were saved last and that were begun last, when the program was killed in a save."""
     with subprocess.Popen([program, name], stdout=subprocess.PIPE, text=True) as run:
-        saves = chance.randrange(1, 6)
-        pause = chance.uniform(0, 0.02)  # a save takes some milliseconds
+        saves = chance.randrange(2, 6)
         lines = []
+        took = []  # seconds of each save
         for line in run.stdout:
             lines.append(line.split())
-            if lines[-1][0] == "saving" and len(lines) > 2 * saves:
+            if lines[-1][0] == "saved":
+                took.append(time.monotonic() - began)
+            elif len(took) >= saves:
                 break
-        time.sleep(pause)
+            began = time.monotonic()
+        time.sleep(chance.uniform(0, 1.1 * sorted(took)[len(took) // 2]))  # any moment of a save
         run.send_signal(signal.SIGKILL)
         lines += [line.split() for line in run.stdout if line.endswith("\n")]
     if run.returncode != -signal.SIGKILL:
@@ -38,6 +41,7 @@ def killed_run(program, name, chance):
 
 
 def main():
+    os.environ.setdefault("QT_QPA_PLATFORM", "offscreen")
     program, folder = sys.argv[1:3]
     rounds = int(sys.argv[3]) if len(sys.argv) > 3 else 200
     os.makedirs(folder, exist_ok=True)

@@ -1,0 +1,152 @@
+# SPDX-License-Identifier: MIT
+# Of the scripts that drive the editor in a window of a virtual screen: the screen, keys, pointer, pictures, and what
+# pages hold. To be sourced by bash with the arguments PAGEHOST WORK-FOLDER; ends with 77 (skipped) where a program that
+# it needs is missing. The folder keeps the pages and pictures of the last run.
+set -euo pipefail
+pagehost=${1:?usage: $(basename "$0") PAGEHOST WORK-FOLDER}
+work=${2:?usage: $(basename "$0") PAGEHOST WORK-FOLDER}
+inspect=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/inspect_page.py
+
+for program in Xvfb xdotool import compare python3; do
+    command -v "$program" >/dev/null || { echo "SKIP: $program is not installed"; exit 77; }
+done
+
+# Real keys are read when the program comes to them, with the modifiers that are down then: each group of keys
+# has to be through before the next one.
+pause=${VX_DRIVE_PAUSE:-0.4}
+
+rm -rf "$work"
+mkdir -p "$work"
+cd "$work"
+editor=
+screen=
+
+stop()
+{
+    [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
+    [ -z "$screen" ] || kill "$screen" 2>/dev/null || true
+}
+trap stop EXIT
+
+fail()
+{
+    echo "FAIL: $*" >&2
+    import -window root failure.png || true
+    exit 1
+}
+
+start_screen()
+{
+    Xvfb -displayfd 3 -screen 0 1024x800x24 -nolisten tcp 3>display 2>xvfb.log &
+    screen=$!
+    for _ in $(seq 100); do
+        [ -s display ] && break
+        sleep 0.1
+    done
+    [ -s display ] || fail "no virtual screen"
+    DISPLAY=:$(cat display)
+    XDG_RUNTIME_DIR=$work/runtime
+    HOME=$work/home
+    mkdir -p -m 700 "$XDG_RUNTIME_DIR" "$HOME"
+    XDG_CONFIG_HOME=$HOME/config
+    XDG_DATA_HOME=$HOME/data
+    export DISPLAY XDG_RUNTIME_DIR XDG_CONFIG_HOME XDG_DATA_HOME HOME QT_QPA_PLATFORM=xcb QT_IM_MODULE=none
+}
+
+# focus NAME: waits for a window whose title holds NAME and gives it the keys.
+focus()
+{
+    local window=
+    window=$(timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -1) || fail "no window '$1'"
+    xdotool windowfocus --sync "$window"
+    sleep "$pause"
+}
+
+start_editor()
+{
+    "$pagehost" "$1" 2>>pagehost.log &
+    editor=$!
+    focus "$(basename "$1")"
+}
+
+# Ends the editor, which has nothing to ask.
+quit_editor()
+{
+    keys ctrl+q
+    for _ in $(seq 100); do
+        kill -0 "$editor" 2>/dev/null || break
+        sleep 0.1
+    done
+    kill -0 "$editor" 2>/dev/null && fail "the editor does not end"
+    wait "$editor" || fail "the editor ends with code $?"
+    editor=
+}
+
+keys()
+{
+    local key
+    for key in "$@"; do
+        xdotool key --delay 40 "$key"
+        sleep 0.1
+    done
+    sleep "$pause"
+}
+
+typed()
+{
+    xdotool type --delay 40 "$1"
+    sleep "$pause"
+}
+
+# drag X1 Y1 X2 Y2
+drag()
+{
+    xdotool mousemove "$1" "$2" mousedown 1
+    xdotool mousemove $((($1 + $3) / 2)) $((($2 + $4) / 2)) mousemove "$3" "$4"
+    sleep "$pause"
+    xdotool mouseup 1
+    sleep "$pause"
+}
+
+shot() { import -window root "$1.png"; }
+# The canvas alone: menus and messages may differ.
+canvas() { import -window root -crop 900x560+40+80 +repage "$1.png"; }
+
+# save_as FILE: by the dialog.
+save_as()
+{
+    keys ctrl+shift+s
+    focus "Save As"
+    keys ctrl+a
+    typed "$work/$1"
+    keys Return
+    focus "$1"
+    [ -s "$1" ] || fail "$1 is not written"
+}
+
+# same WHAT A B
+same()
+{
+    [ "$2" = "$3" ] || fail "$1: '$2' is not '$3'"
+}
+
+double_click()
+{
+    xdotool mousemove "$1" "$2" click --repeat 2 --delay 60 1
+    sleep "$pause"
+}
+
+# alike WHAT A B, of canvas pictures; unlike the same.
+alike()
+{
+    local difference=
+    difference=$(compare -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
+}
+unlike()
+{
+    ! compare -metric AE "$2.png" "$3.png" null: >/dev/null 2>&1 || fail "$1: nothing differs"
+}
+
+strings() { python3 "$inspect" strings "$1"; }
+text() { python3 "$inspect" text "$1"; }
+art() { python3 "$inspect" art "$1"; }
