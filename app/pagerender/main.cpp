@@ -20,6 +20,13 @@ void chooseHeadlessPlatform()
         qputenv("QT_QPA_PLATFORM", "offscreen");
 }
 
+/// The same order and the same local time every time, so that the same input gives the same bytes.
+void makeRepeatable()
+{
+    qSetGlobalQHashSeed(0);
+    qputenv("TZ", "UTC0");
+}
+
 /// The command line as it was given. The application is made without it, for Qt would take options
 /// out of it, --plugin among them.
 QStringList commandLine(int argc, char **argv)
@@ -44,7 +51,7 @@ int main(int argc, char **argv)
     const QStringList given = commandLine(argc, argv);
     Interruption::holdBack();
     qInstallMessageHandler(dropQtMessages);
-    qSetGlobalQHashSeed(0); // the same order every time
+    makeRepeatable();
     chooseHeadlessPlatform();
     int applicationArgc = argc > 0 ? 1 : 0;
     QApplication application(applicationArgc, argv);

@@ -18,6 +18,7 @@ struct Run {
     bool ended = false; ///< by itself: neither killed nor crashed
     QString out;
     QString err;
+    QByteArray bytes; ///< out as it came
 };
 
 struct Ink {
@@ -53,28 +54,48 @@ public:
                      + QFile::encodeName(m_fonts.path()) + "</cachedir></fontconfig>\n");
     }
 
-    Run run(const QStringList &arguments) const
+    /// What the next runs find in the environment.
+    void setVariable(const char *name, const char *value)
     {
-        QProcess process;
+        m_variables.insert(QLatin1String(name), QLatin1String(value));
+    }
+
+    /// Starts the program, or another one with the same environment.
+    void start(QProcess &process, const QStringList &arguments,
+               const QString &program = QStringLiteral(PAGERENDER_PROGRAM)) const
+    {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         environment.insert(QStringLiteral("FONTCONFIG_FILE"),
                            m_fonts.filePath(QStringLiteral("fonts.conf")));
-        for (const char *display : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"})
-            environment.remove(QLatin1String(display));
+        for (const char *name :
+             {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY", "SOURCE_DATE_EPOCH"})
+            environment.remove(QLatin1String(name));
+        for (auto it = m_variables.constBegin(); it != m_variables.constEnd(); ++it)
+            environment.insert(it.key(), it.value());
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
-        process.start(QStringLiteral(PAGERENDER_PROGRAM), arguments);
+        process.start(program, arguments);
+    }
+
+    /// \param input what the program finds on its standard input
+    Run run(const QStringList &arguments, const QByteArray &input = QByteArray()) const
+    {
+        QProcess process;
+        start(process, arguments);
+        process.write(input);
+        process.closeWriteChannel();
         Run result;
         result.ended = process.waitForFinished(runTimeout)
                        && process.exitStatus() == QProcess::NormalExit;
         result.exitCode = process.exitCode();
-        result.out = QString::fromUtf8(process.readAllStandardOutput());
+        result.bytes = process.readAllStandardOutput();
+        result.out = QString::fromUtf8(result.bytes);
         result.err = QString::fromUtf8(process.readAllStandardError());
         return result;
     }
-    Run run(const char *arguments) const
+    Run run(const char *arguments, const QByteArray &input = QByteArray()) const
     {
-        return run(QString::fromUtf8(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts));
+        return run(QString::fromUtf8(arguments).split(QLatin1Char(' '), Qt::SkipEmptyParts), input);
     }
 
     QString folder() const { return m_folder.path(); }
@@ -96,6 +117,7 @@ public:
     }
 
 private:
+    QMap<QString, QString> m_variables;
     QTemporaryDir m_fonts;
     QTemporaryDir m_folder;
 };

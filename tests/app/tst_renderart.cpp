@@ -424,7 +424,7 @@ void TestRenderArt::endsWithoutALibrary()
 {
     const Run result = m_folder->run("--art 3 --text a.txt --font BoxTest -o o.png --plugin no.so");
     QVERIFY(result.ended);
-    QCOMPARE(result.exitCode, 1);
+    QCOMPARE(result.exitCode, 4);
     QVERIFY2(result.err.contains(QLatin1String("no text objects")), qPrintable(result.err));
 }
 

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void growingBoxShowsAllLines();
     void growingBoxOfColumnsKeepsItsRightEdge();
     void resolutionCounts();
+    void dpiOfAPageIsThatOfItsPng();
     void svgAndPdfOfAPage();
     void recordIsShown();
     void unknownKindIsLeftOutWithAWarning();
@@ -218,6 +219,17 @@ void TestRenderPage::resolutionCounts()
     QCOMPARE(image.dotsPerMeterX(), 7559);
 }
 
+void TestRenderPage::dpiOfAPageIsThatOfItsPng()
+{
+    const QByteArray content = page(text("a", "'x':10,'y':20"));
+    const QImage image = picture(content, "--dpi 192");
+    QCOMPARE(image.size(), QSize(200, 120));
+    QCOMPARE(image.dotsPerMeterX(), 7559);
+    QCOMPARE(inkOf(image).bounds, QRect(22, 52, 12, 12));
+    QCOMPARE(picture(content, "--dpi 192 --scale 2").size(), QSize(400, 240));
+    QCOMPARE(m_folder->run("page.json --dpi 192 -o o.svg").exitCode, 2);
+}
+
 void TestRenderPage::svgAndPdfOfAPage()
 {
     m_folder->write("page.json", page(text("a", "'x':10,'y':20")));
@@ -258,7 +270,7 @@ void TestRenderPage::optionsOfTextsAreRefused_data()
 {
     QTest::addColumn<QString>("option");
     for (const char *option :
-         {"--margin 5", "--dpi 300", "--box 30x30", "--align left", "--caret 0", "--select 0:1"})
+         {"--margin 5", "--box 30x30", "--align left", "--caret 0", "--select 0:1"})
         QTest::newRow(option) << QString::fromLatin1(option);
 }
 
@@ -508,7 +520,7 @@ void TestRenderPage::binaryPageIsRendered()
     QCOMPARE(m_folder->run("--convert page.json page.vxpage").exitCode, 0);
     QCOMPARE(m_folder->run("page.vxpage -o binary.png").exitCode, 0);
     QCOMPARE(QImage(m_folder->path("binary.png")), expected);
-    QCOMPARE(m_folder->run("page.vxpage --dpi 72 -o binary.png").exitCode, 2);
+    QCOMPARE(m_folder->run("page.vxpage --margin 2 -o binary.png").exitCode, 2);
 }
 
 void TestRenderPage::wrongConversionsAreNamed_data()
@@ -525,7 +537,7 @@ void TestRenderPage::wrongConversionsAreNamed_data()
     row("--convert page.json a.vxpage b.json", 2, "--convert wants two page files");
     row("--convert page.json kept.png", 2, "'kept.png': .json or .vxpage");
     row("--convert page.json kept.json --scale 2", 2, "no other option: --scale");
-    row("--convert page.json kept.json -o a.png", 2, "no other option: --o");
+    row("--convert page.json kept.json -o a.png", 2, "no other option: -o");
     row("--convert none.json kept.json", 1, "none.json");
     row("--convert document.json kept.json", 1, "'document.json': format: is missing");
     row("--convert cut.vxpage kept.json", 1, "'cut.vxpage': at byte 14: the file is cut short");
