@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// bench_warp.cpp -- the warp of outlines, beside the bare arithmetic of its surface: elements of
-// outlines per second, both over the same text.
+// bench_warp.cpp -- the warp of outlines, beside its bare arithmetic and the surface alone: elements
+// of outlines per second, all over the same text.
 #include "bench/benchtext.h"
 #include "warp/bezier.h"
 #include "warp/surfaces.h"
@@ -36,35 +36,35 @@ WarpText *makeText(int length)
     return new WarpText(length);
 }
 
-/// The points of a curve that a warp carries over the surface, beside its start.
-void addCurve(std::vector<QPointF> &points, const QPointF &p0, const QPointF &p1, const QPointF &p2,
-              const QPointF &p3)
-{
-    points.push_back(calculateBezierPoint(p0, p1, p2, p3, 0.333f));
-    points.push_back(calculateBezierPoint(p0, p1, p2, p3, 0.666f));
-    points.push_back(p3);
-}
+/// A curve of an outline; one with \a isPoint set is a single point, its end.
+struct Curve {
+    QPointF p0;
+    QPointF p1;
+    QPointF p2;
+    QPointF p3;
+    bool isPoint = false;
+};
 
-/// What a warp of \a path carries over the surface; a line goes as a line and as a curve.
-void addPoints(std::vector<QPointF> &points, const QPainterPath &path)
+/// What a warp of \a path carries over the surface; a line goes as its end and as a curve.
+void addCurves(std::vector<Curve> &curves, const QPainterPath &path)
 {
     for (int i = 0; i < path.elementCount(); ++i) {
         const QPointF point = path.elementAt(i);
         switch (path.elementAt(i).type) {
         case QPainterPath::MoveToElement:
-            points.push_back(point);
+            curves.push_back({point, point, point, point, true});
             break;
         case QPainterPath::LineToElement: {
             const QPointF start = path.elementAt(i - 1);
             const QPointF third = (point - start) / 3;
-            points.push_back(point);
-            points.push_back(start);
-            addCurve(points, start, start + third, start + third * 2, point);
+            curves.push_back({point, point, point, point, true});
+            curves.push_back({start, start, start, start, true});
+            curves.push_back({start, start + third, start + third * 2, point});
             break;
         }
         case QPainterPath::CurveToElement:
-            addCurve(points, path.elementAt(i - 1), point, path.elementAt(i + 1),
-                     path.elementAt(i + 2));
+            curves.push_back(
+                {path.elementAt(i - 1), point, path.elementAt(i + 1), path.elementAt(i + 2)});
             break;
         case QPainterPath::CurveToDataElement:
             break;
@@ -86,13 +86,59 @@ CTextBezier bentSurface(const QSizeF &size)
     return CTextBezier(QPolygonF(net.first()));
 }
 
-// Nothing but the surface, over the points that a warp of the text carries.
+std::vector<Curve> curvesOf(const WarpText &object)
+{
+    std::vector<Curve> curves;
+    for (const QPainterPath &path : object.m_textPaths)
+        addCurves(curves, path);
+    return curves;
+}
+
+// The arithmetic of a warp from array to array: points on each curve sampled, carried over the surface and
+// made a curve again. A curve begins where the one before ended.
+void bareArithmetic(benchmark::State &state, int length)
+{
+    WarpText *object = makeText(length);
+    std::vector<Curve> curves = curvesOf(*object);
+    if (curves.empty())
+        state.SkipWithError("the text has no outlines");
+    std::vector<Curve> images(curves.size());
+    const QSizeF size = object->m_textPathsRect.size();
+    const CTextBezier surface = bentSurface(size);
+    const auto carried = [&](const QPointF &point) {
+        return surface.getBezierLinePoint(point.y() / size.height(), point.x() / size.width());
+    };
+    for ([[maybe_unused]] auto _ : state) {
+        QPointF pen;
+        for (std::size_t i = 0; i < curves.size(); ++i) {
+            const Curve &curve = curves[i];
+            Curve &image = images[i];
+            image.p3 = carried(curve.p3);
+            if (!curve.isPoint) {
+                const auto &[p0, p1, p2, p3, isPoint] = curve;
+                QPointF q1 = carried(calculateBezierPoint(p0, p1, p2, p3, 0.333f));
+                QPointF q2 = carried(calculateBezierPoint(p0, p1, p2, p3, 0.666f));
+                get_control_points(pen, q1, q2, image.p3, image.p1, image.p2);
+            }
+            pen = image.p3;
+        }
+        benchmark::DoNotOptimize(images.data());
+        benchmark::ClobberMemory();
+    }
+    state.SetItemsProcessed(state.iterations() * object->elementCount());
+    object->Release();
+}
+
+// Nothing but the surface, over as many points.
 void bareSurface(benchmark::State &state, int length)
 {
     WarpText *object = makeText(length);
     std::vector<QPointF> points;
-    for (const QPainterPath &path : qAsConst(object->m_textPaths))
-        addPoints(points, path);
+    for (const Curve &curve : curvesOf(*object)) {
+        points.push_back(curve.p3);
+        if (!curve.isPoint)
+            points.insert(points.end(), {curve.p1, curve.p2});
+    }
     if (points.empty())
         state.SkipWithError("the text has no outlines");
     std::vector<QPointF> images(points.size());
@@ -158,6 +204,8 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     for (int length : {100, 1000, 10000}) {
         const std::string name = std::to_string(length);
+        benchmark::RegisterBenchmark(("bareArithmetic/" + name).c_str(), bareArithmetic, length)
+            ->Unit(benchmark::kMicrosecond);
         benchmark::RegisterBenchmark(("bareSurface/" + name).c_str(), bareSurface, length)
             ->Unit(benchmark::kMicrosecond);
         benchmark::RegisterBenchmark(("pipeline/" + name).c_str(), pipeline, length,
