@@ -81,6 +81,24 @@ void save(benchmark::State &state, Files &files, const QString &from, const QStr
     state.SetItemsProcessed(state.iterations() * ObjectCount);
 }
 
+// The copy that the editor makes of a page while it is not saved; the window stands still meanwhile.
+void snapshot(benchmark::State &state, Files &files, const QString &from, bool isChanged)
+{
+    const std::unique_ptr<OpenPage> page = openPage(state, files, from);
+    if (!page)
+        return;
+    for (CVXRootObject *object : page->page()->objects()) {
+        if (isChanged)
+            object->setPos(object->getPos() + QPointF(1, 1), false);
+    }
+    for ([[maybe_unused]] auto _ : state) {
+        PageFile file;
+        if (!page->snapshot(file, files.error))
+            state.SkipWithError(qPrintable(files.error));
+    }
+    state.SetItemsProcessed(state.iterations() * ObjectCount);
+}
+
 // Moves every object, so that all are written as records.
 bool writeRecords(Files &files, const QString &from, const QString &to)
 {
@@ -132,6 +150,13 @@ int main(int argc, char **argv)
     inMilliseconds(RegisterBenchmark("save/vxpage", [&](benchmark::State &s) {
         save(s, files, binary, files.path("out.vxpage"));
     }));
+    // On another thread, whose time the processor's clock of this one does not count.
+    inMilliseconds(RegisterBenchmark("snapshot/unchanged", [&](benchmark::State &s) {
+                       snapshot(s, files, json, /*isChanged=*/false);
+                   })->UseRealTime());
+    inMilliseconds(RegisterBenchmark("snapshot/all changed", [&](benchmark::State &s) {
+                       snapshot(s, files, json, /*isChanged=*/true);
+                   })->UseRealTime());
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
