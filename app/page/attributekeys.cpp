@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/attributekeys.h"
 
+#include "app/page/pagetext.h"
 #include "app/page/paragraphstyle.h"
 
 #include <QColor>
@@ -75,19 +76,19 @@ QString expectation(const AttributeKey &attribute)
 {
     switch (attribute.type) {
     case Type::Flag:
-        return QStringLiteral("must be true or false");
+        return PageText::tr("must be true or false");
     case Type::Number:
-        return QStringLiteral("must be a number from -%1 to %1").arg(largestAttribute);
+        return PageText::tr("must be a number from -%1 to %1").arg(largestAttribute);
     case Type::Size:
-        return QStringLiteral("must be a number above 0 and up to %1").arg(largestAttribute);
+        return PageText::tr("must be a number above 0 and up to %1").arg(largestAttribute);
     case Type::Choice:
-        return QStringLiteral("must be a whole number from 0 to %1").arg(attribute.limit);
+        return PageText::tr("must be a whole number from 0 to %1").arg(attribute.limit);
     case Type::Alignment:
-        return QStringLiteral("must be one of %1").arg(alignmentNames().join(QLatin1String(", ")));
+        return PageText::tr("must be one of %1").arg(alignmentNames().join(QLatin1String(", ")));
     case Type::Color:
-        return QStringLiteral("must be a colour: a name, #rrggbb or #aarrggbb");
+        return PageText::tr("must be a colour: a name, #rrggbb or #aarrggbb");
     case Type::Text:
-        return QStringLiteral("must be a text");
+        return PageText::tr("must be a text");
     }
     return {};
 }

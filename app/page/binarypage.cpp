@@ -4,6 +4,7 @@
 
 #include "app/page/jsonfields.h"
 #include "app/page/pagefile.h"
+#include "app/page/pagetext.h"
 #include "app/page/recordform.h"
 
 #include <QJsonArray>
@@ -103,31 +104,31 @@ public:
                 return false;
         } while (section.tag != Tag::End);
         if (m_at != m_bytes.size())
-            return fail(m_at, QStringLiteral("there are bytes behind the end of the page"));
+            return fail(m_at, PageText::tr("there are bytes behind the end of the page"));
         return finish(file);
     }
 
 private:
     bool fail(int at, const QString &reason)
     {
-        m_error = QStringLiteral("at byte %1: %2").arg(at).arg(reason);
+        m_error = PageText::tr("at byte %1: %2").arg(at).arg(reason);
         return false;
     }
 
     bool readHead()
     {
         if (!isBinaryPage(m_bytes))
-            return fail(0, QStringLiteral("it is no page file"));
+            return fail(0, PageText::tr("it is no page file"));
         if (m_bytes.size() < headSize)
-            return fail(m_bytes.size(), QStringLiteral("the file ends in its first line"));
+            return fail(m_bytes.size(), PageText::tr("the file ends in its first line"));
         m_at = headSize;
         const quint32 version = numberAt(m_bytes, magic.size());
         if (version == 0)
-            return fail(magic.size(), QStringLiteral("the version must be 1 or more"));
+            return fail(magic.size(), PageText::tr("the version must be 1 or more"));
         if (version <= binaryVersion)
             return true;
         return fail(magic.size(),
-                    QStringLiteral("version %1 is newer than this program, which knows %2")
+                    PageText::tr("version %1 is newer than this program, which knows %2")
                         .arg(version)
                         .arg(binaryVersion));
     }
@@ -136,11 +137,11 @@ private:
     {
         const int left = m_bytes.size() - m_at;
         if (left < sectionHeadSize)
-            return fail(m_at, QStringLiteral("the file is cut short: there is no end of the page"));
+            return fail(m_at, PageText::tr("the file is cut short: there is no end of the page"));
         section.tag = m_bytes.mid(m_at, Tag::End.size());
         const quint32 count = numberAt(m_bytes, m_at + Tag::End.size());
         if (count > quint32(left - sectionHeadSize)) {
-            return fail(m_at, QStringLiteral("section '%1' says %2 bytes, of which %3 are there")
+            return fail(m_at, PageText::tr("section '%1' says %2 bytes, of which %3 are there")
                                   .arg(nameOf(section))
                                   .arg(count)
                                   .arg(left - sectionHeadSize));
@@ -158,7 +159,7 @@ private:
         if (section.tag == Tag::Page)
             return takePage(section);
         if (m_root.isEmpty())
-            return fail(section.start, QStringLiteral("section 'PAGE' must be the first"));
+            return fail(section.start, PageText::tr("section 'PAGE' must be the first"));
         if (section.tag == Tag::Image)
             return takeImage(section);
         if (section.tag == Tag::Object)
@@ -170,7 +171,7 @@ private:
             return true;
         }
         return section.content.isEmpty()
-               || fail(section.start, QStringLiteral("section 'END ' must be empty"));
+               || fail(section.start, PageText::tr("section 'END ' must be empty"));
     }
 
     /// JSON that may lie as deep as it may in the JSON form, where two levels stand above it.
@@ -182,11 +183,11 @@ private:
         document = QJsonDocument::fromJson("[[" + json + "]]", &parse);
         if (parse.error != QJsonParseError::NoError) {
             return fail(start + qBound(0, parse.offset - levels, json.size()),
-                        QStringLiteral("no JSON: %1").arg(parse.errorString()));
+                        PageText::tr("no JSON: %1").arg(parse.errorString()));
         }
         const QJsonArray inner = document.array().at(0).toArray();
         if (document.array().size() != 1 || inner.size() != 1 || !inner.at(0).isObject())
-            return fail(start, QStringLiteral("must be one JSON object {...}"));
+            return fail(start, PageText::tr("must be one JSON object {...}"));
         object = inner.at(0).toObject();
         return true;
     }
@@ -194,19 +195,19 @@ private:
     bool takePage(const Section &section)
     {
         if (!m_root.isEmpty())
-            return fail(section.start, QStringLiteral("there is a second section 'PAGE'"));
+            return fail(section.start, PageText::tr("there is a second section 'PAGE'"));
         if (!parse(section.content, section.start, m_root))
             return false;
         m_pageStart = section.start;
         if (m_root.isEmpty())
-            return fail(section.start, QStringLiteral("the page is empty"));
+            return fail(section.start, PageText::tr("the page is empty"));
         const QJsonValue objects = m_root.value(objectsKey);
         const QJsonValue images = m_root.value(imagesKey);
         const bool isSheet = (objects.isUndefined() || objects == QJsonArray())
                              && (images.isUndefined() || images == QJsonObject());
         if (!isSheet) {
             return fail(section.start,
-                        QStringLiteral("objects and images must have sections of their own"));
+                        PageText::tr("objects and images must have sections of their own"));
         }
         return true;
     }
@@ -217,7 +218,7 @@ private:
         const int left = section.content.size() - countSize;
         const quint32 count = left < 0 ? 0 : numberAt(section.content, 0);
         if (left < 0 || count > quint32(left)) {
-            return fail(section.start, QStringLiteral("section '%1' is too short for what it holds")
+            return fail(section.start, PageText::tr("section '%1' is too short for what it holds")
                                            .arg(nameOf(section)));
         }
         first = section.content.mid(countSize, int(count));
@@ -233,9 +234,9 @@ private:
             return false;
         const QString name = QString::fromUtf8(bytes);
         if (name.isEmpty() || name.toUtf8() != bytes)
-            return fail(section.start, QStringLiteral("the name of an image must be UTF-8"));
+            return fail(section.start, PageText::tr("the name of an image must be UTF-8"));
         if (m_images.contains(name)) {
-            return fail(section.start, QStringLiteral("there is a second image '%1'").arg(name));
+            return fail(section.start, PageText::tr("there is a second image '%1'").arg(name));
         }
         m_images.insert(name, image);
         return true;
@@ -255,7 +256,7 @@ private:
             QString reason;
             if (!joinedRecord({stream, object.value(recordKey).toObject()}, record, reason,
                               *kind)) {
-                return fail(streamStart, QStringLiteral("objects[%1].record: %2")
+                return fail(streamStart, PageText::tr("objects[%1].record: %2")
                                              .arg(m_objects.size())
                                              .arg(reason));
             }
@@ -272,7 +273,7 @@ private:
     {
         if (m_root.contains(sectionsKey) && !m_unknown.isEmpty()) {
             return fail(m_pageStart,
-                        QStringLiteral("%1: there are such sections already").arg(sectionsKey));
+                        PageText::tr("%1: there are such sections already").arg(sectionsKey));
         }
         if (!m_unknown.isEmpty())
             m_root.insert(sectionsKey, m_unknown);
@@ -343,7 +344,7 @@ private:
         constexpr qint64 limit = std::numeric_limits<int>::max()
                                  / 2; // of a QByteArray, and reserve
         if (qint64(m_bytes.size()) + content.size() > limit) {
-            m_error = QStringLiteral("the page is too large for a file");
+            m_error = PageText::tr("the page is too large for a file");
             return false;
         }
         m_bytes += tag + bytesOf(quint32(content.size())) + content;

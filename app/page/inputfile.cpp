@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/inputfile.h"
 
+#include "app/page/pagetext.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -65,9 +67,9 @@ bool readOpenFile(QFile &file, const QString &name, qint64 limit, QByteArray &by
     // One byte more than allowed tells a file that is too large, also where it has no size: a pipe.
     const QByteArray content = file.read(limit + 1);
     if (file.error() != QFileDevice::NoError)
-        return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
+        return fail(error, PageText::tr("cannot read '%1': %2").arg(name, file.errorString()));
     if (content.size() > limit)
-        return fail(error, QStringLiteral("'%1' is larger than %2 bytes").arg(name).arg(limit));
+        return fail(error, PageText::tr("'%1' is larger than %2 bytes").arg(name).arg(limit));
     bytes = content;
     return true;
 }
@@ -89,9 +91,9 @@ bool readFile(const QString &name, qint64 limit, QByteArray &bytes, QString &err
 {
     QFile file(name);
     if (QFileInfo(name).isDir())
-        return fail(error, QStringLiteral("cannot read '%1': it is a directory").arg(name));
+        return fail(error, PageText::tr("cannot read '%1': it is a directory").arg(name));
     if (!file.open(QIODevice::ReadOnly))
-        return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
+        return fail(error, PageText::tr("cannot read '%1': %2").arg(name, file.errorString()));
     return readOpenFile(file, name, limit, bytes, error);
 }
 
@@ -99,7 +101,7 @@ bool readStandardInput(const QString &name, qint64 limit, QByteArray &bytes, QSt
 {
     QFile file;
     if (!file.open(stdin, QIODevice::ReadOnly))
-        return fail(error, QStringLiteral("cannot read '%1': %2").arg(name, file.errorString()));
+        return fail(error, PageText::tr("cannot read '%1': %2").arg(name, file.errorString()));
     return readOpenFile(file, name, limit, bytes, error);
 }
 
@@ -107,9 +109,9 @@ bool decodeText(const QString &name, QByteArray bytes, QString &text, QString &e
 {
     const qint64 bad = firstBadByte(bytes);
     if (bad >= 0 && bytes[int(bad)] == '\0')
-        return fail(error, QStringLiteral("'%1' is no text: NUL at byte %2").arg(name).arg(bad));
+        return fail(error, PageText::tr("'%1' is no text: NUL at byte %2").arg(name).arg(bad));
     if (bad >= 0)
-        return fail(error, QStringLiteral("'%1' is not UTF-8: bad byte %2").arg(name).arg(bad));
+        return fail(error, PageText::tr("'%1' is not UTF-8: bad byte %2").arg(name).arg(bad));
     if (bytes.startsWith("\xEF\xBB\xBF"))
         bytes.remove(0, 3);
     text = QString::fromUtf8(bytes);

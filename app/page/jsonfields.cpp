@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/jsonfields.h"
 
+#include "app/page/pagetext.h"
+
 #include <QJsonArray>
 
 #include <cmath>
@@ -18,7 +20,7 @@ QString placeInText(const QByteArray &json, int offset)
 {
     const QByteArray before = json.left(qMax(0, offset));
     const int lineStart = before.lastIndexOf('\n') + 1;
-    return QStringLiteral("line %1, column %2")
+    return PageText::tr("line %1, column %2")
         .arg(before.count('\n') + 1)
         .arg(before.size() - lineStart + 1);
 }
@@ -29,7 +31,7 @@ bool parseJson(const QByteArray &json, QJsonDocument &document, QString &error)
     document = QJsonDocument::fromJson(json, &parse);
     if (parse.error == QJsonParseError::NoError)
         return true;
-    error = QStringLiteral("no JSON, at byte %1 (%2): %3")
+    error = PageText::tr("no JSON, at byte %1 (%2): %3")
                 .arg(parse.offset)
                 .arg(placeInText(json, parse.offset), parse.errorString());
     return false;
@@ -56,7 +58,7 @@ bool JsonFields::fail(const QString &key, const QString &reason)
 
 bool JsonFields::require(const char *key)
 {
-    return has(key) || fail(QLatin1String(key), QStringLiteral("is missing"));
+    return has(key) || fail(QLatin1String(key), PageText::tr("is missing"));
 }
 
 bool JsonFields::number(const char *key, double from, double to, double &value)
@@ -66,7 +68,7 @@ bool JsonFields::number(const char *key, double from, double to, double &value)
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!field.isDouble() || !isBetween(field.toDouble(), from, to)) {
         return fail(QLatin1String(key),
-                    QStringLiteral("must be a number from %1 to %2").arg(from).arg(to));
+                    PageText::tr("must be a number from %1 to %2").arg(from).arg(to));
     }
     value = field.toDouble();
     return true;
@@ -79,7 +81,7 @@ bool JsonFields::positive(const char *key, double to, double &value)
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!(field.toDouble() > 0 && field.toDouble() <= to)) {
         return fail(QLatin1String(key),
-                    QStringLiteral("must be a number above 0 and up to %1").arg(to));
+                    PageText::tr("must be a number above 0 and up to %1").arg(to));
     }
     value = field.toDouble();
     return true;
@@ -93,7 +95,7 @@ bool JsonFields::wholeNumber(const char *key, int from, int to, int &value)
     const double number = field.toDouble();
     if (!field.isDouble() || !isBetween(number, from, to) || number != std::floor(number)) {
         return fail(QLatin1String(key),
-                    QStringLiteral("must be a whole number from %1 to %2").arg(from).arg(to));
+                    PageText::tr("must be a whole number from %1 to %2").arg(from).arg(to));
     }
     value = int(number);
     return true;
@@ -105,7 +107,7 @@ bool JsonFields::flag(const char *key, bool &value)
         return true;
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!field.isBool())
-        return fail(QLatin1String(key), QStringLiteral("must be true or false"));
+        return fail(QLatin1String(key), PageText::tr("must be true or false"));
     value = field.toBool();
     return true;
 }
@@ -116,7 +118,7 @@ bool JsonFields::text(const char *key, QString &value)
         return true;
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!field.isString())
-        return fail(QLatin1String(key), QStringLiteral("must be a text"));
+        return fail(QLatin1String(key), PageText::tr("must be a text"));
     value = field.toString();
     return true;
 }
@@ -131,7 +133,7 @@ bool JsonFields::word(const char *key, const QStringList &words, int &number)
     const int found = words.indexOf(given);
     if (found < 0) {
         return fail(QLatin1String(key),
-                    QStringLiteral("must be one of %1").arg(words.join(QLatin1String(", "))));
+                    PageText::tr("must be one of %1").arg(words.join(QLatin1String(", "))));
     }
     number = found;
     return true;
@@ -143,7 +145,7 @@ bool JsonFields::object(const char *key, QJsonObject &value)
         return true;
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!field.isObject())
-        return fail(QLatin1String(key), QStringLiteral("must be an object {...}"));
+        return fail(QLatin1String(key), PageText::tr("must be an object {...}"));
     value = field.toObject();
     return true;
 }
@@ -154,7 +156,7 @@ bool JsonFields::list(const char *key, QJsonArray &value)
         return true;
     const QJsonValue field = m_object.value(QLatin1String(key));
     if (!field.isArray())
-        return fail(QLatin1String(key), QStringLiteral("must be a list [...]"));
+        return fail(QLatin1String(key), PageText::tr("must be a list [...]"));
     value = field.toArray();
     return true;
 }

@@ -5,6 +5,7 @@
 #include "app/page/page.h"
 #include "app/page/pagebuilder.h"
 #include "app/page/pagestorage.h"
+#include "app/page/pagetext.h"
 #include "app/page/textobject.h"
 #include "app/page/textrecord.h"
 #include "host/framework/cvxrootobject.h"
@@ -282,19 +283,18 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
         description = m_file.objects().at(entry->source);
     QJsonObject typed;
     takeTypedText(object, typed);
-    if (entry && !entry->state.isEmpty() && typed.isEmpty()
-        && recordState(object) == entry->state)
+    if (entry && !entry->state.isEmpty() && typed.isEmpty() && recordState(object) == entry->state)
         return true;
     const QString kind = kindOf(object);
     if (kind.isEmpty()) {
         error =
-            QStringLiteral("page files have no objects of the kind '%1'").arg(object->getObjName());
+            PageText::tr("page files have no objects of the kind '%1'").arg(object->getObjName());
         return false;
     }
     QJsonObject record;
     if (!object->saveJson(record)) {
-        error = QStringLiteral("objects[%1]: it writes no record")
-                    .arg(m_page->objects().indexOf(object));
+        error =
+            PageText::tr("objects[%1]: it writes no record").arg(m_page->objects().indexOf(object));
         return false;
     }
     takeTypedText(object, record);

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/outputfile.h"
 
-#include <QCoreApplication>
+#include "app/page/pagetext.h"
+
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
@@ -10,10 +11,6 @@
 #include <unistd.h>
 
 namespace {
-
-struct OutputFile {
-    Q_DECLARE_TR_FUNCTIONS(OutputFile)
-};
 
 bool fail(QString &reason, const QString &text)
 {
@@ -44,14 +41,14 @@ bool keepFormer(const QString &name, QString &reason)
 {
     const QString former = formerFileName(name);
     if (QFileInfo(former).exists() && !QFile::remove(former))
-        return fail(reason, OutputFile::tr("the file '%1' is in the way").arg(former));
+        return fail(reason, PageText::tr("the file '%1' is in the way").arg(former));
     // A symbolic link stands for its file; a disk without second names gets a copy.
     const bool kept = ::linkat(AT_FDCWD, QFile::encodeName(name).constData(), AT_FDCWD,
                                QFile::encodeName(former).constData(), AT_SYMLINK_FOLLOW)
                           == 0
                       || QFile::copy(name, former);
     return kept
-           || fail(reason, OutputFile::tr("the version so far cannot be kept as '%1'").arg(former));
+           || fail(reason, PageText::tr("the version so far cannot be kept as '%1'").arg(former));
 }
 
 } // namespace
@@ -69,7 +66,7 @@ bool writeFile(const QString &name, const QByteArray &bytes, QString &reason, Fo
         return fail(reason, output.errorString());
     QByteArray written;
     if (!readBack(output, written) || written != bytes)
-        return fail(reason, OutputFile::tr("the disk does not give back what was written"));
+        return fail(reason, PageText::tr("the disk does not give back what was written"));
     if (check && !check(written, reason))
         return false;
     if (former == FormerFile::Kept && QFileInfo(name).isFile() && !holds(name, bytes)

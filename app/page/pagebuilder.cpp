@@ -3,6 +3,7 @@
 
 #include "app/page/document.h"
 #include "app/page/page.h"
+#include "app/page/pagetext.h"
 #include "app/page/paragraphstyle.h"
 #include "app/page/pluginloader.h"
 #include "app/page/textobject.h"
@@ -68,7 +69,7 @@ bool PageBuilder::loadImages(const PageFile &file)
     const QMap<QString, QByteArray> &images = file.images();
     for (auto it = images.constBegin(); it != images.constEnd(); ++it) {
         if (!m_document->restoreImage(it.key(), it.value())) {
-            m_error = QStringLiteral("images.%1: is no PNG that can be shown").arg(it.key());
+            m_error = PageText::tr("images.%1: is no PNG that can be shown").arg(it.key());
             return false;
         }
     }
@@ -80,7 +81,7 @@ bool PageBuilder::loadObject(const PageObject &description)
     const int number = m_made.size();
     m_made.append({description, nullptr});
     if (description.form == PageObject::Form::Unknown) {
-        m_warnings.append(QStringLiteral("%1: unknown kind '%2', left out")
+        m_warnings.append(PageText::tr("%1: unknown kind '%2', left out")
                               .arg(objectPath(number), description.kind));
         return true;
     }
@@ -93,7 +94,7 @@ bool PageBuilder::loadObject(const PageObject &description)
                             ? object->loadJson(record)
                             : loadWritten(object, description);
     if (!loaded) {
-        m_error = QStringLiteral("%1: the text object refuses it").arg(objectPath(number));
+        m_error = PageText::tr("%1: the text object refuses it").arg(objectPath(number));
         return false;
     }
     object->setZorder(m_page->objects().size()

@@ -4,6 +4,7 @@
 #include "app/page/attributekeys.h"
 #include "app/page/document.h"
 #include "app/page/jsonfields.h"
+#include "app/page/pagetext.h"
 #include "app/page/textrecord.h"
 
 #include <QJsonArray>
@@ -143,7 +144,7 @@ private:
             return false;
         if (!m_images.contains(m_object.picture)) {
             return fields.fail(QStringLiteral("image"),
-                               QStringLiteral("there is no image '%1'").arg(m_object.picture));
+                               PageText::tr("there is no image '%1'").arg(m_object.picture));
         }
         m_object.picturePos = QPointF(x, y);
         return true;
@@ -161,13 +162,13 @@ bool readFormat(JsonFields &root)
     if (!root.require("format") || !root.text("format", format))
         return false;
     if (format != formatName)
-        return root.fail(QStringLiteral("format"), QStringLiteral("must be \"vxpage\""));
+        return root.fail(QStringLiteral("format"), PageText::tr("must be \"vxpage\""));
     int version = 0;
     if (!root.require("version") || !root.wholeNumber("version", 1, largestVersion, version))
         return false;
     if (version > PageFile::version) {
         return root.fail(QStringLiteral("version"),
-                         QStringLiteral("%1 is newer than this program, which knows %2")
+                         PageText::tr("%1 is newer than this program, which knows %2")
                              .arg(version)
                              .arg(PageFile::version));
     }
@@ -185,7 +186,7 @@ bool readImages(JsonFields &root, QString *error, QMap<QString, QByteArray> &ima
             QByteArray::fromBase64Encoding(it.value().toString().toLatin1(),
                                            QByteArray::AbortOnBase64DecodingErrors);
         if (!it.value().isString() || !decoded || it.key().isEmpty())
-            return fields.fail(it.key(), QStringLiteral("must be a PNG in base64, under a name"));
+            return fields.fail(it.key(), PageText::tr("must be a PNG in base64, under a name"));
         images.insert(it.key(), *decoded);
     }
     return true;
@@ -254,16 +255,15 @@ bool PageFile::readObjects(const QJsonArray &list, QString &error)
     int characters = 0;
     for (int i = 0; i < list.size(); ++i) {
         if (!list.at(i).isObject())
-            return fields.fail(elementPath("objects", i),
-                               QStringLiteral("must be an object {...}"));
+            return fields.fail(elementPath("objects", i), PageText::tr("must be an object {...}"));
         ObjectReader reader(list.at(i).toObject(), i, m_images, &error);
         if (!reader.read())
             return false;
         const int left = maximumCharacters - characters;
         if (reader.object().text.size() > left)
-            return fields.fail(elementPath("objects", i),
-                               QStringLiteral("the page has more than %1 characters")
-                                   .arg(maximumCharacters));
+            return fields
+                .fail(elementPath("objects", i),
+                      PageText::tr("the page has more than %1 characters").arg(maximumCharacters));
         characters += reader.object().text.size();
         m_objects.append(reader.object());
     }
@@ -286,7 +286,7 @@ bool PageFile::readPage(const QJsonObject &page, QString &error)
     if (m_background.isValid())
         return true;
     return fields.fail(QStringLiteral("background"),
-                       QStringLiteral("must be a colour: a name, #rrggbb or transparent"));
+                       PageText::tr("must be a colour: a name, #rrggbb or transparent"));
 }
 
 QJsonObject PageFile::sheet() const

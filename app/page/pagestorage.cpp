@@ -5,6 +5,7 @@
 #include "app/page/inputfile.h"
 #include "app/page/jsonfields.h"
 #include "app/page/pagefile.h"
+#include "app/page/pagetext.h"
 
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -37,7 +38,7 @@ bool readPage(const QByteArray &bytes, PageFile &file, QString &error)
         return readBinaryPage(bytes, file, error);
     const qint64 bad = firstBadByte(bytes);
     if (bad >= 0)
-        return fail(error, QStringLiteral("neither a binary page nor UTF-8: bad byte %1").arg(bad));
+        return fail(error, PageText::tr("neither a binary page nor UTF-8: bad byte %1").arg(bad));
     QJsonDocument document;
     return parseJson(bytes, document, error) && file.read(document.object(), error);
 }
@@ -60,20 +61,20 @@ bool pageBytes(const PageFile &file, PageForm form, QByteArray &bytes, QString &
     else if (!binaryPage(file, result, error))
         return false;
     if (result.size() > maximumPageBytes) {
-        return fail(error, QStringLiteral("the page takes more than %1 bytes as a file")
+        return fail(error, PageText::tr("the page takes more than %1 bytes as a file")
                                .arg(maximumPageBytes));
     }
     bytes = result;
     return true;
 }
 
-bool writePageFile(const QString &fileName, const PageFile &file, QString &error,
-                   FormerFile former, const Progress &progress)
+bool writePageFile(const QString &fileName, const PageFile &file, QString &error, FormerFile former,
+                   const Progress &progress)
 {
     PageForm form = PageForm::Json;
     if (!pageFormOf(fileName, form)) {
-        return fail(error, QStringLiteral("unknown kind of page file '%1': .json or .vxpage")
-                               .arg(fileName));
+        return fail(error,
+                    PageText::tr("unknown kind of page file '%1': .json or .vxpage").arg(fileName));
     }
     QByteArray bytes;
     QString reason;
@@ -91,5 +92,5 @@ bool writePageFile(const QString &fileName, const PageFile &file, QString &error
         return true;
     if (!wanted)
         return fail(error, QString());
-    return fail(error, QStringLiteral("cannot write '%1': %2").arg(fileName, reason));
+    return fail(error, PageText::tr("cannot write '%1': %2").arg(fileName, reason));
 }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/pluginloader.h"
 
+#include "app/page/pagetext.h"
+
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -61,7 +63,7 @@ bool PluginLoader::resolveFactories(QLibrary &library)
     const auto text = reinterpret_cast<Factory>(library.resolve("createObject_text"));
     const auto artText = reinterpret_cast<Factory>(library.resolve("createObject_arttext"));
     if (!text || !artText) {
-        m_error = QStringLiteral("%1 is no library of text objects").arg(library.fileName());
+        m_error = PageText::tr("%1 is no library of text objects").arg(library.fileName());
         return false;
     }
     m_text = text;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/page/recordform.h"
 
+#include "app/page/pagetext.h"
+
 #include "host/framework/cbaseobject.h"
 
 #include <QColor>
@@ -27,7 +29,7 @@ void configure(QDataStream &stream)
 
 bool fail(QString &error, qint64 at, const QString &reason)
 {
-    error = QStringLiteral("byte %1 of the record: %2").arg(at).arg(reason);
+    error = PageText::tr("byte %1 of the record: %2").arg(at).arg(reason);
     return false;
 }
 
@@ -138,7 +140,7 @@ bool readArtFields(QDataStream &in, QJsonObject &record, QString &error)
         const QJsonValue value = readField(in, field.type);
         if (in.status() != QDataStream::Ok) {
             return fail(error, at,
-                        QStringLiteral("\"%1\" is cut short").arg(QLatin1String(field.key)));
+                        PageText::tr("\"%1\" is cut short").arg(QLatin1String(field.key)));
         }
         record.insert(QLatin1String(field.key), value);
     }
@@ -188,7 +190,7 @@ bool readContent(QDataStream &in, QJsonObject &record, QString &error)
     const qint64 at = in.device()->pos();
     in >> content;
     if (in.status() != QDataStream::Ok)
-        return fail(error, at, QStringLiteral("the text behind it is cut short"));
+        return fail(error, at, PageText::tr("the text behind it is cut short"));
     record.insert(contentKey, content.isEmpty() ? QStringLiteral("") : content);
     return true;
 }
@@ -225,7 +227,7 @@ bool jsonRecord(const QByteArray &stream, QJsonObject &record, QString &error, R
     const quint16 version = versionOf(stream);
     if (version > recordVersion) {
         return fail(error, 4,
-                    QStringLiteral("version %1 is newer than this program, which knows %2")
+                    PageText::tr("version %1 is newer than this program, which knows %2")
                         .arg(version)
                         .arg(recordVersion));
     }
@@ -233,7 +235,7 @@ bool jsonRecord(const QByteArray &stream, QJsonObject &record, QString &error, R
     configure(in);
     CBaseObject carrier(0, /*finished=*/true, nullptr, nullptr);
     if (!carrier.load(in))
-        return fail(error, in.device()->pos(), QStringLiteral("it is no record of an object"));
+        return fail(error, in.device()->pos(), PageText::tr("it is no record of an object"));
     QJsonObject result;
     carrier.saveJson(result);
     const bool isArt = kind == RecordKind::ArtText;

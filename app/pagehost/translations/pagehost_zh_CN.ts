@@ -287,21 +287,6 @@ The page that is open stays as it is.</source>
     </message>
 </context>
 <context>
-    <name>OutputFile</name>
-    <message>
-        <source>the file &apos;%1&apos; is in the way</source>
-        <translation>文件“%1”已存在且无法删除</translation>
-    </message>
-    <message>
-        <source>the version so far cannot be kept as &apos;%1&apos;</source>
-        <translation>无法将先前的版本保留为“%1”</translation>
-    </message>
-    <message>
-        <source>the disk does not give back what was written</source>
-        <translation>磁盘读回的内容与写入的不一致</translation>
-    </message>
-</context>
-<context>
     <name>PageProblem</name>
     <message>
         <source>%1 cannot be read.</source>
@@ -325,6 +310,261 @@ The page that is open stays as it is.</source>
     <message>
         <source>Missing font: %1</source>
         <translation>缺少字体：%1</translation>
+    </message>
+</context>
+<context>
+    <name>PageText</name>
+    <message>
+        <source>must be true or false</source>
+        <translation>必须是 true 或 false</translation>
+    </message>
+    <message>
+        <source>must be a number from -%1 to %1</source>
+        <translation>必须是 -%1 到 %1 之间的数</translation>
+    </message>
+    <message>
+        <source>must be a number above 0 and up to %1</source>
+        <translation>必须是大于 0 且不超过 %1 的数</translation>
+    </message>
+    <message>
+        <source>must be a whole number from 0 to %1</source>
+        <translation>必须是 0 到 %1 之间的整数</translation>
+    </message>
+    <message>
+        <source>must be one of %1</source>
+        <translation>必须是以下之一：%1</translation>
+    </message>
+    <message>
+        <source>must be a colour: a name, #rrggbb or #aarrggbb</source>
+        <translation>必须是颜色：名称、#rrggbb 或 #aarrggbb</translation>
+    </message>
+    <message>
+        <source>must be a text</source>
+        <translation>必须是文本</translation>
+    </message>
+    <message>
+        <source>there are bytes behind the end of the page</source>
+        <translation>页面结尾之后还有字节</translation>
+    </message>
+    <message>
+        <source>at byte %1: %2</source>
+        <translation>第 %1 字节：%2</translation>
+    </message>
+    <message>
+        <source>it is no page file</source>
+        <translation>不是页面文件</translation>
+    </message>
+    <message>
+        <source>the file ends in its first line</source>
+        <translation>文件在首行内就结束了</translation>
+    </message>
+    <message>
+        <source>the version must be 1 or more</source>
+        <translation>版本必须为 1 或更大</translation>
+    </message>
+    <message>
+        <source>version %1 is newer than this program, which knows %2</source>
+        <translation>版本 %1 比本程序新，本程序支持到 %2</translation>
+    </message>
+    <message>
+        <source>the file is cut short: there is no end of the page</source>
+        <translation>文件不完整：没有页面结尾</translation>
+    </message>
+    <message>
+        <source>section &apos;%1&apos; says %2 bytes, of which %3 are there</source>
+        <translation>区段“%1”声明有 %2 字节，实际只有 %3 字节</translation>
+    </message>
+    <message>
+        <source>section &apos;PAGE&apos; must be the first</source>
+        <translation>区段“PAGE”必须是第一个</translation>
+    </message>
+    <message>
+        <source>section &apos;END &apos; must be empty</source>
+        <translation>区段“END ”必须为空</translation>
+    </message>
+    <message>
+        <source>no JSON: %1</source>
+        <translation>不是 JSON：%1</translation>
+    </message>
+    <message>
+        <source>must be one JSON object {...}</source>
+        <translation>必须是一个 JSON 对象 {...}</translation>
+    </message>
+    <message>
+        <source>there is a second section &apos;PAGE&apos;</source>
+        <translation>出现了第二个区段“PAGE”</translation>
+    </message>
+    <message>
+        <source>the page is empty</source>
+        <translation>页面为空</translation>
+    </message>
+    <message>
+        <source>objects and images must have sections of their own</source>
+        <translation>对象和图片必须有各自的区段</translation>
+    </message>
+    <message>
+        <source>section &apos;%1&apos; is too short for what it holds</source>
+        <translation>区段“%1”太短，容不下其内容</translation>
+    </message>
+    <message>
+        <source>the name of an image must be UTF-8</source>
+        <translation>图片名称必须是 UTF-8</translation>
+    </message>
+    <message>
+        <source>there is a second image &apos;%1&apos;</source>
+        <translation>出现了第二个图片“%1”</translation>
+    </message>
+    <message>
+        <source>objects[%1].record: %2</source>
+        <translation>objects[%1].record：%2</translation>
+    </message>
+    <message>
+        <source>%1: there are such sections already</source>
+        <translation>%1：已有这样的区段</translation>
+    </message>
+    <message>
+        <source>the page is too large for a file</source>
+        <translation>页面太大，无法写入文件</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: %2</source>
+        <translation>无法读取“%1”：%2</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is larger than %2 bytes</source>
+        <translation>“%1”超过 %2 字节</translation>
+    </message>
+    <message>
+        <source>cannot read &apos;%1&apos;: it is a directory</source>
+        <translation>无法读取“%1”：它是文件夹</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no text: NUL at byte %2</source>
+        <translation>“%1”不是文本：第 %2 字节为 NUL</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not UTF-8: bad byte %2</source>
+        <translation>“%1”不是 UTF-8：第 %2 字节有误</translation>
+    </message>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>第 %1 行第 %2 列</translation>
+    </message>
+    <message>
+        <source>no JSON, at byte %1 (%2): %3</source>
+        <translation>不是 JSON，第 %1 字节（%2）：%3</translation>
+    </message>
+    <message>
+        <source>is missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message>
+        <source>must be a number from %1 to %2</source>
+        <translation>必须是 %1 到 %2 之间的数</translation>
+    </message>
+    <message>
+        <source>must be a whole number from %1 to %2</source>
+        <translation>必须是 %1 到 %2 之间的整数</translation>
+    </message>
+    <message>
+        <source>must be an object {...}</source>
+        <translation>必须是对象 {...}</translation>
+    </message>
+    <message>
+        <source>must be a list [...]</source>
+        <translation>必须是列表 [...]</translation>
+    </message>
+    <message>
+        <source>page files have no objects of the kind &apos;%1&apos;</source>
+        <translation>页面文件没有“%1”类对象</translation>
+    </message>
+    <message>
+        <source>objects[%1]: it writes no record</source>
+        <translation>objects[%1]：未能写出记录</translation>
+    </message>
+    <message>
+        <source>the file &apos;%1&apos; is in the way</source>
+        <translation>文件“%1”已存在且无法删除</translation>
+    </message>
+    <message>
+        <source>the version so far cannot be kept as &apos;%1&apos;</source>
+        <translation>无法将先前的版本保留为“%1”</translation>
+    </message>
+    <message>
+        <source>the disk does not give back what was written</source>
+        <translation>磁盘读回的内容与写入的不一致</translation>
+    </message>
+    <message>
+        <source>images.%1: is no PNG that can be shown</source>
+        <translation>images.%1：不是可显示的 PNG</translation>
+    </message>
+    <message>
+        <source>%1: unknown kind &apos;%2&apos;, left out</source>
+        <translation>%1：未知类别“%2”，未显示</translation>
+    </message>
+    <message>
+        <source>%1: the text object refuses it</source>
+        <translation>%1：文字对象拒绝读取</translation>
+    </message>
+    <message>
+        <source>there is no image &apos;%1&apos;</source>
+        <translation>没有图片“%1”</translation>
+    </message>
+    <message>
+        <source>must be &quot;vxpage&quot;</source>
+        <translation>必须是 &quot;vxpage&quot;</translation>
+    </message>
+    <message>
+        <source>%1 is newer than this program, which knows %2</source>
+        <translation>%1 比本程序新，本程序支持到 %2</translation>
+    </message>
+    <message>
+        <source>must be a PNG in base64, under a name</source>
+        <translation>必须是带名称的 base64 编码 PNG</translation>
+    </message>
+    <message>
+        <source>the page has more than %1 characters</source>
+        <translation>页面超过 %1 个字符</translation>
+    </message>
+    <message>
+        <source>must be a colour: a name, #rrggbb or transparent</source>
+        <translation>必须是颜色：名称、#rrggbb 或 transparent</translation>
+    </message>
+    <message>
+        <source>neither a binary page nor UTF-8: bad byte %1</source>
+        <translation>既不是二进制页面也不是 UTF-8：第 %1 字节有误</translation>
+    </message>
+    <message>
+        <source>the page takes more than %1 bytes as a file</source>
+        <translation>页面写成文件后超过 %1 字节</translation>
+    </message>
+    <message>
+        <source>unknown kind of page file &apos;%1&apos;: .json or .vxpage</source>
+        <translation>未知的页面文件类型“%1”：应为 .json 或 .vxpage</translation>
+    </message>
+    <message>
+        <source>cannot write &apos;%1&apos;: %2</source>
+        <translation>无法写入“%1”：%2</translation>
+    </message>
+    <message>
+        <source>%1 is no library of text objects</source>
+        <translation>%1 不是文字对象库</translation>
+    </message>
+    <message>
+        <source>byte %1 of the record: %2</source>
+        <translation>记录的第 %1 字节：%2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is cut short</source>
+        <translation>“%1”不完整</translation>
+    </message>
+    <message>
+        <source>the text behind it is cut short</source>
+        <translation>其后的文本不完整</translation>
+    </message>
+    <message>
+        <source>it is no record of an object</source>
+        <translation>不是对象的记录</translation>
     </message>
 </context>
 <context>
