@@ -34,3 +34,16 @@ if(EXISTS ${prefix}/bin/pagerender)
         message(FATAL_ERROR "the installed pagerender made no picture")
     endif()
 endif()
+
+# A desktop finds the editor, the type of its files and their icons.
+if(EXISTS ${prefix}/bin/pagehost)
+    run(${prefix}/bin/pagehost --version)
+    set(id org.vxarttext.pagehost)
+    foreach(file applications/${id}.desktop metainfo/${id}.metainfo.xml mime/packages/${id}.xml
+            icons/hicolor/scalable/apps/${id}.svg
+            icons/hicolor/scalable/mimetypes/application-x-vxpage.svg man/man1/pagehost.1)
+        if(NOT EXISTS ${prefix}/share/${file})
+            message(FATAL_ERROR "share/${file} is not installed")
+        endif()
+    endforeach()
+endif()

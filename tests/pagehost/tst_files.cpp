@@ -14,23 +14,24 @@
 #include "app/pagehost/recoverydialog.h"
 #include "app/pagehost/settings.h"
 #include "app/pagehost/textcommands.h"
+#include "app/pagehost/translations.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QAction>
 #include <QDir>
-#include <QGraphicsTextItem>
 #include <QInputMethodEvent>
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLocale>
 #include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTextBlock>
-#include <QTextLayout>
+#include <QTranslator>
 #include <QtTest>
 
 #include <memory>
@@ -93,6 +94,11 @@ private Q_SLOTS:
     void longWorkCanBeGivenUp();
     void openingThatIsGivenUpLeavesPage();
     void savingThatIsGivenUpLeavesFile();
+
+    // Languages
+    void hostStringsOfObjectsAreKnown_data();
+    void hostStringsOfObjectsAreKnown();
+    void programSpeaksChinese();
 
 private:
     PageSession *session() const { return m_window->session(); }
@@ -885,6 +891,62 @@ void TestFiles::savingThatIsGivenUpLeavesFile()
     ImpatientWork patient(3);
     QVERIFY2(session()->save(fileName, error, patient), qPrintable(error));
     QVERIFY(contentOf(fileName) != before);
+}
+
+// Languages
+
+void TestFiles::hostStringsOfObjectsAreKnown_data()
+{
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"IDS_ITEM_ADD_ITEM",
+                            "IDS_ITEM_DELETE_ITEM",
+                            "IDS_ITEM_MOVE",
+                            "IDS_ITEM_RESIZE",
+                            "IDS_ITEM_ROTATE",
+                            "IDS_ITEM_LOCK",
+                            "IDS_ITEM_UNLOCK",
+                            "IDS_IMAGE_ADJUST_ATTRIBUTE",
+                            "IDS_TEXT_PROCESS",
+                            "IDS_TEXT_DEFAULT_INPUTWORD",
+                            "IDS_ARTWORD_BGCOLOR",
+                            "IDS_ARTWORD_FILL_COLOR",
+                            "IDS_ARTWORD_BGTranspare",
+                            "IDS_ARTWORD_TEXT_CONTENT",
+                            "IDS_ARTWORD_GRID_TYPE",
+                            "IDS_ARTWORD_DoPlay",
+                            "IDS_ARTWORD_PlayTimer",
+                            "IDS_ARTTEXT_GRIDTYPE_NOTHING",
+                            "IDS_ARTTEXT_GRIDTYPE_Tian",
+                            "IDS_ARTTEXT_GRIDTYPE_Mi"})
+        QTest::newRow(key) << QString::fromLatin1(key);
+}
+
+void TestFiles::hostStringsOfObjectsAreKnown()
+{
+    QFETCH(QString, key);
+    QVERIFY(!m_framework->getLocalString(key, QString()).isEmpty());
+}
+
+void TestFiles::programSpeaksChinese()
+{
+    installTranslations(QCoreApplication::instance(), QLocale(QStringLiteral("zh_CN")));
+    const auto inEnglishAgain = qScopeGuard([] {
+        for (QTranslator *translator : qApp->findChildren<QTranslator *>())
+            delete translator; // which the application forgets then
+    });
+    m_window.reset();
+    m_window = std::make_unique<MainWindow>(&m_loader, m_framework.get());
+    QCOMPARE(m_window->findChild<QAction *>(QStringLiteral("save"))->text(),
+             QStringLiteral("保存(&S)"));
+    QCOMPARE(m_framework->getLocalString(QStringLiteral("IDS_ITEM_MOVE"), QString()),
+             QStringLiteral("移动"));
+    QCOMPARE(m_window->files()->shownName(), QStringLiteral("未命名"));
+    QString error;
+    const QString fileName = inFolder("broken.json");
+    QVERIFY(write(fileName, "{\"format\": \"vxpage\",\n \"version\": "));
+    QVERIFY(!PageSession::open(&m_loader, fileName, error));
+    QVERIFY2(error.contains(QStringLiteral("第 2 行")), qPrintable(error));
+    QVERIFY(problemText(problemOf(fileName), fileName).endsWith(QStringLiteral("已损坏。")));
 }
 
 QTEST_MAIN(TestFiles)
