@@ -32,7 +32,7 @@ void CVxArtText::OnQPainterDraw(QPainter *painter)
         return;
     }
     if (m_textEdit && m_textEdit->isVisible()) { // it lies over the object and shows the text
-        drawEdge(painter, m_clientRect, Qt::DashDotLine);
+        drawEdge(painter, m_clientRect, Qt::DashDotDotLine);
         return;
     }
     painter->setRenderHint(QPainter::Antialiasing);
