@@ -41,8 +41,7 @@ void CVxArtText::setFontItalic(bool italic)
 void CVxArtText::setFontUnderline(bool underline)
 {
     QTextCharFormat format;
-    format.setUnderlineStyle(underline ? QTextCharFormat::SingleUnderline
-                                       : QTextCharFormat::NoUnderline);
+    format.setFontUnderline(underline); // writes the style alone
     mergeFormatOnWordOrSelection(format);
 }
 

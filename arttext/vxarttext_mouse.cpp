@@ -7,6 +7,7 @@
 #include <QGraphicsSceneContextMenuEvent>
 #include <QGraphicsSceneMouseEvent>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QtDebug>
 
 namespace {
@@ -112,7 +113,10 @@ QVariant CVxArtText::itemChange(GraphicsItemChange change, const QVariant &value
         setShowHandles(this, isSelected(), /*repaint=*/true);
         if (!isSelected()) {
             m_handleFlag = CObjAction::ACT_None;
+            const QPointer<CVxArtText> alive(this); // listeners to the stack may release the object
             EndEdit();
+            if (!alive)
+                return value;
         }
     }
     return CBaseObject::itemChange(change, value);

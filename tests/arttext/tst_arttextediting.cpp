@@ -67,6 +67,7 @@ private Q_SLOTS:
     void editNeedsItsConditions_data();
     void editNeedsItsConditions();
     void refusedDoubleClickLeavesTheTextAlone();
+    void lockedObjectIgnoresTheDoubleClick();
     void beginTakesNoteOfThePlace();
     void beginPutsTheTextIntoTheItem();
     void beginOfAnEmptyTextEmptiesTheItem();
@@ -88,6 +89,7 @@ private Q_SLOTS:
     void stepOfAnotherKindDoesNothing();
     void stepOutlivesItsObject();
     void objectReleasedByAListenerToTheStackIsLetGo();
+    void objectReleasedWhileItIsDeselectedIsLetGo();
 
     // within
     void keyGrowsTheObjectWithItsText();
@@ -174,6 +176,23 @@ void TestArtTextEditing::refusedDoubleClickLeavesTheTextAlone()
     art.setSelected(false);
     QCOMPARE(host.stack().count(), 0);
     QCOMPARE(art.m_textWord, QStringLiteral("a"));
+}
+
+void TestArtTextEditing::lockedObjectIgnoresTheDoubleClick()
+{
+    RecordingHost host;
+    OpenArtObject &art = *selectedArt(host, QStringLiteral("a"));
+    QGraphicsSceneMouseEvent event(QEvent::GraphicsSceneMouseDoubleClick);
+    event.setButton(Qt::LeftButton);
+    art.setLocked(true, false, false);
+    event.accept();
+    art.mouseDoubleClickEvent(&event);
+    QVERIFY(!event.isAccepted());
+    art.setLocked(false, false, false);
+    event.accept();
+    art.mouseDoubleClickEvent(&event);
+    QVERIFY(event.isAccepted());
+    QVERIFY(art.m_editing);
 }
 
 void TestArtTextEditing::beginTakesNoteOfThePlace()
@@ -432,6 +451,19 @@ void TestArtTextEditing::objectReleasedByAListenerToTheStackIsLetGo()
     host.stack().disconnect();
 }
 
+void TestArtTextEditing::objectReleasedWhileItIsDeselectedIsLetGo()
+{
+    RecordingHost host;
+    QPointer<OpenArtObject> art(selectedArt(host));
+    clickTwice(*art);
+    type(*art, QStringLiteral("b"));
+    host.selectedObjects.clear();
+    connect(&host.stack(), &QUndoStack::indexChanged, &host.stack(), [&art] { delete art; });
+    art->setSelected(false);
+    QVERIFY(!art);
+    host.stack().disconnect();
+}
+
 // Within
 
 void TestArtTextEditing::keyGrowsTheObjectWithItsText()
@@ -532,6 +564,7 @@ void TestArtTextEditing::settersWriteTheirFormat()
     art.setFontColor(Qt::blue);
     QTextCharFormat format = firstFormat(art);
     QCOMPARE(format.property(QTextFormat::TextUnderlineStyle).toInt(), 1);
+    QVERIFY(!format.hasProperty(QTextFormat::FontUnderline)); // the style says it all
     QCOMPARE(format.property(QTextFormat::FontStrikeOut), QVariant(true));
     QCOMPARE(format.property(QTextFormat::FontFamily), QVariant(QStringLiteral("Family")));
     QCOMPARE(format.property(QTextFormat::FontPointSize), QVariant(17.5));
