@@ -186,8 +186,9 @@ void CVxArtText::OutlineMaker::addPath(const QString &text)
 void CVxArtText::OutlineMaker::goToNextLine()
 {
     // Deliberate: the two spacings change roles in vertical text.
-    m_across = m_vertical ? truncated(m_across - (m_metrics.height() + m_art.m_letterSpacing))
-                          : truncated(m_across + m_metrics.height() + m_art.m_rowSpacing);
+    const double height = m_metrics.height();
+    m_across = m_vertical ? truncated(m_across - (height + m_art.m_letterSpacing))
+                          : truncated(m_across + height + m_art.m_rowSpacing);
 }
 
 QFont CVxArtText::outlineFont(bool vertical) const

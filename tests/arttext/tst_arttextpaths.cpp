@@ -67,6 +67,7 @@ private Q_SLOTS:
     void defaultWordStandsForEmptyText();
     void fontFollowsItsFields();
     void sizeBeyondEveryFontStaysFinite();
+    void linesBeyondTheLastNumberStayThere();
     void outlinesArePouredIntoTheStyle_data();
     void outlinesArePouredIntoTheStyle();
     void directionIsKept();
@@ -293,6 +294,18 @@ void TestArtTextPaths::sizeBeyondEveryFontStaysFinite()
                 QVERIFY(std::isfinite(path.elementAt(i).x) && std::isfinite(path.elementAt(i).y));
         }
     }
+}
+
+void TestArtTextPaths::linesBeyondTheLastNumberStayThere()
+{
+    OpenArtObject art;
+    art.stayFlat();
+    art.m_rowSpacing = std::numeric_limits<int>::max();
+    art.setPlainText(QStringLiteral("a\na\na"));
+    QCOMPARE(art.m_charPaths.size(), 3);
+    const QRectF second = art.m_charPaths.at(1).boundingRect();
+    QVERIFY(second != art.m_charPaths.at(0).boundingRect());
+    QCOMPARE(art.m_charPaths.at(2).boundingRect(), second);
 }
 
 void TestArtTextPaths::outlinesArePouredIntoTheStyle_data()
