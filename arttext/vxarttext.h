@@ -167,7 +167,7 @@ private:
     QGraphicsView *view() const;
 
     // paths
-    class OutlineMaker;
+    class Q_DECL_HIDDEN OutlineMaker;
     QFont outlineFont(bool vertical) const;
     void bendPaths();
     void fitPaths();
@@ -188,8 +188,8 @@ private:
     void finishLoad();
 
     // properties and attributes
-    struct AttributeCommand;
-    struct Numbered;
+    struct Q_DECL_HIDDEN AttributeCommand;
+    struct Q_DECL_HIDDEN Numbered;
     const Numbered *numbered(int id) const;
     void setAttributesFromStream(QDataStream &stream);
     void takePointSize(double size);
