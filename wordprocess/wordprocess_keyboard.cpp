@@ -66,7 +66,7 @@ QVector<CaretLine> caretLinesOf(const QList<STextLine> &legacyLines)
         int first = -1;
         int length = 0;
         for (const STextItem &item : line.items) {
-            if (item.position < 0)
+            if (item.isHyphen)
                 continue;
             if (first < 0)
                 first = item.firstPosition();

@@ -370,7 +370,7 @@ QFont CWordProcess::legacyDefaultFont() const
 CWordProcess::LegacyDefaultWord CWordProcess::legacyDefaultWord() const
 {
     const QFont font = legacyDefaultFont();
-    const int alignment = m_cursor->blockFormat().intProperty(TextProperty::Alignment);
+    const int alignment = toWhole(m_cursor->blockFormat().property(TextProperty::Alignment));
     const double width = m_clientRect.width();
     const double height = m_clientRect.height();
     LegacyDefaultWord word;

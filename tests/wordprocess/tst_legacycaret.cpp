@@ -54,6 +54,7 @@ private Q_SLOTS:
     void keysMoveOnTheLines();
     void keysMoveInColumns_data();
     void keysMoveInColumns();
+    void keysKnowNoHyphen();
     void keysAndPointerKnowWhereMovedTextStands();
     void shiftSelectsFromLineToLine();
     void typingLaysOutAnew();
@@ -64,6 +65,7 @@ private Q_SLOTS:
 
     // the object
     void colourIsThatOfTheFirstRun();
+    void emptyTextHasNoColour();
     void editThatChangesNothingKeepsTheBox_data();
     void editThatChangesNothingKeepsTheBox();
     void outlineIsThatOfAllRuns();
@@ -566,6 +568,23 @@ void TestLegacyCaret::keysMoveInColumns()
     QCOMPARE(word.m_cursor->position(), to);
 }
 
+void TestLegacyCaret::keysKnowNoHyphen()
+{
+    OldWord word;
+    word.makeBox(40, 100);
+    // five letters of 38 px fit, of which the last goes on behind a hyphen
+    word.addBlock(QStringLiteral("bbbbbbb"), OldWord::blockWith(TextProperty::Hyphenate, true),
+                  pitched());
+    edit(word);
+    QCOMPARE(word.runs(), (QStringList{QStringLiteral("bbbb|-"), QStringLiteral("bbb")}));
+    word.m_cursor->setPosition(1);
+    QCOMPARE(word.cursorMove(Qt::Key_End), 4);
+    QCOMPARE(word.cursorMove(Qt::Key_Down), 5);
+    word.m_cursor->setPosition(7);
+    QCOMPARE(word.cursorMove(Qt::Key_Up), 3);
+    QCOMPARE(word.cursorMove(Qt::Key_Home), 4);
+}
+
 /// The repair of a line's head takes whole characters over, in columns each with a run of its own.
 void TestLegacyCaret::keysAndPointerKnowWhereMovedTextStands()
 {
@@ -689,6 +708,16 @@ void TestLegacyCaret::colourIsThatOfTheFirstRun()
     in >> found >> colour[0] >> colour[1] >> colour[2] >> colour[3];
     QVERIFY(found);
     QCOMPARE(QColor(colour[0], colour[1], colour[2], colour[3]), QColor(200, 10, 20, 30));
+}
+
+void TestLegacyCaret::emptyTextHasNoColour()
+{
+    OldWord word;
+    word.layOut();
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    QVERIFY(word.GetSpecialProperty(117, out));
+    QCOMPARE(bytes, QByteArray(1, '\0')); // false and nothing behind it
 }
 
 void TestLegacyCaret::editThatChangesNothingKeepsTheBox_data()

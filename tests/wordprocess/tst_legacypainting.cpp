@@ -86,6 +86,7 @@ private Q_SLOTS:
     void withoutAWordOnlyTheFillIsShown();
     void defaultWordIsAligned_data();
     void defaultWordIsAligned();
+    void defaultWordIsAlignedByARealNumber();
     void defaultWordOfColumns_data();
     void defaultWordOfColumns();
     void defaultWordFollowsTheHostsFont();
@@ -1060,6 +1061,18 @@ void TestLegacyPainting::defaultWordIsAligned()
     QCOMPARE(pixelAt(picture, left + 6, 4), fill);
     QCOMPARE(pixelAt(picture, left + 1, 8), fill);
     QCOMPARE(word.m_legacyTextSize, caretEnd);
+}
+
+/// The kind of the number does not matter, as for lines.
+void TestLegacyPainting::defaultWordIsAlignedByARealNumber()
+{
+    OldWord word;
+    makeEmptyBox(word, QStringLiteral("bb"));
+    word.m_cursor->setBlockFormat(OldWord::blockWith(TextProperty::Alignment, 4.0));
+    const QImage picture = pictureOf(word);
+    QCOMPARE(pixelAt(picture, 33, 0), grey);
+    QCOMPARE(pixelAt(picture, 0, 0), fill);
+    QCOMPARE(word.m_legacyTextSize, QPointF(40, 8));
 }
 
 void TestLegacyPainting::defaultWordOfColumns_data()
