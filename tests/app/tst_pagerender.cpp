@@ -1,27 +1,12 @@
 // SPDX-License-Identifier: MIT
 // Runs the built program, with the font of squares as the only font that is installed.
+#include "tests/app/pdfstreams.h"
 #include "tests/app/renderfolder.h"
 
 #include <QPainter>
 #include <QSvgRenderer>
 
 namespace {
-
-/// All compressed streams of a PDF, uncompressed.
-QByteArray pdfStreams(const QByteArray &pdf)
-{
-    QByteArray all;
-    for (int at = pdf.indexOf("stream\n"); at >= 0; at = pdf.indexOf("stream\n", at)) {
-        at += int(qstrlen("stream\n"));
-        const int end = pdf.indexOf("endstream", at);
-        QByteArray packed(4, '\0'); // the length that qUncompress wants, as a hint only
-        packed[2] = '\x10';
-        if (pdf.mid(at, 2) != "<?") // the metadata stand there as they are
-            all += qUncompress(packed + pdf.mid(at, end - at));
-        at = end + int(qstrlen("endstream"));
-    }
-    return all;
-}
 
 /// "ab" in squares of 16 px.
 const QByteArray goodRun("{\"font_family\":\"BoxTest\",\"font_pointsize\":12,"

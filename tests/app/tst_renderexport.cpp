@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // What the picture files hold: the same picture as the screen, whoever draws them, the text in plain
 // form beside it, and the same bytes every time.
+#include "tests/app/pdfstreams.h"
 #include "tests/app/renderfolder.h"
 
 #include "app/page/document.h"
@@ -126,6 +127,7 @@ private Q_SLOTS:
     void wrongDateIsRefused_data();
     void wrongDateIsRefused();
     void crossReferencesOfThePdfHold();
+    void blankOfAnArtTextLeavesNoDot();
 
 private:
     QImage rendered(const QStringList &options) const
@@ -365,6 +367,17 @@ void TestRenderExport::crossReferencesOfThePdfHold()
         }
         QVERIFY(objects > 5);
     }
+}
+
+// Under a pen with caps a move that nothing follows would be a dot of its own.
+void TestRenderExport::blankOfAnArtTextLeavesNoDot()
+{
+    m_folder->write("a.txt", "a b");
+    const Run run = m_folder->run("--art arcs-up --text a.txt --font BoxTest --pen red -o o.pdf");
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    const QByteArray drawing = pdfStreams(m_folder->read("o.pdf"));
+    QVERIFY(drawing.contains(" m\n"));
+    QVERIFY(!drawing.contains(" m\nh\n"));
 }
 
 QTEST_MAIN(TestRenderExport)
