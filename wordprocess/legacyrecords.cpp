@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "wordprocess/legacyrecords.h"
 
+#include "layout/outlines.h"
 #include "layout/runstyle.h"
 #include "layout/textproperties.h"
 #include "layout/units.h"
@@ -16,42 +17,26 @@ double pixelsOf(const QTextFormat &format, int id, int dpi)
     return finiteOrZero(pointsToPixels(finiteReal(format.property(id)), dpi));
 }
 
-QRectF inkOf(const QFont &font, const QString &text)
-{
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    return path.boundingRect();
-}
-
 /// The font in which an item is measured across its line: at its pixel size, scales left out.
 QFont measuringFont(const STextItem &item, int dpi)
 {
     return withLetterSpacing(readRunStyle(item.format, dpi).font, item.format.fontLetterSpacing());
 }
 
-/// What stands for the height of an item without text.
-QString measuredText(const STextItem &item)
+/// Ink of an item's text in \a font. An A stands for the height of an item without text.
+QRectF measuredInk(const STextItem &item, const QFont &font)
 {
-    return item.text.isEmpty() ? QStringLiteral("A") : item.text;
+    const QString text = item.text.isEmpty() ? QStringLiteral("A") : item.text;
+    return textOutline(QPointF(0, 0), font, text).boundingRect();
 }
 
-/// True when the outline that an item has is that of its text in its measuring font.
-bool hasPlainOutline(const STextItem &item)
+/// How far an item reaches across its line, scales left out. A blank one is as high as its font.
+double heightOf(const STextItem &item, int dpi)
 {
-    return !item.path.isEmpty() && !isHalfSize(item.format)
-           && scaleFactor(item.format, TextProperty::HorizontalScale) == 1.0
-           && scaleFactor(item.format, TextProperty::VerticalScale) == 1.0;
-}
-
-/// How far an item reaches across its line. A blank one is as high as its font.
-double heightOf(const STextItem &item, bool isRow, int dpi)
-{
-    if (hasPlainOutline(item)) { // a run in a column lies on its side
-        const QRectF ink = item.path.boundingRect();
-        return isRow && !item.upright ? ink.height() : ink.width();
-    }
+    if (item.inkAcross > 0)
+        return item.inkAcross;
     const QFont font = measuringFont(item, dpi);
-    const QRectF ink = inkOf(font, measuredText(item));
+    const QRectF ink = measuredInk(item, font);
     const double height = item.upright ? ink.width() : ink.height();
     return height == 0 ? QFontMetrics(font).height() : height;
 }
@@ -69,6 +54,7 @@ double rowSpacingOf(const STextItem &item, double height, int dpi)
 void STextItem::setText(const QTextCharFormat &newFormat, const QString &newText, int dpi)
 {
     madeFrom = newFormat;
+    inkAcross = 0;
     format = newFormat;
     strikeOut = newFormat.fontStrikeOut();
     overline = newFormat.fontOverline();
@@ -169,7 +155,7 @@ void STextLine::updateItems(int dpi)
     const bool isRow = orientation == Qt::Horizontal;
     for (const STextItem &item : qAsConst(items)) {
         width += item.itemWidth(Qt::Orientation(orientation), 0);
-        const double itemHeight = heightOf(item, isRow, dpi);
+        const double itemHeight = heightOf(item, dpi);
         if (itemHeight > height) {
             height = itemHeight;
             baseline = isRow ? item.ascent : 0.5 * itemHeight;
@@ -177,6 +163,6 @@ void STextLine::updateItems(int dpi)
         rowSpacing = qMax(rowSpacing, rowSpacingOf(item, itemHeight, dpi));
     }
     if (!items.isEmpty() && height == 0)
-        height = inkOf(measuringFont(items.first(), dpi), measuredText(items.first())).height();
+        height = measuredInk(items.first(), measuringFont(items.first(), dpi)).height();
     advance = rowSpacing + firstLineSpace + lastLineSpace;
 }

@@ -48,6 +48,7 @@ struct STextItem {
     QTextCharFormat madeFrom;         ///< the format that setText() was given
     int positionShift = 0;            ///< by which a repair of a line's end has set position off
     double placedAdvance = 0;         ///< itemWidth() in its place, clipped or not
+    double inkAcross = 0;             ///< across the line, without scales; 0 while not measured
 
     /// The document position of the first character, whatever position has come to.
     int firstPosition() const { return position - positionShift; }

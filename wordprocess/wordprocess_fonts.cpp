@@ -9,6 +9,7 @@
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
 #include "layout/units.h"
+#include "wordprocess/codepoints.h"
 #include "wordprocess/fragmentwalk.h"
 #include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
@@ -78,9 +79,7 @@ double pointsOf(const QTextCharFormat &format, double dpi, int documentDpi)
 
 QRectF inkOf(const QFont &font, const QString &text)
 {
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    return path.boundingRect();
+    return textOutline(QPointF(0, 0), font, text).boundingRect();
 }
 
 /// Sums up a column: characters that stand upright, and runs that lie on their side.
@@ -461,7 +460,5 @@ int CWordProcess::wrapIndex(const QString &text, const QTextCharFormat &format, 
             break;
         }
     }
-    const bool cutsPair = high > 0 && text.at(high).isLowSurrogate()
-                          && text.at(high - 1).isHighSurrogate();
-    return cutsPair ? high - 1 : high;
+    return splitsPair(text, high) ? high - 1 : high;
 }

@@ -5,6 +5,7 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/outlines.h"
+#include "layout/runstyle.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
 #include "wordprocess/numbers.h"
@@ -27,6 +28,13 @@ constexpr int JustifyColumn = 256;
 bool areSame(double a, double b)
 {
     return std::abs(a - b) * 1000000000000.0 <= qMin(std::abs(a), std::abs(b));
+}
+
+/// True for a run whose outline is of its font's own size.
+bool isUnscaled(const QTextCharFormat &format)
+{
+    return !isHalfSize(format) && scaleFactor(format, TextProperty::HorizontalScale) == 1.0
+           && scaleFactor(format, TextProperty::VerticalScale) == 1.0;
 }
 
 /// A stretch of a fragment that lies in a column as one item.
@@ -164,6 +172,12 @@ void CWordProcess::replaceItemText(STextItem &item, const QString &text) const
     double advance = 0;
     item.path = fragmentPath(QPointF(0, 0), item.format, text, advance, item.ascent, 0.0,
                              item.upright);
+    item.inkAcross = 0;
+    if (!isUnscaled(item.format))
+        return;
+    const QRectF ink = item.path.boundingRect(); // a run in a column lies on its side
+    const bool standsInRow = m_textOrientation == Qt::Horizontal && !item.upright;
+    item.inkAcross = standsInRow ? ink.height() : ink.width();
 }
 
 /// The items that \a text makes on a line. Whole code points: a pair lies among others in its run.

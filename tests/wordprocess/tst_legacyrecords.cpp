@@ -2,8 +2,6 @@
 // The records of the older engine: what a run and a line measure, the pieces of a block, where a line begins.
 #include "legacytext.h"
 
-#include "layout/texttools.h"
-
 #include <QTest>
 
 #include <limits>
@@ -46,6 +44,8 @@ private Q_SLOTS:
     void blankRunIsAsHighAsItsFont();
     void heightLeavesScalesOut_data();
     void heightLeavesScalesOut();
+    void heightIsThatOfTheTextWhateverTheOutline();
+    void heightFollowsTextThatIsSetAnew();
     void largestRowSpacingCounts_data();
     void largestRowSpacingCounts();
     void advanceAddsTheSpacesOfTheBlock();
@@ -99,10 +99,6 @@ STextLine lineOf(const QList<STextItem> &items, Qt::Orientation orientation = Qt
     STextLine line;
     line.orientation = orientation;
     line.items = items;
-    for (STextItem &item : line.items) {
-        if (orientation == Qt::Vertical && !item.upright) // runs lie on their side
-            item.path = CTextTools::getRotatePath(item.path, QPointF(0, 0), 90);
-    }
     line.updateItems(96);
     return line;
 }
@@ -446,6 +442,30 @@ void TestLegacyRecords::heightLeavesScalesOut()
         word.layOut();
         QCOMPARE(word.line(0).height, 14.0);
     }
+}
+
+void TestLegacyRecords::heightIsThatOfTheTextWhateverTheOutline()
+{
+    STextItem item = itemOf(QStringLiteral("ag")); // 14 long, 8 high
+    item.path = QPainterPath();
+    item.path.addRect(0, 0, 30, 50);
+    for (Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        QCOMPARE(lineOf({item}, orientation).height, 8.0);
+        QCOMPARE(lineOf({item}, orientation).width, orientation == Qt::Horizontal ? 30.0 : 50.0);
+    }
+    item.upright = true;
+    QCOMPARE(lineOf({item}, Qt::Vertical).height, 14.0);
+}
+
+void TestLegacyRecords::heightFollowsTextThatIsSetAnew()
+{
+    OldWord word;
+    word.addBlock(QStringLiteral("a"));
+    word.layOut();
+    STextItem item = word.line(0).items.first();
+    QCOMPARE(lineOf({item}).height, 6.0);
+    item.setText(OpenWord::format(24), QStringLiteral("b"), 96);
+    QCOMPARE(lineOf({item}).height, 16.0);
 }
 
 void TestLegacyRecords::largestRowSpacingCounts_data()
