@@ -117,9 +117,3 @@ bool decodeText(const QString &name, QByteArray bytes, QString &text, QString &e
     text = QString::fromUtf8(bytes);
     return true;
 }
-
-bool readTextFile(const QString &name, QString &text, QString &error)
-{
-    QByteArray bytes;
-    return readFile(name, maximumInputBytes, bytes, error) && decodeText(name, bytes, text, error);
-}

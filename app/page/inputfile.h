@@ -25,8 +25,4 @@ qint64 firstBadByte(const QByteArray &bytes);
 /// other bytes false, with a sentence in \a error, and \a text is as it was.
 bool decodeText(const QString &name, QByteArray bytes, QString &text, QString &error);
 
-/// Reads the file \a name into \a text; a byte order mark at its start is dropped. On failure false,
-/// with a sentence in \a error, and \a text is as it was.
-bool readTextFile(const QString &name, QString &text, QString &error);
-
 #endif

@@ -11,6 +11,7 @@ private Q_SLOTS:
     void firstBadByteIsFound_data();
     void firstBadByteIsFound();
     void byteOrderMarkIsDropped();
+    void fileIsReadWholeOrRefused();
     void directoryIsRefused();
 };
 
@@ -51,23 +52,36 @@ void TestInputFile::firstBadByteIsFound()
 
 void TestInputFile::byteOrderMarkIsDropped()
 {
-    QTemporaryFile file;
-    QVERIFY(file.open());
-    file.write("\xEF\xBB\xBFx\xEF\xBB\xBF");
-    file.close();
     QString text;
     QString error;
-    QVERIFY2(readTextFile(file.fileName(), text, error), qPrintable(error));
+    QVERIFY2(decodeText(QStringLiteral("name"), "\xEF\xBB\xBFx\xEF\xBB\xBF", text, error),
+             qPrintable(error));
     QCOMPARE(text, QStringLiteral("x\uFEFF"));
+}
+
+void TestInputFile::fileIsReadWholeOrRefused()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    file.write("12345");
+    file.close();
+    QByteArray bytes;
+    QString error;
+    QVERIFY2(readFile(file.fileName(), 5, bytes, error), qPrintable(error));
+    QCOMPARE(bytes, QByteArray("12345"));
+    bytes = "as it was";
+    QVERIFY(!readFile(file.fileName(), 4, bytes, error));
+    QVERIFY2(error.contains(QLatin1String("larger than 4 bytes")), qPrintable(error));
+    QCOMPARE(bytes, QByteArray("as it was"));
 }
 
 void TestInputFile::directoryIsRefused()
 {
-    QString text = QStringLiteral("as it was");
+    QByteArray bytes("as it was");
     QString error;
-    QVERIFY(!readTextFile(QDir::tempPath(), text, error));
+    QVERIFY(!readFile(QDir::tempPath(), maximumInputBytes, bytes, error));
     QVERIFY2(error.contains(QLatin1String("directory")), qPrintable(error));
-    QCOMPARE(text, QStringLiteral("as it was"));
+    QCOMPARE(bytes, QByteArray("as it was"));
 }
 
 QTEST_APPLESS_MAIN(TestInputFile)
