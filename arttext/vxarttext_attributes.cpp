@@ -41,6 +41,12 @@ const QLatin1String ShadowColor("shadow_color");
 
 // A listener that answers each notification with a command would never let the first one return.
 constexpr int deepestNotification = 3;
+
+/// What a panel has for a number in which the selected objects differ.
+bool isMixed(const QVariant &value)
+{
+    return value.userType() == QMetaType::QString && value.toString().isEmpty();
+}
 } // namespace
 
 /// One map of attributes, and what has come of it so far.
@@ -50,6 +56,7 @@ struct CVxArtText::AttributeCommand {
     using Effect = void (AttributeCommand::*)(const QVariant &value);
     struct Row {
         QLatin1String key;
+        bool isNumber; ///< an empty string leaves the property alone
         Effect effect;
     };
     static const Row rows[];
@@ -62,6 +69,11 @@ struct CVxArtText::AttributeCommand {
     }
 
     void run();
+    /// True when \a key is there with a number.
+    bool hasNumber(QLatin1String key) const
+    {
+        return attributes.contains(key) && !isMixed(attributes.value(key));
+    }
     bool hasChanged() const { return changed; }
     bool hasColors() const { return colored; }
 
@@ -98,24 +110,25 @@ private:
 
 // clang-format off
 const CVxArtText::AttributeCommand::Row CVxArtText::AttributeCommand::rows[] = {
-    {Key::DefaultWord,      &AttributeCommand::takeDefaultWord},
-    {Key::FontFamily,       &AttributeCommand::takeFamily},
-    {Key::FontBold,         &AttributeCommand::takeBold},
-    {Key::FontItalic,       &AttributeCommand::takeItalic},
-    {Key::LetterSpacing,    &AttributeCommand::takeLetterSpacing},
-    {Key::RowSpacing,       &AttributeCommand::takeRowSpacing},
-    {Key::Color,            &AttributeCommand::takeColor},
-    {Key::FillColor,        &AttributeCommand::takeFillColor},
-    {Key::Shape,            &AttributeCommand::takeShape},
-    {Key::Text,             &AttributeCommand::takeText},
-    {Key::ShadowOffsetX,    &AttributeCommand::takeShadowOffset},
-    {Key::ShadowAbsOffsetX, &AttributeCommand::takeShadowAbsOffset},
-    {Key::Transparent,      &AttributeCommand::takeTransparent},
-    {Key::TextAlignment,    &AttributeCommand::takeAlignment},
-    {Key::Somehow,          &AttributeCommand::takeSomehow},
-    {Key::PointSize,        &AttributeCommand::takePointSize},
-    {Key::Shadow,           &AttributeCommand::takeShadow},
-    {Key::ShadowColor,      &AttributeCommand::takeShadowColor},
+    // key                  number effect
+    {Key::DefaultWord,      false, &AttributeCommand::takeDefaultWord},
+    {Key::FontFamily,       false, &AttributeCommand::takeFamily},
+    {Key::FontBold,         false, &AttributeCommand::takeBold},
+    {Key::FontItalic,       false, &AttributeCommand::takeItalic},
+    {Key::LetterSpacing,    true,  &AttributeCommand::takeLetterSpacing},
+    {Key::RowSpacing,       true,  &AttributeCommand::takeRowSpacing},
+    {Key::Color,            false, &AttributeCommand::takeColor},
+    {Key::FillColor,        false, &AttributeCommand::takeFillColor},
+    {Key::Shape,            true,  &AttributeCommand::takeShape},
+    {Key::Text,             false, &AttributeCommand::takeText},
+    {Key::ShadowOffsetX,    true,  &AttributeCommand::takeShadowOffset},
+    {Key::ShadowAbsOffsetX, true,  &AttributeCommand::takeShadowAbsOffset},
+    {Key::Transparent,      true,  &AttributeCommand::takeTransparent},
+    {Key::TextAlignment,    true,  &AttributeCommand::takeAlignment},
+    {Key::Somehow,          false, &AttributeCommand::takeSomehow},
+    {Key::PointSize,        true,  &AttributeCommand::takePointSize},
+    {Key::Shadow,           false, &AttributeCommand::takeShadow},
+    {Key::ShadowColor,      false, &AttributeCommand::takeShadowColor},
 };
 // clang-format on
 
@@ -123,7 +136,7 @@ void CVxArtText::AttributeCommand::run()
 {
     for (const Row &row : rows) {
         const auto entry = attributes.constFind(row.key);
-        if (entry != attributes.constEnd())
+        if (entry != attributes.constEnd() && !(row.isNumber && isMixed(entry.value())))
             (this->*row.effect)(entry.value());
     }
 }
@@ -204,7 +217,7 @@ void CVxArtText::AttributeCommand::takeText(const QVariant &value)
 
 void CVxArtText::AttributeCommand::takeShadowOffset(const QVariant &x)
 {
-    if (!attributes.contains(Key::ShadowOffsetY))
+    if (!hasNumber(Key::ShadowOffsetY))
         return;
     object.setShadowOffset(x.toInt(), attributes.value(Key::ShadowOffsetY).toInt());
     changed = true;
@@ -212,7 +225,7 @@ void CVxArtText::AttributeCommand::takeShadowOffset(const QVariant &x)
 
 void CVxArtText::AttributeCommand::takeShadowAbsOffset(const QVariant &x)
 {
-    if (!fromStream || !attributes.contains(Key::ShadowAbsOffsetY))
+    if (!fromStream || !hasNumber(Key::ShadowAbsOffsetY))
         return;
     object.setShadowAbsOffset(finiteOrZero(x.toDouble()),
                               finiteOrZero(attributes.value(Key::ShadowAbsOffsetY).toDouble()));

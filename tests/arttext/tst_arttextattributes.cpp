@@ -174,6 +174,8 @@ private Q_SLOTS:
     void pointSizeInColumnsSwapsTheSides();
     void pointSizeTakesTheDefaultWordOfAnEmptyText();
     void numbersThatAreNotFiniteReadAsZero();
+    void emptyStringLeavesANumberAlone_data();
+    void emptyStringLeavesANumberAlone();
     void unknownKeysAnswerFalse();
     void penColorDoesNotShowInTheOutlines();
     void changeIsToldToTheListener();
@@ -775,6 +777,34 @@ void TestArtTextAttributes::numbersThatAreNotFiniteReadAsZero()
         QCOMPARE(art.m_letterSpacing, 0.0);
         QCOMPARE(art.m_rowSpacing, 0.0);
     }
+}
+
+void TestArtTextAttributes::emptyStringLeavesANumberAlone_data()
+{
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"font_letterspacing", "font_rowspacing", "shape", "shadow_offsetX",
+                            "shadow_offsetY", "transparent", "textalignment", "font_pointsize"})
+        QTest::newRow(key) << QString::fromLatin1(key);
+}
+
+void TestArtTextAttributes::emptyStringLeavesANumberAlone()
+{
+    QFETCH(QString, key);
+    OpenArtObject art;
+    art.show(QStringLiteral("a"), QSizeF(50, 50));
+    art.m_letterSpacing = 1.5;
+    art.m_rowSpacing = 2.5;
+    art.m_shadowOffsetX = 3;
+    art.m_shadowOffsetY = 4;
+    art.m_transparent = 7;
+    AttributeMap map{{QStringLiteral("shadow_offsetX"), 5}, {QStringLiteral("shadow_offsetY"), 6}};
+    if (!key.startsWith(QLatin1String("shadow"))) // both offsets come, or neither counts
+        map.clear();
+    map.insert(key, QString());
+    const AttributeMap before = attributesOf(art);
+    QVERIFY(!set(art, map));
+    QCOMPARE(attributesOf(art), before);
+    QCOMPARE(art.getSize(), QSizeF(50, 50));
 }
 
 void TestArtTextAttributes::unknownKeysAnswerFalse()
