@@ -158,7 +158,7 @@ def document_page():
         ({"textalignment": 64}, [run("张九龄", **{**han, "pen_color": "#ff8c1d40"})])]
     return [
         document_object("formula", (40, 30, 380, 50, 0), ROWS, False, title),
-        document_object("hyphens", (40, 110, 300, 240, 0), ROWS, True, hyphens),
+        document_object("hyphens", (40, 110, 300, 270, 0), ROWS, True, hyphens),
         document_object("marks", (40, 380, 300, 150, 0), ROWS, True, marks),
         document_object("columns", (390, 110, 200, 300, 0), COLUMNS, True, columns),
         document_object("turned", (440, 470, 120, 24, -12), ROWS, False,
