@@ -46,6 +46,8 @@ private Q_SLOTS:
     void heightLeavesScalesOut();
     void heightIsThatOfTheTextWhateverTheOutline();
     void heightFollowsTextThatIsSetAnew();
+    void heightOfALayoutIsThatOfItsText_data();
+    void heightOfALayoutIsThatOfItsText();
     void largestRowSpacingCounts_data();
     void largestRowSpacingCounts();
     void advanceAddsTheSpacesOfTheBlock();
@@ -466,6 +468,44 @@ void TestLegacyRecords::heightFollowsTextThatIsSetAnew()
     QCOMPARE(lineOf({item}).height, 6.0);
     item.setText(OpenWord::format(24), QStringLiteral("b"), 96);
     QCOMPARE(lineOf({item}).height, 16.0);
+}
+
+void TestLegacyRecords::heightOfALayoutIsThatOfItsText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QVariantList>("property"); // id and value, or nothing
+    QTest::addColumn<double>("row");
+    QTest::addColumn<double>("column");
+    const QVariantList none;
+    QTest::newRow("letters") << QStringLiteral("ag") << none << 8.0 << 8.0;
+    QTest::newRow("Han") << QStringLiteral("\u4e2d") << none << 14.0 << 14.0;
+    QTest::newRow("comma") << QStringLiteral("\u3001") << none << 4.0 << 4.0;
+    QTest::newRow("blanks") << QStringLiteral("  ") << none << 16.0 << 16.0;
+    QTest::newRow("spaced") << QStringLiteral("ag") << QVariantList{T::LetterSpacing, 500} << 8.0
+                            << 8.0;
+    QTest::newRow("wide") << QStringLiteral("ag") << QVariantList{T::HorizontalScale, 300} << 8.0
+                          << 8.0;
+}
+
+/// What a layout knows of a run's height is what measuring the text alone gives.
+void TestLegacyRecords::heightOfALayoutIsThatOfItsText()
+{
+    QFETCH(QString, text);
+    QFETCH(QVariantList, property);
+    QTextCharFormat format = OpenWord::format();
+    if (!property.isEmpty())
+        format.setProperty(property.first().toInt(), property.last());
+    for (Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        OldWord word(orientation);
+        word.addBlock(text, OldWord::block(), format);
+        word.layOut();
+        STextLine line = word.line(0);
+        QTEST(line.height, orientation == Qt::Horizontal ? "row" : "column");
+        for (STextItem &item : line.items)
+            item.inkAcross = 0;
+        line.updateItems(96);
+        QTEST(line.height, orientation == Qt::Horizontal ? "row" : "column");
+    }
 }
 
 void TestLegacyRecords::largestRowSpacingCounts_data()
