@@ -589,14 +589,15 @@ private:
         QRectF bounds; ///< of all paths
     };
     Bendable m_bendable;
+    unsigned m_bendingRound = 0; ///< counts the calls of updateMorphTextPaths()
     bool bendTextPaths();
     void prepareBending(const QList<QPainterPath> &source);
     QPolygonF warpedNet(const QSizeF &size, SurfaceType type, float value) const;
     QRectF placeCentred(QList<QPainterPath> &paths, const WarpGap &gap) const;
     QRectF placeInPositive(QList<QPainterPath> &paths, const WarpGap &gap, const QSizeF &unwarped,
                            bool staysOnTop) const;
-    void takeWarpedBox(QList<QPainterPath> &paths, const QRectF &box);
-    void takeUnwarpedBox();
+    QRectF warpedSceneBox(const QRectF &box) const;
+    void takeMorphPaths(QList<QPainterPath> &paths, const QRectF &box);
     void dropMorphPaths();
     void applyStretchToBox();
 

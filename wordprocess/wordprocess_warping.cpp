@@ -241,6 +241,7 @@ void CWordProcess::updateMorphTextPaths()
 {
     if (!m_newVersion) // never warped: the box is that of its own layout
         return;
+    ++m_bendingRound;
     if (m_editing) { // text is always edited unwarped
         dropMorphPaths();
         m_bendable = Bendable();
@@ -253,10 +254,13 @@ void CWordProcess::updateMorphTextPaths()
 }
 
 /// All arithmetic comes first, and nothing waits for a painter meanwhile: only then does the box change.
-/// \return false when a listener has had the text laid out anew, which is warped by then
+/// \return false when a listener has had the text laid out or warped anew: what it has got stands then
 bool CWordProcess::bendTextPaths()
 {
     const QList<QPainterPath> source = m_textPaths;
+    const auto isOvertaken = [this, &source, round = m_bendingRound] {
+        return m_bendingRound != round || !m_textPaths.isSharedWith(source);
+    };
     QList<QPainterPath> paths;
     QPointF pos(0, 0);
     QSizeF size(-1, -1);
@@ -270,12 +274,20 @@ bool CWordProcess::bendTextPaths()
     }
     if (!m_wordWrap)
         updatePosition(this, QRectF(getPos(), m_textPathsRect.size()));
-    if (!m_textPaths.isSharedWith(source))
+    if (isOvertaken())
         return false;
+    const QRectF box = isWarped ? QRectF(pos, size) : QRectF(QPointF(0, 0), m_textPathsRect.size());
+    if (isWarped || (box.width() > 0 && box.height() > 0)) {
+        updatePosition(this, isWarped ? warpedSceneBox(box)
+                                      : QRectF(mapToScene(m_morphRect.topLeft()), box.size()));
+        if (isOvertaken())
+            return false;
+        m_baseSize = box.size();
+    }
     if (isWarped)
-        takeWarpedBox(paths, QRectF(pos, size));
+        takeMorphPaths(paths, box);
     else
-        takeUnwarpedBox();
+        dropMorphPaths();
     return true;
 }
 
@@ -291,29 +303,21 @@ void CWordProcess::prepareBending(const QList<QPainterPath> &source)
     m_bendable.bounds = sumOf(m_bendable.paths).boundingRect();
 }
 
-void CWordProcess::takeUnwarpedBox()
-{
-    if (m_textPathsRect.width() > 0 && m_textPathsRect.height() > 0) {
-        updatePosition(this, QRectF(mapToScene(m_morphRect.topLeft()), m_textPathsRect.size()));
-        m_baseSize = m_textPathsRect.size();
-    }
-    dropMorphPaths();
-}
-
 /// The item moves by the change of the offset that the warp gives it, so that two warps in a row do not creep.
-void CWordProcess::takeWarpedBox(QList<QPainterPath> &paths, const QRectF &box)
+QRectF CWordProcess::warpedSceneBox(const QRectF &box) const
 {
     const bool wasWarped = m_morphRect.width() > 0 && m_morphRect.height() > 0;
     QPointF way = (wasWarped ? m_morphRect.topLeft() : QPointF(0, 0)) - box.topLeft();
     if (m_wordWrap)
         way = QPointF(way.x() * m_scaleX, way.y() * m_scaleY);
-    updatePosition(this, QRectF(mapToScene(way), box.size()));
-    {
-        const std::lock_guard<PathsMutex> guard(m_pathsMutex);
-        m_morphPaths = std::move(paths); // the old ones go inside the lock too
-        m_morphRect = box;
-    }
-    m_baseSize = box.size();
+    return QRectF(mapToScene(way), box.size());
+}
+
+void CWordProcess::takeMorphPaths(QList<QPainterPath> &paths, const QRectF &box)
+{
+    const std::lock_guard<PathsMutex> guard(m_pathsMutex);
+    m_morphPaths = std::move(paths); // the old ones go inside the lock too
+    m_morphRect = box;
 }
 
 void CWordProcess::dropMorphPaths()

@@ -32,6 +32,8 @@ private Q_SLOTS:
     void boxIsTheStretchedWarpedSize_data() { forms(); }
     void boxIsTheStretchedWarpedSize();
     void handleStretchesAWarpedText();
+    void boxGoesThroughItsSteps_data();
+    void boxGoesThroughItsSteps();
     void placementOfABoxIsThatOfTheUnwarpedText();
     void boxThatBecomesLineTextStandsUnwarped();
 
@@ -52,6 +54,8 @@ private Q_SLOTS:
     // the host's slider
     void dragIsOneStepThatUndoesAndRedoes_data() { placedForms(); }
     void dragIsOneStepThatUndoesAndRedoes();
+    void dragOfAStretchedTextIsOneStep_data() { forms(); }
+    void dragOfAStretchedTextIsOneStep();
     void commitWithoutPreviewIsAStepToo();
     void previewLeavesThePicture();
     void missingFontsKeepTheWarp_data();
@@ -71,6 +75,8 @@ private Q_SLOTS:
     void painterAtWorkDelaysOnlyTheExchange_data() { forms(); }
     void painterAtWorkDelaysOnlyTheExchange();
     void layoutByAListenerWins();
+    void listenersLastWordStands_data();
+    void listenersLastWordStands();
 
 private:
     static void forms();
@@ -316,6 +322,69 @@ void TestWarpedText::handleStretchesAWarpedText()
     QCOMPARE(text.word.m_clientRect.size(), stretched(size, 3, 2));
 }
 
+void TestWarpedText::boxGoesThroughItsSteps_data()
+{
+    QTest::addColumn<bool>("wrapped");
+    QTest::addColumn<int>("style");
+    QTest::addColumn<bool>("editing");
+    QTest::addColumn<QString>("steps"); // plain, warped, stretched
+    QTest::newRow("line, plain") << false << 0 << false << key("pps");
+    QTest::newRow("line, warped") << false << 14 << false << key("pws");
+    QTest::newRow("line, edited") << false << 14 << true << key("s");
+    QTest::newRow("box, plain") << true << 0 << false << key("ps");
+    QTest::newRow("box, warped") << true << 14 << false << key("ws");
+    QTest::newRow("box, edited") << true << 14 << true << QString();
+}
+
+namespace {
+/// Calls back, or writes the size of its box down, at each notification.
+class ListeningWord : public OpenWord
+{
+public:
+    using OpenWord::OpenWord;
+    void notifyObjPropertyChanged(int code, const QString &detail) override
+    {
+        OpenWord::notifyObjPropertyChanged(code, detail);
+        sizes.append(m_clientRect.size());
+        if (onNotification && --countdown == 0)
+            std::exchange(onNotification, nullptr)();
+    }
+    QVector<QSizeF> sizes;
+    int countdown = 1;
+    std::function<void()> onNotification;
+};
+} // namespace
+
+void TestWarpedText::boxGoesThroughItsSteps()
+{
+    QFETCH(bool, wrapped);
+    QFETCH(int, style);
+    QFETCH(bool, editing);
+    QFETCH(QString, steps);
+    TextOf<ListeningWord> text(Form{wrapped, Qt::Horizontal});
+    ListeningWord &word = text.word;
+    word.m_warpStyle = style;
+    word.m_warpValue = 0.5;
+    if (editing)
+        word.beginEdit();
+    word.m_scaleX = 2;
+    word.m_scaleY = 1.5;
+    word.sizes.clear();
+    const QSizeF present = word.m_clientRect.size();
+    word.updateMorphTextPaths();
+    const QSizeF plain = word.m_textPathsRect.size();
+    const QSizeF warped = word.m_morphRect.size();
+    QVector<QSizeF> expected;
+    QSizeF last = present;
+    for (const QChar step : steps) {
+        last = step == QLatin1Char('p')   ? plain
+               : step == QLatin1Char('w') ? warped
+                                          : stretched(last, 2, 1.5);
+        expected.append(last);
+    }
+    QCOMPARE(word.sizes, expected);
+}
+
 void TestWarpedText::placementOfABoxIsThatOfTheUnwarpedText()
 {
     Text text(Form{true, Qt::Horizontal});
@@ -486,6 +555,30 @@ void TestWarpedText::dragIsOneStepThatUndoesAndRedoes()
         QCOMPARE(text.word.m_warpVerticalValue, -0.05);
         QCOMPARE(text.word.m_warpOrientation, orientation);
         QVERIFY(isNear(paintedRect(text.word), preview));
+    }
+}
+
+void TestWarpedText::dragOfAStretchedTextIsOneStep()
+{
+    QFETCH(Form, form);
+    Text text(form, 30);
+    OpenWord &word = text.word;
+    word.setSize(stretched(word.m_baseSize, 2, 1.5), false, true);
+    word.setMirror(true, false);
+    word.undoRedo(word.serialize(false), false); // a box takes its stretch into the layout
+    const QRectF plain = paintedRect(word);
+    const QRectF box(word.getPos(), word.m_clientRect.size());
+    for (double value : {0.1, 0.5})
+        text.warp(SurfaceBulge, value);
+    text.warp(SurfaceBulge, 0.5, true);
+    QCOMPARE(text.host.stack().count(), 1);
+    const QRectF bent = paintedRect(word);
+    for (int i = 0; i < 2; ++i) {
+        text.host.stack().undo();
+        QVERIFY(isNear(paintedRect(word), plain));
+        QVERIFY(isNear(QRectF(word.getPos(), word.m_clientRect.size()), box));
+        text.host.stack().redo();
+        QVERIFY(isNear(paintedRect(word), bent));
     }
 }
 
@@ -760,6 +853,46 @@ void TestWarpedText::layoutByAListenerWins()
     text.word.updateMorphTextPaths();
     QCOMPARE(text.word.m_morphPaths, bent);
     QVERIFY(isNear(paintedRect(text.word), painted));
+}
+
+void TestWarpedText::listenersLastWordStands_data()
+{
+    QTest::addColumn<Form>("form");
+    QTest::addColumn<int>("notification");
+    QTest::addColumn<bool>("relayout");
+    for (bool wrapped : {false, true}) {
+        for (int notification = 1; notification <= (wrapped ? 2 : 3); ++notification) {
+            for (bool relayout : {false, true}) {
+                QTest::addRow("%s, %s at notification %d", wrapped ? "box" : "line",
+                              relayout ? "more text" : "another warp", notification)
+                    << Form{wrapped, Qt::Horizontal} << notification << relayout;
+            }
+        }
+    }
+}
+
+/// What a listener commands in the middle of a warp is not undone by the rest of that warp.
+void TestWarpedText::listenersLastWordStands()
+{
+    QFETCH(Form, form);
+    QFETCH(int, notification);
+    QFETCH(bool, relayout);
+    TextOf<ListeningWord> text(form);
+    ListeningWord &word = text.word;
+    word.countdown = notification;
+    word.onNotification = [&] {
+        if (relayout)
+            word.add(key("more text"));
+        else
+            text.warp(SurfaceNone, 0);
+    };
+    text.warp(SurfaceBulge, 0.5);
+    QVERIFY(!word.onNotification);
+    QCOMPARE(word.m_morphPaths.size(), relayout ? word.m_textPaths.size() : 0);
+    QCOMPARE(word.m_morphRect.isNull(), !relayout);
+    const QSizeF box = relayout ? word.m_morphRect.size() : word.m_textPathsRect.size();
+    QCOMPARE(word.m_baseSize, box);
+    QCOMPARE(word.m_clientRect.size(), box);
 }
 
 QTEST_MAIN(TestWarpedText)
