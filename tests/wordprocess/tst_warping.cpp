@@ -26,6 +26,9 @@ private Q_SLOTS:
     void valueOfALowerArcCountsNegated();
     void verticalValueSkewsTheRows();
     void everythingMovesOneDown();
+    void centredTextMovesByHalfGapsAndOtherTextByWholeNumbers();
+    void everyStyleIsFlatWithoutAValue_data();
+    void everyStyleIsFlatWithoutAValue();
     void extremesAreThoseOfThePoints();
     void extremesSeeControlPoints();
     void extremesStartNoFurtherThan99999();
@@ -429,6 +432,50 @@ void TestWarping::everythingMovesOneDown()
     QVERIFY(warp.transform(paths, box, QRectF(0, 0, 90, 60)));
     QCOMPARE(wordsOf(paths), words("M 0 1 L 90 61 | M 7 9"));
     QCOMPARE(warp.outRect, QRectF(0, 0, 90, 60));
+}
+
+void TestWarping::centredTextMovesByHalfGapsAndOtherTextByWholeNumbers()
+{
+    const QRectF ink(0, 0, 79, 50.5); // leaves 11 and 9.5 of the box
+    Warp centred(SurfaceSqueeze, 0);
+    QList<QPainterPath> paths = outlinesOf(words("M 0 0 L 90 60"));
+    QVERIFY(centred.transform(paths, box, ink));
+    QCOMPARE(wordsOf(paths), words("M 5.5 4.75 L 95.5 64.75"));
+    QCOMPARE(centred.outRect, QRectF(5, 4, 101, 69));
+
+    Warp other(SurfaceBulge, 0);
+    paths = outlinesOf(words("M 0 0 L 90 60"));
+    QVERIFY(other.transform(paths, box, ink));
+    QCOMPARE(wordsOf(paths), words("M 0 1 L 90 61"));
+    QCOMPARE(other.outRect, QRectF(5, 9, 101, 69));
+}
+
+void TestWarping::everyStyleIsFlatWithoutAValue_data()
+{
+    QTest::addColumn<int>("style");
+    for (int style = SurfaceArc; style <= SurfaceTwist; ++style)
+        QTest::addRow("style %d", style) << style;
+}
+
+/// The thirds of this box are whole, so that its corners and the points of its net stay exactly.
+void TestWarping::everyStyleIsFlatWithoutAValue()
+{
+    QFETCH(int, style);
+    for (int orientation : {1, 2}) {
+        Warp warp(style, 0);
+        warp.word.m_warpOrientation = orientation;
+        QList<QPainterPath> paths = outlinesOf(words("M 0 0 L 90 0 L 90 60 L 0 60 L 0 0"));
+        QVERIFY(warp.transform(paths, box, QRectF(0, 0, 90, 60)));
+        const bool isCentred = orientation == 2 || style == SurfaceSqueeze;
+        QCOMPARE(wordsOf(paths), isCentred ? words("M 0 0 L 90 0 L 90 60 L 0 60 L 0 0")
+                                           : words("M 0 1 L 90 1 L 90 61 L 0 61 L 0 1"));
+        QCOMPARE(warp.outRect, QRectF(0, 0, 90, 60));
+
+        paths = outlinesOf(words("M 30 20 L 60 40"));
+        QVERIFY(warp.transform(paths, box, QRectF(30, 20, 30, 20)));
+        const QPointF way = QPointF(paths.first().elementAt(1)) - paths.first().elementAt(0);
+        QVERIFY(qAbs(way.x() - 30) < 1e-9 && qAbs(way.y() - 20) < 1e-9);
+    }
 }
 
 void TestWarping::extremesAreThoseOfThePoints()
