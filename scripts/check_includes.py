@@ -4,7 +4,7 @@
 import re
 import subprocess
 import sys
-from pathlib import PurePosixPath
+from pathlib import Path, PurePosixPath
 
 EXPORT_MACRO = "plugin/vxarttext_shared_global.h"
 QUOTED = re.compile(r'^\s*#\s*include\s*"([^"]+)"')
@@ -35,9 +35,12 @@ FORBIDDEN_QT = {
 
 
 def project_files():
-    names = subprocess.run(["git", "ls-files", "--", "*.h", "*.cpp"], check=True,
-                           capture_output=True, text=True).stdout.split()
-    return [name for name in names if PurePosixPath(name).parts[0] in ALLOWED]
+    """Sources as they stand on disk: those not committed yet count, removed ones do not."""
+    names = subprocess.run(["git", "ls-files", "--cached", "--others", "--exclude-standard", "--",
+                            "*.h", "*.cpp"], check=True, capture_output=True,
+                           text=True).stdout.split()
+    return [name for name in sorted(set(names))
+            if PurePosixPath(name).parts[0] in ALLOWED and Path(name).exists()]
 
 
 def resolve(name, folder, known):
