@@ -36,13 +36,15 @@ ExitCode Batch::run()
     QString error;
     if (!planJobs(m_arguments, jobs, error))
         return end(WrongUsage, error);
-    if (!m_loader.load(m_arguments.plugin))
-        return end(NoLibrary, QStringLiteral("no text objects: %1").arg(m_loader.errorString()));
-    if (!prepareOutputFolder(error))
-        return end(Cannot, error);
     Report report(m_arguments);
-    for (const Job &job : qAsConst(jobs))
-        report.add(outcomeOf(job));
+    if (!m_loader.load(m_arguments.plugin)) {
+        report.fail(NoLibrary, QStringLiteral("no text objects: %1").arg(m_loader.errorString()));
+    } else if (!prepareOutputFolder(error)) {
+        report.fail(Cannot, error);
+    } else {
+        for (const Job &job : qAsConst(jobs))
+            report.add(outcomeOf(job));
+    }
     return report.finish();
 }
 

@@ -54,6 +54,13 @@ void Report::add(const Outcome &outcome)
         tell(line);
 }
 
+void Report::fail(ExitCode code, const QString &message)
+{
+    m_code = united(m_code, code);
+    m_error = message;
+    tell(message);
+}
+
 ExitCode Report::finish()
 {
     const QByteArray answer = m_arguments.json ? json() : missingFonts();
@@ -83,8 +90,10 @@ QByteArray Report::json() const
     QJsonArray inputs;
     for (const Outcome &outcome : m_outcomes)
         inputs.append(outcome.toJson());
-    const QJsonObject report{{QStringLiteral("program"), QStringLiteral("pagerender " VX_VERSION)},
-                             {QStringLiteral("code"), int(m_code)},
-                             {QStringLiteral("inputs"), inputs}};
+    QJsonObject report{{QStringLiteral("program"), QStringLiteral("pagerender " VX_VERSION)},
+                       {QStringLiteral("code"), int(m_code)},
+                       {QStringLiteral("inputs"), inputs}};
+    if (!m_error.isEmpty())
+        report.insert(QStringLiteral("error"), m_error);
     return QJsonDocument(report).toJson();
 }

@@ -17,6 +17,8 @@ public:
     explicit Report(const Arguments &arguments);
 
     void add(const Outcome &outcome);
+    /// What keeps the program from doing anything.
+    void fail(ExitCode code, const QString &message);
     /// \return the exit code of the whole run
     ExitCode finish();
 
@@ -27,6 +29,7 @@ private:
 
     const Arguments &m_arguments;
     ExitCode m_code = Done;
+    QString m_error; ///< of fail()
     QVector<Outcome> m_outcomes;
 };
 

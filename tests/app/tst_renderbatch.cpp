@@ -592,6 +592,11 @@ void TestRenderBatch::foreignLibraryIsRefused()
         QVERIFY2(run.err.contains(QLatin1String("no text objects: ")), qPrintable(run.err));
         QVERIFY(!m_folder->has("out"));
     }
+    const Run run = m_folder->run("page.json --check --json --plugin no.so");
+    QCOMPARE(run.exitCode, 4);
+    QCOMPARE(reportOf(run).value(QLatin1String("code")).toInt(), 4);
+    const QString error = reportOf(run).value(QLatin1String("error")).toString();
+    QVERIFY2(error.startsWith(QLatin1String("no text objects: ")), qPrintable(error));
 }
 
 void TestRenderBatch::slowInputIsGivenUp()
