@@ -38,6 +38,8 @@ bool writeFirst(const QString &fileName, QString &error)
                                    {QStringLiteral("y"), 20 + 60 * i},
                                    {QStringLiteral("text"), QStringLiteral("0")}});
     }
+    objects.append(QJsonObject{{QStringLiteral("kind"), ballastKind},
+                               {QStringLiteral("data"), QString(ballast, QLatin1Char('x'))}});
     const QJsonObject root{{QStringLiteral("format"), QStringLiteral("vxpage")},
                            {QStringLiteral("version"), 1},
                            {QStringLiteral("page"), QJsonObject{{QStringLiteral("width"), 400},
