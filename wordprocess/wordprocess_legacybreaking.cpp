@@ -179,10 +179,11 @@ bool CWordProcess::repairLineHead(int rule, QList<STextLine> &lines) const
 /// Cuts off what has no room any more, where a place for the cut is found.
 void CWordProcess::cutOverflow(STextLine &line, double available, QList<STextItem> &moved)
 {
+    const bool isRow = m_textOrientation == Qt::Horizontal;
     double used = 0;
     for (int i = 0; i < line.items.size(); ++i) {
         const STextItem item = line.items.at(i);
-        const double width = item.itemWidth(Qt::Orientation(m_textOrientation), 0);
+        const double width = item.itemWidth(isRow ? Qt::Horizontal : Qt::Vertical, 0);
         if (!(used + width > available)) {
             used += width;
             continue;

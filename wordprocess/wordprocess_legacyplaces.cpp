@@ -71,8 +71,11 @@ QVector<CWordProcess::LegacyRow> CWordProcess::legacyRows() const
 /// What an item takes along its line, clipped or not.
 double CWordProcess::legacyAdvance(const STextItem &item, double spacing) const
 {
-    return item.path.isEmpty() ? item.placedAdvance
-                               : item.itemWidth(Qt::Orientation(m_textOrientation), spacing);
+    if (item.path.isEmpty())
+        return item.placedAdvance;
+    // A record may hold any number: what is not horizontal runs in columns.
+    const bool isRow = m_textOrientation == Qt::Horizontal;
+    return item.itemWidth(isRow ? Qt::Horizontal : Qt::Vertical, spacing);
 }
 
 /// How far the first \a length characters of an item reach.
