@@ -1331,6 +1331,7 @@ void TestKeyboard::motionOnOlderLines()
     STextLine first;
     first.items = {item(QStringLiteral("a"), 0), item(QStringLiteral("b"), 1),
                    item(QStringLiteral("-"), -2)};
+    first.items.last().isHyphen = true;
     STextLine second;
     second.items = {item(QStringLiteral("cdef"), 2)};
     word.m_legacyLines = {first, second};
