@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QGraphicsItem>
 
+#include <algorithm>
 #include <cmath>
 
 Page::Page(Document *document)
@@ -54,6 +55,15 @@ int Page::takeObject(CVXRootObject *object)
     m_scene.removeItem(object->GetGraphicsItemPtr());
     numberObjects(index);
     return index;
+}
+
+void Page::setOrder(const QList<CVXRootObject *> &order)
+{
+    if (order.size() != m_objects.size()
+        || !std::is_permutation(order.begin(), order.end(), m_objects.begin()))
+        return;
+    m_objects = order;
+    numberObjects(0);
 }
 
 /// The list tells the order in which objects lie over each other.

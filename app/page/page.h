@@ -43,6 +43,9 @@ public:
     /// Takes \a object from the page and hands it to the caller: for an undo step that may put it back.
     /// \return the place it had, -1 when it is not on the page
     int takeObject(CVXRootObject *object);
+    /// Puts the objects in another order, the lowest first. Anything but all objects of the page, each
+    /// once, does nothing.
+    void setOrder(const QList<CVXRootObject *> &order);
     /// Bottom object first.
     const QList<CVXRootObject *> &objects() const { return m_objects; }
 

@@ -85,6 +85,20 @@ bool PageRenderer::renderToFile(Format format, const QString &fileName)
     return true;
 }
 
+bool PageRenderer::paint(QPainter &painter)
+{
+    m_error.clear();
+    if (!measure())
+        return false;
+    painter.save();
+    if (m_options.background.alpha() > 0)
+        painter.fillRect(QRect(QPoint(0, 0), m_area.size()), m_options.background);
+    painter.translate(-m_area.topLeft());
+    paintObjects(painter);
+    painter.restore();
+    return true;
+}
+
 bool PageRenderer::fail(const QString &error)
 {
     m_error = error;
@@ -157,29 +171,40 @@ bool PageRenderer::checkSize(Format format)
     return true;
 }
 
+/// The lowest first.
+QList<CVXRootObject *> PageRenderer::shownObjects() const
+{
+    QList<CVXRootObject *> shown;
+    for (CVXRootObject *object : m_page->objects()) {
+        const bool isMeant = m_options.objects.isEmpty() || m_options.objects.contains(object);
+        if (isMeant && object->isVisible())
+            shown.append(object);
+    }
+    return shown;
+}
+
 void PageRenderer::paintObjects(QPainter &painter) const
 {
     painter.setRenderHint(QPainter::Antialiasing);
-    for (CVXRootObject *object : m_page->objects()) {
-        if (!object->isVisible())
-            continue;
+    const QList<CVXRootObject *> objects = shownObjects();
+    for (CVXRootObject *object : objects) {
         painter.save();
         painter.setTransform(object->GetGraphicsItemPtr()->sceneTransform(), true);
         object->paintContent(&painter);
         object->drawDelegate()->paintInvertArea(&painter);
         painter.restore();
     }
-    if (m_options.foreground)
+    if (m_options.foreground || m_options.hints)
         paintForeground(painter);
 }
 
 void PageRenderer::paintForeground(QPainter &painter) const
 {
-    for (CVXRootObject *object : m_page->objects()) {
-        if (!object->isVisible())
-            continue;
+    const QList<CVXRootObject *> objects = shownObjects();
+    for (CVXRootObject *object : objects) {
         painter.save();
-        object->paintHandlersInScene(object->GetGraphicsItemPtr(), &painter);
+        if (m_options.foreground)
+            object->paintHandlersInScene(object->GetGraphicsItemPtr(), &painter);
         object->drawForeground(&painter, QRectF(m_area));
         painter.restore();
     }

@@ -5,10 +5,12 @@
 
 #include "app/page/picture.h"
 
+#include <QList>
 #include <QRect>
 #include <QSize>
 #include <QString>
 
+class CVXRootObject;
 class Page;
 class QPainter;
 
@@ -26,7 +28,9 @@ public:
         double margin = 20.0;          ///< page pixels on each side
         QColor background = Qt::white; ///< fully transparent for none
         QSize page;              ///< what is shown, from (0, 0); empty: the ink and its margin
-        bool foreground = false; ///< handles, frames and caret too
+        bool foreground = false; ///< handles, frames, caret and hints too
+        bool hints = false;      ///< of the foreground what is said about missing fonts
+        QList<CVXRootObject *> objects; ///< of the page what is shown; empty: all
         PictureMetadata metadata;
     };
 
@@ -47,6 +51,9 @@ public:
     QByteArray render(Format format);
     /// True when render() has something to show that is not too large; else with errorString().
     bool check(Format format);
+    /// Paints the page with its background, in page pixels, the upper left corner at the origin of
+    /// \a painter. False, with errorString(), when the page is empty.
+    bool paint(QPainter &painter);
     /// Of the last picture that render() made or check() approved: pixels of a PNG, page pixels else.
     QSize pictureSize() const { return m_size; }
     /// Renders the page into the file \a fileName. On any failure false, with errorString(), and a
@@ -60,6 +67,7 @@ private:
     bool fail(const QString &error);
     void paintObjects(QPainter &painter) const;
     void paintForeground(QPainter &painter) const;
+    QList<CVXRootObject *> shownObjects() const;
     Picture picture() const;
 
     Page *m_page;

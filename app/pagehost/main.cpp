@@ -155,6 +155,9 @@ int main(int argc, char **argv)
         return Failed;
     }
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    // 1.25 and 1.5 as they are: rounded, all would be too small or too large.
+    QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
+        Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     int applicationArgc = argc > 0 ? 1 : 0;
     QApplication application(applicationArgc, argv);

@@ -3,11 +3,15 @@
 
 #include "app/page/artobject.h"
 #include "app/page/framework.h"
+#include "app/pagehost/exportcommands.h"
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/hoststrings.h"
+#include "app/pagehost/objectlist.h"
+#include "app/pagehost/objectmenu.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
 #include "app/pagehost/textcommands.h"
+#include "app/pagehost/viewmenu.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -24,7 +28,6 @@
 namespace {
 
 constexpr int textObjectDrawn = 243; // command of a text object to the tools
-constexpr double zoomStep = 1.25;
 constexpr int statusTime = 10000; // ms
 
 const QLatin1String textOperation("text_operation");
@@ -44,14 +47,18 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     , m_framework(framework)
     , m_view(new PageView(this))
     , m_files(new FileCommands(this, loader))
+    , m_exports(new ExportCommands(this))
     , m_tools(new QActionGroup(this))
     , m_zoomLabel(new QLabel(this))
 {
     setCentralWidget(m_view);
     m_framework->setEventSink(this);
     setHostStrings(*m_framework);
-    m_files->addTo(menuBar()->addMenu(tr("&File")));
+    QMenu *fileMenu = menuBar()->addMenu(tr("&File"));
+    m_files->addTo(fileMenu);
+    m_exports->addToFileMenu(fileMenu, fileMenu->actions().constLast());
     makeEditMenu();
+    new ObjectMenu(this, menuBar()->addMenu(tr("&Object")));
     makeViewMenu();
     makeTools();
     statusBar()->addPermanentWidget(m_zoomLabel);
@@ -94,7 +101,10 @@ void MainWindow::makeEditMenu()
     menu->addSeparator();
     m_cut = addCommand(menu, "cut", tr("Cu&t"), QKeySequence::Cut, &MainWindow::cut);
     m_copy = addCommand(menu, "copy", tr("&Copy"), QKeySequence::Copy, &MainWindow::copy);
+    m_exports->addToEditMenu(menu, nullptr);
     addCommand(menu, "paste", tr("&Paste"), QKeySequence::Paste, &MainWindow::paste);
+    addCommand(menu, "pastePlain", tr("Paste P&lain Text"), Qt::CTRL + Qt::SHIFT + Qt::Key_V,
+               &MainWindow::pastePlain);
     m_delete = addCommand(menu, "delete", tr("&Delete"), Qt::Key_Delete, &MainWindow::remove);
     menu->addSeparator();
     addCommand(menu, "selectAll", tr("Select &All"), QKeySequence::SelectAll,
@@ -104,11 +114,15 @@ void MainWindow::makeEditMenu()
 void MainWindow::makeViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
-    addCommand(menu, "zoomIn", tr("Zoom &In"), QKeySequence::ZoomIn, &MainWindow::zoomIn);
-    addCommand(menu, "zoomOut", tr("Zoom &Out"), QKeySequence::ZoomOut, &MainWindow::zoomOut);
-    addCommand(menu, "zoomNormal", tr("&Normal Size"), Qt::CTRL + Qt::Key_0,
-               &MainWindow::zoomToNormal);
-    addCommand(menu, "fitPage", tr("&Fit Page"), Qt::CTRL + Qt::Key_9, &MainWindow::fitPage);
+    fillViewMenu(menu, this);
+    auto *objects = new ObjectList(this);
+    addDockWidget(Qt::RightDockWidgetArea, objects);
+    objects->hide(); // until it is asked for
+    menu->addSeparator();
+    QAction *showObjects = objects->toggleViewAction();
+    showObjects->setObjectName(QStringLiteral("showObjects"));
+    showObjects->setShortcut(Qt::Key_F7);
+    menu->addAction(showObjects);
 }
 
 void MainWindow::makeTools()
@@ -251,6 +265,11 @@ void MainWindow::paste()
     m_session->paste(m_view->visibleCentre());
 }
 
+void MainWindow::pastePlain()
+{
+    m_session->pastePlainText(m_view->visibleCentre());
+}
+
 void MainWindow::remove()
 {
     if (!sendToEdit(Qt::Key_Delete, Qt::NoModifier))
@@ -261,28 +280,6 @@ void MainWindow::selectAll()
 {
     if (!sendToEdit(Qt::Key_A, Qt::ControlModifier))
         m_session->selectAll();
-}
-
-// View
-
-void MainWindow::zoomIn()
-{
-    m_view->setZoom(m_view->zoom() * zoomStep);
-}
-
-void MainWindow::zoomOut()
-{
-    m_view->setZoom(m_view->zoom() / zoomStep);
-}
-
-void MainWindow::zoomToNormal()
-{
-    m_view->setZoom(1);
-}
-
-void MainWindow::fitPage()
-{
-    m_view->fitPage();
 }
 
 void MainWindow::showZoom(double zoom)

@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class ExportCommands;
 class FileCommands;
 class Framework;
 class PageSession;
@@ -65,15 +66,10 @@ private:
     void cut();
     void copy();
     void paste();
+    void pastePlain();
     void remove();
     void selectAll();
     bool sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers);
-
-    // View
-    void zoomIn();
-    void zoomOut();
-    void zoomToNormal();
-    void fitPage();
 
     void refresh();
     void showZoom(double zoom);
@@ -88,6 +84,7 @@ private:
     Framework *m_framework;
     PageView *m_view;
     FileCommands *m_files;
+    ExportCommands *m_exports;
     std::unique_ptr<PageSession> m_session;
     QActionGroup *m_tools;
     QAction *m_undo = nullptr;

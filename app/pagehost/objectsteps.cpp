@@ -74,3 +74,86 @@ void AttributeStep::redo()
     if (m_object)
         m_object->setAllAttributes(m_after, /*withUndo=*/false);
 }
+
+// MoveStep
+
+/// The part of one object, which it keeps alive.
+class MoveStep::One : public CWbUndoCmd
+{
+public:
+    One(const Way &way, QUndoCommand *parent)
+        : CWbUndoCmd(parent)
+        , m_from(way.from)
+        , m_to(way.to)
+    {
+        m_object = way.object;
+    }
+
+    void undo() override { place(m_from); }
+    void redo() override { place(m_to); }
+    void join(const One &next) { m_to = next.m_to; }
+
+private:
+    void place(const QPointF &pos)
+    {
+        if (!m_object)
+            return;
+        m_object->setPos(pos, /*undo=*/false);
+        m_object->updatePreview();
+    }
+
+    QPointF m_from;
+    QPointF m_to;
+};
+
+MoveStep::MoveStep(const QVector<Way> &ways, const QString &name, bool continues)
+    : m_continues(continues)
+{
+    setText(name);
+    for (const Way &way : ways)
+        new One(way, this); // which owns it
+}
+
+int MoveStep::id() const
+{
+    return 1; // the one kind of step that joins others
+}
+
+MoveStep::One *MoveStep::part(int index) const
+{
+    return static_cast<One *>(const_cast<QUndoCommand *>(child(index)));
+}
+
+bool MoveStep::mergeWith(const QUndoCommand *next)
+{
+    const auto *step = static_cast<const MoveStep *>(next);
+    if (!step->m_continues || step->text() != text() || step->childCount() != childCount())
+        return false;
+    for (int i = 0; i < childCount(); ++i) {
+        if (part(i)->object() != step->part(i)->object())
+            return false;
+    }
+    for (int i = 0; i < childCount(); ++i)
+        part(i)->join(*step->part(i));
+    return true;
+}
+
+// OrderStep
+
+OrderStep::OrderStep(Page *page, const QList<CVXRootObject *> &order, const QString &name)
+    : m_page(page)
+    , m_before(page->objects())
+    , m_after(order)
+{
+    setText(name);
+}
+
+void OrderStep::undo()
+{
+    m_page->setOrder(m_before);
+}
+
+void OrderStep::redo()
+{
+    m_page->setOrder(m_after);
+}

@@ -6,6 +6,10 @@
 #include "host/framework/cundoredo.h"
 #include "host/framework/hosttypes.h"
 
+#include <QList>
+#include <QPointF>
+#include <QVector>
+
 class Page;
 
 /// Puts an object on a page or takes it away. Whichever step keeps an object off its page owns it, and
@@ -50,6 +54,47 @@ public:
 private:
     AttributeMap m_before;
     AttributeMap m_after;
+};
+
+/// Moves objects.
+class MoveStep : public CWbUndoCmd
+{
+public:
+    /// Where an object lies (scene) before and after the step.
+    struct Way {
+        CVXRootObject *object;
+        QPointF from, to;
+    };
+
+    /// \param name a key of the framework's words
+    /// \param continues joins the step before when that has moved the same objects under the same name
+    MoveStep(const QVector<Way> &ways, const QString &name, bool continues);
+
+    int id() const override;
+    bool mergeWith(const QUndoCommand *next) override;
+
+private:
+    class One;
+    One *part(int index) const;
+
+    bool m_continues;
+};
+
+/// Puts the objects of a page in another order, the lowest first. The step says nothing of objects that
+/// the page does not have at the time; the steps around it see to it that all are there.
+class OrderStep : public CWbUndoCmd
+{
+public:
+    /// \param page outlives every undo() and redo() of the step
+    OrderStep(Page *page, const QList<CVXRootObject *> &order, const QString &name);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    Page *m_page;
+    QList<CVXRootObject *> m_before;
+    QList<CVXRootObject *> m_after;
 };
 
 #endif

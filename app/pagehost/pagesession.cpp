@@ -53,6 +53,7 @@ AttributeMap lookOfNewObject(CVXRootObject *object)
 }
 
 const QString addKey = QStringLiteral("IDS_ITEM_ADD_ITEM");
+const QString duplicateKey = QStringLiteral("IDS_ITEM_DUPLICATE");
 const QString deleteKey = QStringLiteral("IDS_ITEM_DELETE_ITEM");
 const QString styleKey = QStringLiteral("IDS_ART_STYLE");
 const QString shapeAttribute = QStringLiteral("shape");
@@ -269,6 +270,22 @@ QList<CVXRootObject *> PageSession::selectedObjects() const
     return selected;
 }
 
+/// The objects as they stand in page files.
+QJsonArray PageSession::copiesOf(const QList<CVXRootObject *> &objects) const
+{
+    QJsonArray copies;
+    for (CVXRootObject *object : objects) {
+        QJsonObject record;
+        if (!object->saveJson(record))
+            continue;
+        copies.append(
+            QJsonObject{{kindKey, TextCommands::isArtText(object) ? PageFile::artTextKind()
+                                                                  : PageFile::richTextKind()},
+                        {recordKey, record}});
+    }
+    return copies;
+}
+
 void PageSession::cut()
 {
     if (CVXRootObject *object = editedObject()) {
@@ -285,19 +302,11 @@ void PageSession::copy()
         TextCommands::copy(object);
         return;
     }
-    QJsonArray copies;
-    QStringList texts;
     const QList<CVXRootObject *> selected = selectedObjects();
-    for (CVXRootObject *object : selected) {
-        QJsonObject record;
-        if (!object->saveJson(record))
-            continue;
-        copies.append(
-            QJsonObject{{kindKey, TextCommands::isArtText(object) ? PageFile::artTextKind()
-                                                                  : PageFile::richTextKind()},
-                        {recordKey, record}});
+    const QJsonArray copies = copiesOf(selected);
+    QStringList texts;
+    for (CVXRootObject *object : selected)
         texts.append(TextCommands::plainText(object));
-    }
     if (copies.isEmpty())
         return;
     auto *data = new QMimeData;
@@ -314,7 +323,21 @@ void PageSession::paste(const QPointF &place)
     }
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
     if (data && !pasteObjects(*data))
-        pasteText(place);
+        pasteText(place, /*rich=*/true);
+}
+
+void PageSession::pastePlainText(const QPointF &place)
+{
+    if (CVXRootObject *object = editedObject())
+        TextCommands::paste(object, /*newObject=*/false, /*rich=*/false);
+    else
+        pasteText(place, /*rich=*/false);
+}
+
+void PageSession::duplicate()
+{
+    endEdit();
+    addCopies(copiesOf(selectedObjects()), duplicateKey);
 }
 
 /// Puts \a object on the page as one that has come by a command.
@@ -329,15 +352,20 @@ bool PageSession::pasteObjects(const QMimeData &data)
     const QByteArray bytes = data.data(objectsType);
     if (bytes.isEmpty() || bytes.size() > largestPaste)
         return false;
+    return addCopies(QJsonDocument::fromJson(bytes).array(), addKey);
+}
+
+/// In one step of that name. False when nothing comes of them.
+bool PageSession::addCopies(const QJsonArray &copies, const QString &name)
+{
     QList<CVXRootObject *> objects;
-    const QJsonArray copies = QJsonDocument::fromJson(bytes).array();
     for (const QJsonValue &copy : copies) {
         if (CVXRootObject *object = objectOfCopy(copy.toObject()))
             objects.append(object);
     }
     if (objects.isEmpty())
         return false;
-    undoStack()->beginGroup(addKey);
+    undoStack()->beginGroup(name);
     for (CVXRootObject *object : qAsConst(objects))
         adopt(object);
     undoStack()->endGroup();
@@ -367,13 +395,13 @@ CVXRootObject *PageSession::objectOfCopy(const QJsonObject &copy)
     return object;
 }
 
-void PageSession::pasteText(const QPointF &place)
+void PageSession::pasteText(const QPointF &place, bool rich)
 {
     CVXRootObject *object = m_loader->createText(++m_lastId, page());
     if (!object)
         return;
     page()->addObject(object);
-    TextCommands::paste(object, /*newObject=*/true);
+    TextCommands::paste(object, /*newObject=*/true, rich);
     if (TextCommands::plainText(object).isEmpty()) {
         page()->removeObject(object);
         return;

@@ -84,6 +84,10 @@ public:
     void copy();
     /// Into the edited text, or as new objects; a text gets its upper left corner to \a place (scene).
     void paste(const QPointF &place);
+    /// The same with nothing but the characters of what is on the clipboard, as a text.
+    void pastePlainText(const QPointF &place);
+    /// Copies the selected objects beside themselves.
+    void duplicate();
     void removeSelected();
     void selectAll();
     /// The number of the style of all selected art texts; -1 when they have several, and without one.
@@ -109,9 +113,11 @@ private:
     QList<CVXRootObject *> selectedObjects() const;
     void selectOnly(const QList<CVXRootObject *> &objects);
     void adopt(CVXRootObject *object);
+    QJsonArray copiesOf(const QList<CVXRootObject *> &objects) const;
     bool pasteObjects(const QMimeData &data);
+    bool addCopies(const QJsonArray &copies, const QString &name);
     CVXRootObject *objectOfCopy(const QJsonObject &copy);
-    void pasteText(const QPointF &place);
+    void pasteText(const QPointF &place, bool rich);
 
     const PluginLoader *m_loader;
     std::unique_ptr<OpenPage> m_open;

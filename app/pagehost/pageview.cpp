@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/pageview.h"
 
+#include "app/pagehost/objectcommands.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/textcommands.h"
+#include "app/pagehost/viewpanning.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QKeyEvent>
@@ -18,6 +20,7 @@
 namespace {
 
 constexpr double pageMargin = 48; // around the page, page pixels
+constexpr double smallestMargin = 8; // around a selection that fills the view, page pixels
 constexpr int checkerSide = 8;    // of the ground under a transparent page
 
 /// The pointer over an edge or corner of an upright object, and the direction in which it points:
@@ -37,6 +40,21 @@ constexpr HandlePointer handlePointers[] = {
     {CObjAction::ACT_TopLeft,      225},
     {CObjAction::ACT_TopCentre,    270},
     {CObjAction::ACT_TopRight,     315},
+};
+// clang-format on
+
+struct ArrowKey {
+    Qt::Key key;
+    int across;
+    int down;
+};
+
+// clang-format off
+constexpr ArrowKey arrowKeys[] = {
+    {Qt::Key_Left,  -1,  0},
+    {Qt::Key_Right,  1,  0},
+    {Qt::Key_Up,     0, -1},
+    {Qt::Key_Down,   0,  1},
 };
 // clang-format on
 
@@ -97,9 +115,10 @@ PageView::PageView(QWidget *parent)
     setMouseTracking(true);
     setFrameShape(QFrame::NoFrame);
     setDragMode(QGraphicsView::RubberBandDrag);
-    setTransformationAnchor(QGraphicsView::AnchorUnderMouse);
+    setTransformationAnchor(QGraphicsView::NoAnchor); // zoomAt() holds the place itself
     setViewportUpdateMode(QGraphicsView::SmartViewportUpdate);
     resetPointer();
+    new ViewPanning(this); // which the view owns
 }
 
 void PageView::setSession(PageSession *session)
@@ -140,8 +159,23 @@ QPointF PageView::visibleCentre() const
 
 void PageView::setZoom(double zoom)
 {
+    zoomAt(zoom, QRectF(viewport()->rect()).center());
+}
+
+void PageView::zoomAt(double zoom, const QPointF &pos)
+{
     if (!std::isfinite(zoom))
         return;
+    const QPointF held = viewportTransform().inverted().map(pos);
+    applyZoom(zoom);
+    const QPointF way = viewportTransform().map(held) - pos;
+    const int across = qRound(isRightToLeft() ? -way.x() : way.x());
+    horizontalScrollBar()->setValue(horizontalScrollBar()->value() + across);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + qRound(way.y()));
+}
+
+void PageView::applyZoom(double zoom)
+{
     m_zoom = qBound(smallestZoom, zoom, largestZoom);
     setTransform(QTransform::fromScale(m_zoom, m_zoom));
     if (m_session) {
@@ -152,14 +186,31 @@ void PageView::setZoom(double zoom)
     Q_EMIT zoomChanged(m_zoom);
 }
 
+void PageView::fit(const QRectF &area)
+{
+    const QSizeF room = maximumViewportSize();
+    if (area.isEmpty() || room.isEmpty())
+        return;
+    applyZoom(qMin(room.width() / area.width(), room.height() / area.height()));
+    centerOn(area.center());
+}
+
 void PageView::fitPage()
+{
+    if (m_session)
+        fit(scene()->sceneRect());
+}
+
+void PageView::fitSelection()
 {
     if (!m_session)
         return;
-    const QSizeF room = maximumViewportSize();
-    const QSizeF wanted = scene()->sceneRect().size();
-    setZoom(qMin(room.width() / wanted.width(), room.height() / wanted.height()));
-    centerOn(scene()->sceneRect().center());
+    const QRectF bounds = ObjectCommands::selectionBounds(*m_session);
+    if (bounds.isNull())
+        return;
+    // Room for handles, and for a caret in a text without width.
+    const double margin = qMax(smallestMargin, 0.1 * qMax(bounds.width(), bounds.height()));
+    fit(bounds.adjusted(-margin, -margin, margin, margin));
 }
 
 void PageView::wheelEvent(QWheelEvent *event)
@@ -168,7 +219,7 @@ void PageView::wheelEvent(QWheelEvent *event)
         QGraphicsView::wheelEvent(event);
         return;
     }
-    setZoom(m_zoom * std::pow(1.25, event->angleDelta().y() / 120.0));
+    zoomAt(m_zoom * std::pow(1.25, event->angleDelta().y() / 120.0), event->position());
     event->accept();
 }
 
@@ -381,7 +432,34 @@ void PageView::keyPressEvent(QKeyEvent *event)
             return;
         }
     }
+    if (!edited && nudge(*event)) {
+        event->accept();
+        return;
+    }
     QGraphicsView::keyPressEvent(event);
+}
+
+bool PageView::isIdle() const
+{
+    return m_session && !m_session->editedObject() && !isDrawing() && !scene()->mouseGrabberItem();
+}
+
+/// The arrow keys move the selection by a pixel, with Shift by ten.
+bool PageView::nudge(const QKeyEvent &event)
+{
+    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
+    const bool isPlain = modifiers == Qt::NoModifier || modifiers == Qt::ShiftModifier;
+    if (!isPlain || !isIdle() || m_session->page()->getSelectedObjects().isEmpty())
+        return false;
+    for (const ArrowKey &arrow : arrowKeys) {
+        if (event.key() != arrow.key)
+            continue;
+        const double length = modifiers == Qt::ShiftModifier ? 10 : 1;
+        ObjectCommands::move(*m_session, QPointF(arrow.across, arrow.down) * length,
+                             /*continues=*/event.isAutoRepeat());
+        return true;
+    }
+    return false;
 }
 
 // Pointer shapes

@@ -32,9 +32,16 @@ public:
     static constexpr double smallestZoom = 0.05;
     static constexpr double largestZoom = 64;
     double zoom() const { return m_zoom; }
-    /// Out of bounds is brought within.
+    /// Out of bounds is brought within. The middle of what is shown stays there.
     void setZoom(double zoom);
+    /// The same; what lies under \a pos (viewport) stays there as far as the page reaches.
+    void zoomAt(double zoom, const QPointF &pos);
+    /// Shows the page with the ground around it as large as the view allows.
     void fitPage();
+    /// Shows the selected objects as large as the view allows; without one does nothing.
+    void fitSelection();
+    /// True while a page is shown, and no text is edited and nothing dragged.
+    bool isIdle() const;
 
     /// Shows the pointer for what an object says it is over: "direction" of its notification.
     void setDirection(const QString &direction, bool horizontal);
@@ -70,6 +77,9 @@ private:
     void grab(CVXRootObject *object);
     void releaseGrab();
     void showPointerOver(const QPointF &scenePos);
+    void applyZoom(double zoom);
+    void fit(const QRectF &area);
+    bool nudge(const QKeyEvent &event);
 
     PageSession *m_session = nullptr;
     int m_tool = EditorTool::Select;

@@ -13,6 +13,69 @@
     </message>
 </context>
 <context>
+    <name>ExportCommands</name>
+    <message>
+        <source>&amp;Export...</source>
+        <translation>导出(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Print...</source>
+        <translation>打印(&amp;P)...</translation>
+    </message>
+    <message>
+        <source>Copy as P&amp;icture</source>
+        <translation>复制为图片(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Export</source>
+        <translation>导出</translation>
+    </message>
+    <message>
+        <source>Picture of pixels (*.png)</source>
+        <translation>像素图片 (*.png)</translation>
+    </message>
+    <message>
+        <source>Picture of outlines (*.svg)</source>
+        <translation>轮廓图片 (*.svg)</translation>
+    </message>
+    <message>
+        <source>Document (*.pdf)</source>
+        <translation>文档 (*.pdf)</translation>
+    </message>
+    <message>
+        <source>A picture is a file with the suffix .png, .svg or .pdf.</source>
+        <translation>图片文件的后缀是 .png、.svg 或 .pdf。</translation>
+    </message>
+    <message>
+        <source>Exported %1</source>
+        <translation>已导出 %1</translation>
+    </message>
+    <message>
+        <source>The picture is not written.
+
+%1</source>
+        <translation>图片未写入。
+
+%1</translation>
+    </message>
+    <message>
+        <source>Dots per inch:</source>
+        <translation>每英寸点数：</translation>
+    </message>
+    <message>
+        <source>Print</source>
+        <translation>打印</translation>
+    </message>
+    <message>
+        <source>The page is not printed: the printer does not begin</source>
+        <translation>页面未打印：打印机无法开始</translation>
+    </message>
+    <message>
+        <source>No picture is copied: %1</source>
+        <translation>未复制图片：%1</translation>
+    </message>
+</context>
+<context>
     <name>FileCommands</name>
     <message>
         <source>&amp;New</source>
@@ -189,6 +252,18 @@ The page that is open stays as it is.</source>
         <source>Eight Sectors</source>
         <translation>米字格</translation>
     </message>
+    <message>
+        <source>Align</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>Change Order</source>
+        <translation>更改次序</translation>
+    </message>
+    <message>
+        <source>Duplicate</source>
+        <translation>再制</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -233,22 +308,6 @@ The page that is open stays as it is.</source>
         <translation>视图(&amp;V)</translation>
     </message>
     <message>
-        <source>Zoom &amp;In</source>
-        <translation>放大(&amp;I)</translation>
-    </message>
-    <message>
-        <source>Zoom &amp;Out</source>
-        <translation>缩小(&amp;O)</translation>
-    </message>
-    <message>
-        <source>&amp;Normal Size</source>
-        <translation>原始大小(&amp;N)</translation>
-    </message>
-    <message>
-        <source>&amp;Fit Page</source>
-        <translation>适合页面(&amp;F)</translation>
-    </message>
-    <message>
         <source>&amp;Select</source>
         <translation>选择(&amp;S)</translation>
     </message>
@@ -284,6 +343,135 @@ The page that is open stays as it is.</source>
     <message>
         <source>The text cannot be edited: a font is missing (%1)</source>
         <translation>无法编辑文字：缺少字体（%1）</translation>
+    </message>
+    <message>
+        <source>&amp;Object</source>
+        <translation>对象(&amp;O)</translation>
+    </message>
+    <message>
+        <source>Paste P&amp;lain Text</source>
+        <translation>粘贴纯文本(&amp;L)</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectList</name>
+    <message>
+        <source>Objects</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>Objects of the page, the topmost first</source>
+        <translation>页面上的对象，最上面的在前</translation>
+    </message>
+    <message>
+        <source>Art text</source>
+        <translation>艺术字</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>%1, empty</source>
+        <comment>Text, empty</comment>
+        <translation>%1，空</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>Text: Hello</comment>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1, locked</source>
+        <comment>Text: Hello, locked</comment>
+        <translation>%1，已锁定</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectMenu</name>
+    <message>
+        <source>&amp;Edit Text</source>
+        <translation>编辑文本(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Duplicate</source>
+        <translation>再制(&amp;D)</translation>
+    </message>
+    <message>
+        <source>&amp;Lock</source>
+        <translation>锁定(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Order</source>
+        <translation>次序(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Align</source>
+        <translation>对齐(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Rotate</source>
+        <translation>旋转(&amp;R)</translation>
+    </message>
+    <message>
+        <source>90° to the &amp;Right</source>
+        <translation>向右 90°(&amp;R)</translation>
+    </message>
+    <message>
+        <source>90° to the &amp;Left</source>
+        <translation>向左 90°(&amp;L)</translation>
+    </message>
+    <message>
+        <source>To &amp;Front</source>
+        <translation>置于最前(&amp;F)</translation>
+    </message>
+    <message>
+        <source>For&amp;ward</source>
+        <translation>前移一层(&amp;W)</translation>
+    </message>
+    <message>
+        <source>Back&amp;ward</source>
+        <translation>后移一层(&amp;W)</translation>
+    </message>
+    <message>
+        <source>To &amp;Back</source>
+        <translation>置于最后(&amp;B)</translation>
+    </message>
+    <message>
+        <source>&amp;Left</source>
+        <translation>左对齐(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Centre</source>
+        <translation>水平居中(&amp;C)</translation>
+    </message>
+    <message>
+        <source>&amp;Right</source>
+        <translation>右对齐(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Top</source>
+        <translation>顶端对齐(&amp;T)</translation>
+    </message>
+    <message>
+        <source>&amp;Middle</source>
+        <translation>垂直居中(&amp;M)</translation>
+    </message>
+    <message>
+        <source>&amp;Bottom</source>
+        <translation>底端对齐(&amp;B)</translation>
+    </message>
+    <message>
+        <source>Equal Gaps &amp;Across</source>
+        <translation>横向等距(&amp;A)</translation>
+    </message>
+    <message>
+        <source>Equal Gaps &amp;Down</source>
+        <translation>纵向等距(&amp;D)</translation>
     </message>
 </context>
 <context>
@@ -615,6 +803,33 @@ The page that is open stays as it is.</source>
     <message>
         <source>Throw the unsaved changes of %1 away?</source>
         <translation>要丢弃 %1 未保存的更改吗？</translation>
+    </message>
+</context>
+<context>
+    <name>ViewMenu</name>
+    <message>
+        <source>Zoom &amp;In</source>
+        <translation>放大(&amp;I)</translation>
+    </message>
+    <message>
+        <source>Zoom &amp;Out</source>
+        <translation>缩小(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Normal Size</source>
+        <translation>原始大小(&amp;N)</translation>
+    </message>
+    <message>
+        <source>&amp;Fit Page</source>
+        <translation>适合页面(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Fit &amp;Selection</source>
+        <translation>适合所选(&amp;S)</translation>
+    </message>
+    <message>
+        <source>F&amp;ull Screen</source>
+        <translation>全屏(&amp;U)</translation>
     </message>
 </context>
 <context>

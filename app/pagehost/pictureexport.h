@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+// pictureexport.h -- the page and its objects as pictures: for files, the clipboard and paper.
+#ifndef PAGEHOST_PICTUREEXPORT_H
+#define PAGEHOST_PICTUREEXPORT_H
+
+#include "app/page/pagerenderer.h"
+
+#include <memory>
+
+class PageSession;
+class QMimeData;
+class QPrinter;
+
+/// Pictures show what the screen does, without handles, frames and caret; texts are outlines in them.
+/// Each function ends an open edit.
+namespace PictureExport {
+
+/// Writes the whole page to \a fileName, with its text as title and description. A file that was there
+/// before stays as it was when that fails: false, with \a error.
+/// \param scale PNG only: pixels for one of the page
+bool write(PageSession &session, PageRenderer::Format format, const QString &fileName, double scale,
+           QString &error);
+/// The selected objects alone, without background, for the clipboard: PNG, SVG and a plain image. Null
+/// with \a error when they show nothing or too much.
+std::unique_ptr<QMimeData> selectionPicture(PageSession &session, QString &error);
+/// Prints the page on the first sheet in its true size; one that is larger than the paper is made
+/// smaller. False when the printer does not begin.
+bool print(PageSession &session, QPrinter &printer);
+
+} // namespace PictureExport
+
+#endif
