@@ -27,6 +27,10 @@ constexpr HostString hostStrings[] = {
     {"IDS_ITEM_UNLOCK",              QT_TRANSLATE_NOOP("HostStrings", "Unlock")},
     {"IDS_IMAGE_ADJUST_ATTRIBUTE",   QT_TRANSLATE_NOOP("HostStrings", "Change Text")},
     {"IDS_TEXT_PROCESS",             QT_TRANSLATE_NOOP("HostStrings", "Change Text")},
+    {"IDS_ITEM_FLIP",                QT_TRANSLATE_NOOP("HostStrings", "Flip")},
+    {"IDS_ITEM_MIRROR",              QT_TRANSLATE_NOOP("HostStrings", "Mirror")},
+    {"IDS_TEXT_WARP",                QT_TRANSLATE_NOOP("HostStrings", "Warp")},
+    {"IDS_TEXT_REPLACE_FONT",        QT_TRANSLATE_NOOP("HostStrings", "Replace Font")},
     {"IDS_ART_STYLE",                QT_TRANSLATE_NOOP("HostStrings", "Change Style")},
     // Hints
     {"IDS_TEXT_DEFAULT_INPUTWORD",   QT_TRANSLATE_NOOP("HostStrings", "Please input text")},

@@ -10,6 +10,7 @@
 #include "app/pagehost/objectmenu.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
+#include "app/pagehost/panels.h"
 #include "app/pagehost/textcommands.h"
 #include "app/pagehost/viewmenu.h"
 #include "host/framework/cundoredo.h"
@@ -34,6 +35,7 @@ const QLatin1String textOperation("text_operation");
 
 /// "sub_operator" of a text operation.
 enum TextOperation {
+    Attributes = 0,
     MissingFonts = 1,
     EditState = 3,
     PointerLeft = 5,
@@ -48,6 +50,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     , m_view(new PageView(this))
     , m_files(new FileCommands(this, loader))
     , m_exports(new ExportCommands(this))
+    , m_panels(new Panels(this, m_view, loader))
     , m_tools(new QActionGroup(this))
     , m_zoomLabel(new QLabel(this))
 {
@@ -69,7 +72,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
             setTool(EditorTool::Select); // a rich text asks for it itself
         m_session->takeDrawn(object);
     });
-    resize(1000, 760);
+    resize(1300, 800);
     setTool(EditorTool::Select);
     takeSession(PageSession::create(m_loader));
 }
@@ -77,6 +80,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
 MainWindow::~MainWindow()
 {
     m_view->setSession(nullptr);
+    m_panels->setSession(nullptr);
     m_session.reset();
     m_framework->setEventSink(nullptr);
 }
@@ -115,6 +119,8 @@ void MainWindow::makeViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
     fillViewMenu(menu, this);
+    menu->addSeparator();
+    m_panels->addTo(menu->addMenu(tr("&Panels")));
     auto *objects = new ObjectList(this);
     addDockWidget(Qt::RightDockWidgetArea, objects);
     objects->hide(); // until it is asked for
@@ -193,6 +199,7 @@ void MainWindow::takeSession(std::unique_ptr<PageSession> session)
     m_session->page()->setToolController(this);
     m_view->setSession(m_session.get());
     connect(m_session.get(), &PageSession::stateChanged, this, &MainWindow::refresh);
+    m_panels->setSession(m_session.get());
     Q_EMIT sessionTaken(m_session.get());
     statusBar()->showMessage(m_session->warnings().join(QLatin1String("; ")));
     refresh();
@@ -282,6 +289,8 @@ void MainWindow::selectAll()
         m_session->selectAll();
 }
 
+// View
+
 void MainWindow::showZoom(double zoom)
 {
     m_zoomLabel->setText(tr("%1 %").arg(qRound(zoom * 100)));
@@ -289,12 +298,15 @@ void MainWindow::showZoom(double zoom)
 
 // What objects tell
 
-void MainWindow::notifyObjectEvent(CVXRootObject * /*object*/, const QString &key,
+void MainWindow::notifyObjectEvent(CVXRootObject *object, const QString &key,
                                    const AttributeMap &values)
 {
     if (key != textOperation || !m_session)
         return;
     switch (values.value(QStringLiteral("sub_operator")).toInt()) {
+    case Attributes:
+        m_panels->takeAttributes(object, values);
+        break;
     case MissingFonts:
         statusBar()->showMessage(tr("The text cannot be edited: a font is missing (%1)")
                                      .arg(values.value(QStringLiteral("familys"))

@@ -16,6 +16,7 @@ class FileCommands;
 class Framework;
 class PageSession;
 class PageView;
+class Panels;
 class PluginLoader;
 class QActionGroup;
 class QLabel;
@@ -40,6 +41,8 @@ public:
     PageView *view() const { return m_view; }
     /// What is done with files: the commands of the File menu and the questions about the page.
     FileCommands *files() const { return m_files; }
+    /// The panels beside the page.
+    Panels *panels() const { return m_panels; }
     void setTool(int tool);
 
 Q_SIGNALS:
@@ -71,6 +74,7 @@ private:
     void selectAll();
     bool sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers);
 
+    // View
     void refresh();
     void showZoom(double zoom);
 
@@ -85,6 +89,7 @@ private:
     PageView *m_view;
     FileCommands *m_files;
     ExportCommands *m_exports;
+    Panels *m_panels;
     std::unique_ptr<PageSession> m_session;
     QActionGroup *m_tools;
     QAction *m_undo = nullptr;

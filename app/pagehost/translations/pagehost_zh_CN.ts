@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ArtPanel</name>
+    <message>
+        <source>Styles of art text</source>
+        <translation>艺术字样式</translation>
+    </message>
+</context>
+<context>
     <name>BusySign</name>
     <message>
         <source>Cancel</source>
@@ -10,6 +17,117 @@
     <message>
         <source>Cancelling...</source>
         <translation>正在取消…</translation>
+    </message>
+</context>
+<context>
+    <name>CharacterPanel</name>
+    <message>
+        <source>Font</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>Color</source>
+        <translation>颜色</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>字号</translation>
+    </message>
+    <message>
+        <source>pt</source>
+        <translation>磅</translation>
+    </message>
+    <message>
+        <source>B</source>
+        <comment>sign of bold</comment>
+        <translation>B</translation>
+    </message>
+    <message>
+        <source>Bold</source>
+        <translation>粗体</translation>
+    </message>
+    <message>
+        <source>I</source>
+        <comment>sign of italic</comment>
+        <translation>I</translation>
+    </message>
+    <message>
+        <source>Italic</source>
+        <translation>斜体</translation>
+    </message>
+    <message>
+        <source>U</source>
+        <comment>sign of underline</comment>
+        <translation>U</translation>
+    </message>
+    <message>
+        <source>Underline</source>
+        <translation>下划线</translation>
+    </message>
+    <message>
+        <source>S</source>
+        <comment>sign of strikeout</comment>
+        <translation>S</translation>
+    </message>
+    <message>
+        <source>Strikeout</source>
+        <translation>删除线</translation>
+    </message>
+    <message>
+        <source>Style</source>
+        <translation>样式</translation>
+    </message>
+    <message>
+        <source>Superscript</source>
+        <translation>上标</translation>
+    </message>
+    <message>
+        <source>Subscript</source>
+        <translation>下标</translation>
+    </message>
+    <message>
+        <source>AA</source>
+        <comment>sign of capitals</comment>
+        <translation>AA</translation>
+    </message>
+    <message>
+        <source>Capitals</source>
+        <translation>全部大写</translation>
+    </message>
+    <message>
+        <source>Form</source>
+        <translation>形式</translation>
+    </message>
+    <message>
+        <source>Horizontal scale</source>
+        <translation>水平缩放</translation>
+    </message>
+    <message>
+        <source>Vertical scale</source>
+        <translation>垂直缩放</translation>
+    </message>
+    <message>
+        <source>Baseline shift</source>
+        <translation>基线偏移</translation>
+    </message>
+    <message>
+        <source>Letter spacing, in thousandths of the size</source>
+        <translation>字间距(字号的千分之一)</translation>
+    </message>
+    <message>
+        <source>Letter spacing</source>
+        <translation>字间距</translation>
+    </message>
+    <message>
+        <source>Row spacing</source>
+        <translation>行间距</translation>
+    </message>
+</context>
+<context>
+    <name>ColorButton</name>
+    <message>
+        <source>Several colors</source>
+        <translation>多种颜色</translation>
     </message>
 </context>
 <context>
@@ -171,6 +289,35 @@ The page that is open stays as it is.</source>
     </message>
 </context>
 <context>
+    <name>FlagButton</name>
+    <message>
+        <source>On for a part</source>
+        <translation>部分启用</translation>
+    </message>
+</context>
+<context>
+    <name>FontFamilyBox</name>
+    <message>
+        <source>This font is not installed</source>
+        <translation>此字体未安装</translation>
+    </message>
+    <message>
+        <source>Several fonts, or none</source>
+        <translation>多种字体或无</translation>
+    </message>
+</context>
+<context>
+    <name>HistoryPanel</name>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+    <message>
+        <source>The page as it was</source>
+        <translation>页面的最初状态</translation>
+    </message>
+</context>
+<context>
     <name>HostStrings</name>
     <message>
         <source>Add Object</source>
@@ -264,6 +411,22 @@ The page that is open stays as it is.</source>
         <source>Duplicate</source>
         <translation>再制</translation>
     </message>
+    <message>
+        <source>Flip</source>
+        <translation>垂直翻转</translation>
+    </message>
+    <message>
+        <source>Mirror</source>
+        <translation>水平翻转</translation>
+    </message>
+    <message>
+        <source>Warp</source>
+        <translation>变形</translation>
+    </message>
+    <message>
+        <source>Replace Font</source>
+        <translation>替换字体</translation>
+    </message>
 </context>
 <context>
     <name>MainWindow</name>
@@ -351,6 +514,48 @@ The page that is open stays as it is.</source>
     <message>
         <source>Paste P&amp;lain Text</source>
         <translation>粘贴纯文本(&amp;L)</translation>
+    </message>
+    <message>
+        <source>&amp;Panels</source>
+        <translation>面板(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>MissingFontsPanel</name>
+    <message>
+        <source>Replacement</source>
+        <translation>替换为</translation>
+    </message>
+    <message>
+        <source>All fonts of the page are installed.</source>
+        <translation>页面所用的字体均已安装。</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Missing fonts</source>
+        <translation>缺失的字体</translation>
+    </message>
+    <message>
+        <source>Replace the font</source>
+        <translation>替换该字体</translation>
+    </message>
+    <message>
+        <source>Keep the font</source>
+        <translation>保留该字体</translation>
+    </message>
+</context>
+<context>
+    <name>NumberField</name>
+    <message>
+        <source>Several values, or none</source>
+        <translation>多个值或无</translation>
     </message>
 </context>
 <context>
@@ -472,6 +677,77 @@ The page that is open stays as it is.</source>
     <message>
         <source>Equal Gaps &amp;Down</source>
         <translation>纵向等距(&amp;D)</translation>
+    </message>
+</context>
+<context>
+    <name>ObjectPanel</name>
+    <message>
+        <source>Direction of the text</source>
+        <translation>文字方向</translation>
+    </message>
+    <message>
+        <source>Lines</source>
+        <translation>横排</translation>
+    </message>
+    <message>
+        <source>Columns</source>
+        <translation>竖排</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Room of the text</source>
+        <translation>文字区域</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>单行</translation>
+    </message>
+    <message>
+        <source>Box</source>
+        <translation>文本框</translation>
+    </message>
+    <message>
+        <source>Box that grows</source>
+        <translation>自动增长的文本框</translation>
+    </message>
+    <message>
+        <source>Room</source>
+        <translation>区域</translation>
+    </message>
+    <message>
+        <source>Mirror left to right</source>
+        <translation>左右翻转</translation>
+    </message>
+    <message>
+        <source>Flip top to bottom</source>
+        <translation>上下翻转</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>像素</translation>
+    </message>
+    <message>
+        <source>X</source>
+        <translation>X</translation>
+    </message>
+    <message>
+        <source>Y</source>
+        <translation>Y</translation>
+    </message>
+    <message>
+        <source>Width</source>
+        <translation>宽度</translation>
+    </message>
+    <message>
+        <source>Height</source>
+        <translation>高度</translation>
+    </message>
+    <message>
+        <source>Angle</source>
+        <translation>角度</translation>
     </message>
 </context>
 <context>
@@ -763,6 +1039,124 @@ The page that is open stays as it is.</source>
     </message>
 </context>
 <context>
+    <name>Panels</name>
+    <message>
+        <source>Character</source>
+        <translation>字符</translation>
+    </message>
+    <message>
+        <source>Paragraph</source>
+        <translation>段落</translation>
+    </message>
+    <message>
+        <source>Object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>Warp</source>
+        <translation>变形</translation>
+    </message>
+    <message>
+        <source>Art Text</source>
+        <translation>艺术字</translation>
+    </message>
+    <message>
+        <source>Fonts</source>
+        <translation>字体</translation>
+    </message>
+    <message>
+        <source>History</source>
+        <translation>历史记录</translation>
+    </message>
+</context>
+<context>
+    <name>ParagraphPanel</name>
+    <message>
+        <source>Align left</source>
+        <translation>左对齐</translation>
+    </message>
+    <message>
+        <source>Align centered</source>
+        <translation>居中对齐</translation>
+    </message>
+    <message>
+        <source>Align right</source>
+        <translation>右对齐</translation>
+    </message>
+    <message>
+        <source>Justify all lines</source>
+        <translation>全部两端对齐</translation>
+    </message>
+    <message>
+        <source>Justify, last line left</source>
+        <translation>两端对齐,末行左对齐</translation>
+    </message>
+    <message>
+        <source>Justify, last line centered</source>
+        <translation>两端对齐,末行居中</translation>
+    </message>
+    <message>
+        <source>Justify, last line right</source>
+        <translation>两端对齐,末行右对齐</translation>
+    </message>
+    <message>
+        <source>Left indent</source>
+        <translation>左缩进</translation>
+    </message>
+    <message>
+        <source>Right indent</source>
+        <translation>右缩进</translation>
+    </message>
+    <message>
+        <source>First line indent</source>
+        <translation>首行缩进</translation>
+    </message>
+    <message>
+        <source>Space before</source>
+        <translation>段前间距</translation>
+    </message>
+    <message>
+        <source>Space after</source>
+        <translation>段后间距</translation>
+    </message>
+    <message>
+        <source>Punctuation at line ends</source>
+        <translation>行首行尾标点</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>Relaxed</source>
+        <translation>宽松</translation>
+    </message>
+    <message>
+        <source>Strict</source>
+        <translation>严格</translation>
+    </message>
+    <message>
+        <source>Line ends</source>
+        <translation>行首行尾</translation>
+    </message>
+    <message>
+        <source>Half-width Han punctuation</source>
+        <translation>半角中文标点</translation>
+    </message>
+    <message>
+        <source>Hyphenation</source>
+        <translation>断词</translation>
+    </message>
+    <message>
+        <source>Alignment</source>
+        <translation>对齐</translation>
+    </message>
+    <message>
+        <source>pt</source>
+        <translation>磅</translation>
+    </message>
+</context>
+<context>
     <name>RecoveryDialog</name>
     <message>
         <source>Recover Pages</source>
@@ -806,6 +1200,244 @@ The page that is open stays as it is.</source>
     </message>
 </context>
 <context>
+    <name>StyleNames</name>
+    <message>
+        <source>No Warp</source>
+        <translation>无变形</translation>
+    </message>
+    <message>
+        <source>Arc</source>
+        <translation>扇形</translation>
+    </message>
+    <message>
+        <source>Lower Arc</source>
+        <translation>下弧形</translation>
+    </message>
+    <message>
+        <source>Upper Arc</source>
+        <translation>上弧形</translation>
+    </message>
+    <message>
+        <source>Arch</source>
+        <translation>拱形</translation>
+    </message>
+    <message>
+        <source>Bulge</source>
+        <translation>凸出</translation>
+    </message>
+    <message>
+        <source>Lower Shell</source>
+        <translation>下贝壳形</translation>
+    </message>
+    <message>
+        <source>Upper Shell</source>
+        <translation>上贝壳形</translation>
+    </message>
+    <message>
+        <source>Flag</source>
+        <translation>旗形</translation>
+    </message>
+    <message>
+        <source>Wave</source>
+        <translation>波形</translation>
+    </message>
+    <message>
+        <source>Fish</source>
+        <translation>鱼形</translation>
+    </message>
+    <message>
+        <source>Rise</source>
+        <translation>上升</translation>
+    </message>
+    <message>
+        <source>Fisheye</source>
+        <translation>鱼眼</translation>
+    </message>
+    <message>
+        <source>Inflate</source>
+        <translation>膨胀</translation>
+    </message>
+    <message>
+        <source>Squeeze</source>
+        <translation>挤压</translation>
+    </message>
+    <message>
+        <source>Twist</source>
+        <translation>扭转</translation>
+    </message>
+    <message>
+        <source>Rectangle</source>
+        <translation>矩形</translation>
+    </message>
+    <message>
+        <source>Cut Corners</source>
+        <translation>切角</translation>
+    </message>
+    <message>
+        <source>Triangle Up</source>
+        <translation>正三角</translation>
+    </message>
+    <message>
+        <source>Triangle Down</source>
+        <translation>倒三角</translation>
+    </message>
+    <message>
+        <source>Chevron Up</source>
+        <translation>上尖角</translation>
+    </message>
+    <message>
+        <source>Chevron Down</source>
+        <translation>下尖角</translation>
+    </message>
+    <message>
+        <source>Arcs Up</source>
+        <translation>上弧</translation>
+    </message>
+    <message>
+        <source>Arcs Down</source>
+        <translation>下弧</translation>
+    </message>
+    <message>
+        <source>Ring From Left</source>
+        <translation>左起圆环</translation>
+    </message>
+    <message>
+        <source>Ring From Right</source>
+        <translation>右起圆环</translation>
+    </message>
+    <message>
+        <source>Short Right</source>
+        <translation>右侧收短</translation>
+    </message>
+    <message>
+        <source>Short Left</source>
+        <translation>左侧收短</translation>
+    </message>
+    <message>
+        <source>Stroke Down</source>
+        <translation>下斜笔画</translation>
+    </message>
+    <message>
+        <source>Stroke Up</source>
+        <translation>上斜笔画</translation>
+    </message>
+    <message>
+        <source>Curves Up</source>
+        <translation>上曲线</translation>
+    </message>
+    <message>
+        <source>Curves Down</source>
+        <translation>下曲线</translation>
+    </message>
+    <message>
+        <source>Cosine Wave</source>
+        <translation>余弦波</translation>
+    </message>
+    <message>
+        <source>Sine Wave</source>
+        <translation>正弦波</translation>
+    </message>
+    <message>
+        <source>Two Cosine Waves</source>
+        <translation>双余弦波</translation>
+    </message>
+    <message>
+        <source>Two Sine Waves</source>
+        <translation>双正弦波</translation>
+    </message>
+    <message>
+        <source>Bottom Bulge</source>
+        <translation>底部凸出</translation>
+    </message>
+    <message>
+        <source>Bottom Hollow</source>
+        <translation>底部凹陷</translation>
+    </message>
+    <message>
+        <source>Top Bulge</source>
+        <translation>顶部凸出</translation>
+    </message>
+    <message>
+        <source>Top Hollow</source>
+        <translation>顶部凹陷</translation>
+    </message>
+    <message>
+        <source>Narrow Right</source>
+        <translation>右窄</translation>
+    </message>
+    <message>
+        <source>Narrow Left</source>
+        <translation>左窄</translation>
+    </message>
+    <message>
+        <source>Narrow Top</source>
+        <translation>上窄</translation>
+    </message>
+    <message>
+        <source>Narrow Bottom</source>
+        <translation>下窄</translation>
+    </message>
+    <message>
+        <source>Rising</source>
+        <translation>上升斜排</translation>
+    </message>
+    <message>
+        <source>Falling</source>
+        <translation>下降斜排</translation>
+    </message>
+    <message>
+        <source>Widening Rise</source>
+        <translation>渐宽上升</translation>
+    </message>
+    <message>
+        <source>Widening Fall</source>
+        <translation>渐宽下降</translation>
+    </message>
+    <message>
+        <source>Top Falling</source>
+        <translation>顶边下降</translation>
+    </message>
+    <message>
+        <source>Top Rising</source>
+        <translation>顶边上升</translation>
+    </message>
+    <message>
+        <source>Bottom Rising</source>
+        <translation>底边上升</translation>
+    </message>
+    <message>
+        <source>Bottom Falling</source>
+        <translation>底边下降</translation>
+    </message>
+    <message>
+        <source>Peak</source>
+        <translation>尖峰</translation>
+    </message>
+    <message>
+        <source>Point</source>
+        <translation>尖底</translation>
+    </message>
+    <message>
+        <source>Waist</source>
+        <translation>收腰</translation>
+    </message>
+    <message>
+        <source>Diamond</source>
+        <translation>菱形</translation>
+    </message>
+    <message>
+        <source>Bowl</source>
+        <translation>碗形</translation>
+    </message>
+</context>
+<context>
+    <name>TextSelection</name>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
     <name>ViewMenu</name>
     <message>
         <source>Zoom &amp;In</source>
@@ -830,6 +1462,49 @@ The page that is open stays as it is.</source>
     <message>
         <source>F&amp;ull Screen</source>
         <translation>全屏(&amp;U)</translation>
+    </message>
+</context>
+<context>
+    <name>WarpPanel</name>
+    <message>
+        <source>Reset</source>
+        <translation>重置</translation>
+    </message>
+    <message>
+        <source>Warp styles</source>
+        <translation>变形样式</translation>
+    </message>
+    <message>
+        <source>Bend</source>
+        <translation>弯曲</translation>
+    </message>
+    <message>
+        <source>Horizontal</source>
+        <translation>水平</translation>
+    </message>
+    <message>
+        <source>Vertical</source>
+        <translation>垂直</translation>
+    </message>
+    <message>
+        <source>Direction of the warp</source>
+        <translation>变形方向</translation>
+    </message>
+    <message>
+        <source>Along lines</source>
+        <translation>沿行</translation>
+    </message>
+    <message>
+        <source>Along columns</source>
+        <translation>沿列</translation>
+    </message>
+    <message>
+        <source>Direction</source>
+        <translation>方向</translation>
+    </message>
+    <message>
+        <source>Reset the warp</source>
+        <translation>重置变形</translation>
     </message>
 </context>
 <context>

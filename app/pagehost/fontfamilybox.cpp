@@ -1,0 +1,177 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/fontfamilybox.h"
+
+#include "app/pagehost/settings.h"
+#include "host/fontdatabase/cfontdatabase.h"
+
+#include <QAction>
+#include <QCompleter>
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QStandardItemModel>
+#include <QStyle>
+
+namespace {
+
+constexpr int mostRecent = 8;
+constexpr int listWidth = 260; // pixels
+const QString recentKey = QStringLiteral("recentFamilies");
+
+QStandardItem *itemOf(const QString &family)
+{
+    auto *item = new QStandardItem(family);
+    QFont font(family);
+    font.setStyleStrategy(QFont::NoFontMerging); // a face that lacks its own name is no preview
+    if (QFontDatabase().writingSystems(family).contains(QFontDatabase::Latin))
+        item->setFont(font); // a face of symbols alone would make its name unreadable
+    item->setEditable(false);
+    return item;
+}
+
+} // namespace
+
+FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
+    : QComboBox(parent)
+    , m_families(new QStandardItemModel(this))
+{
+    setAccessibleName(name);
+    setToolTip(name);
+    setEditable(true);
+    setInsertPolicy(NoInsert);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(8);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto *list = new QListView(this);
+    list->setUniformItemSizes(true); // faces are loaded for the rows that are seen
+    list->setMinimumWidth(listWidth);
+    setView(list);
+    fill();
+    setModel(m_families);
+    auto *search = new QCompleter(m_families, this);
+    search->setFilterMode(Qt::MatchContains);
+    search->setCaseSensitivity(Qt::CaseInsensitive);
+    search->setCompletionMode(QCompleter::PopupCompletion);
+    setCompleter(search);
+    m_missingSign = lineEdit()->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning),
+                                          QLineEdit::TrailingPosition);
+    m_missingSign->setText(tr("This font is not installed"));
+    m_missingSign->setVisible(false);
+    connect(this, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int row) { take(itemText(row)); });
+    connect(this, QOverload<int>::of(&QComboBox::highlighted), this,
+            [this](int row) { Q_EMIT tried(itemText(row)); });
+    connect(search, QOverload<const QString &>::of(&QCompleter::activated), this,
+            &FontFamilyBox::take);
+    show(QString());
+}
+
+void FontFamilyBox::fill()
+{
+    m_families->clear();
+    const QStringList recent = recentFamilies();
+    for (const QString &family : recent) {
+        if (CFontDatabase::instance()->fontExists(family))
+            m_families->appendRow(itemOf(family));
+    }
+    const int ahead = m_families->rowCount();
+    const QStringList all = QFontDatabase().families();
+    for (const QString &family : all) {
+        if (!QFontDatabase().isPrivateFamily(family) && !recent.contains(family))
+            m_families->appendRow(itemOf(family));
+    }
+    if (ahead > 0 && ahead < m_families->rowCount()) {
+        auto *line = new QStandardItem;
+        line->setData(QStringLiteral("separator"), Qt::AccessibleDescriptionRole);
+        line->setFlags(Qt::NoItemFlags);
+        m_families->insertRow(ahead, line);
+    }
+}
+
+void FontFamilyBox::show(const QString &family)
+{
+    if (lineEdit()->isModified() && hasFocus())
+        return; // the user is at it
+    m_family = family;
+    m_isMissing = !family.isEmpty() && !CFontDatabase::instance()->fontExists(family);
+    setCurrentIndex(findText(family, Qt::MatchFixedString));
+    setEditText(family);
+    lineEdit()->setCursorPosition(0);
+    m_missingSign->setVisible(m_isMissing);
+    setAccessibleDescription(m_isMissing       ? m_missingSign->text()
+                             : family.isEmpty() ? tr("Several fonts, or none")
+                                                : QString());
+}
+
+QStringList FontFamilyBox::recentFamilies()
+{
+    return Settings().value(recentKey).toStringList().mid(0, mostRecent);
+}
+
+void FontFamilyBox::noteRecent(const QString &family)
+{
+    QStringList families = recentFamilies();
+    families.removeAll(family);
+    families.prepend(family);
+    Settings().setValue(recentKey, QStringList(families.mid(0, mostRecent)));
+}
+
+void FontFamilyBox::showPopup()
+{
+    fill();
+    show(m_family);
+    QComboBox::showPopup();
+}
+
+void FontFamilyBox::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (event->key() == Qt::Key_Escape) {
+        lineEdit()->setModified(false);
+        show(m_family);
+    } else if (isEnter) {
+        takeTyped();
+    } else {
+        QComboBox::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    Q_EMIT left();
+}
+
+void FontFamilyBox::focusOutEvent(QFocusEvent *event)
+{
+    QComboBox::focusOutEvent(event);
+    if (event->reason() == Qt::PopupFocusReason) // of the search
+        return;
+    takeTyped();
+}
+
+/// What is typed counts when it names a family, or when it is a part of one name at least: the first.
+void FontFamilyBox::takeTyped()
+{
+    if (!lineEdit()->isModified())
+        return;
+    lineEdit()->setModified(false);
+    const QString typed = lineEdit()->text().trimmed();
+    int row = typed.isEmpty() ? -1 : findText(typed, Qt::MatchFixedString);
+    if (row < 0 && !typed.isEmpty())
+        row = findText(typed, Qt::MatchStartsWith);
+    if (row < 0 && !typed.isEmpty())
+        row = findText(typed, Qt::MatchContains);
+    if (row < 0)
+        show(m_family);
+    else
+        take(itemText(row));
+}
+
+void FontFamilyBox::take(const QString &family)
+{
+    lineEdit()->setModified(false);
+    if (family.isEmpty())
+        return;
+    show(family);
+    noteRecent(family);
+    Q_EMIT picked(family);
+}

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+// fontfamilybox.h -- the choice of a font family.
+#ifndef PAGEHOST_FONTFAMILYBOX_H
+#define PAGEHOST_FONTFAMILYBOX_H
+
+#include <QComboBox>
+#include <QStringList>
+
+class QStandardItemModel;
+
+/// All installed families, each in its own face, ahead of them those used last. Typing searches: any
+/// part of a name finds it. A family that is not installed is shown with a sign.
+class FontFamilyBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit FontFamilyBox(const QString &name, QWidget *parent = nullptr);
+
+    /// Shows \a family; an empty field for an empty name. Tells nobody.
+    void show(const QString &family);
+    QString family() const { return m_family; }
+    bool isMissing() const { return m_isMissing; }
+
+    /// The families used last, the very last first.
+    static QStringList recentFamilies();
+    static void noteRecent(const QString &family);
+
+Q_SIGNALS:
+    /// The user wants \a family, which is installed.
+    void picked(const QString &family);
+    /// The pointer or the keys rest on \a family in the open list.
+    void tried(const QString &family);
+    /// The user has left the field by Enter or Escape.
+    void left();
+
+protected:
+    void showPopup() override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+
+private:
+    void fill();
+    void takeTyped();
+    void take(const QString &family);
+
+    QStandardItemModel *m_families;
+    QAction *m_missingSign;
+    QString m_family;
+    bool m_isMissing = false;
+};
+
+#endif

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/objectpanel.h"
+
+#include "app/pagehost/pagesession.h"
+#include "app/pagehost/panelfields.h"
+#include "app/pagehost/textselection.h"
+#include "host/framework/cundoredo.h"
+#include "host/framework/cvxrootobject.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFormLayout>
+#include <QSignalBlocker>
+
+#include <cmath>
+
+namespace {
+
+constexpr double farthest = 100000; // page pixels
+constexpr double fullTurn = 360;
+const QString horizontalKey = QStringLiteral("text_horizontal");
+const QString wrapKey = QStringLiteral("text_wordwrap");
+const QString growsKey = QStringLiteral("text_auto_wordwrap");
+
+/// How a text takes its room.
+enum Form {
+    LineForm,
+    BoxForm,
+    GrowingBoxForm,
+};
+
+/// Turns an object to its mirror image, top to bottom or left to right.
+class MirrorStep : public CWbUndoCmd
+{
+public:
+    MirrorStep(CVXRootObject *object, bool flips, bool on)
+        : m_flips(flips)
+        , m_on(on)
+    {
+        m_object = object;
+        setText(flips ? QStringLiteral("IDS_ITEM_FLIP") : QStringLiteral("IDS_ITEM_MIRROR"));
+    }
+
+    void undo() override { set(!m_on); }
+    void redo() override { set(m_on); }
+
+private:
+    void set(bool on)
+    {
+        if (!m_object)
+            return;
+        if (m_flips)
+            m_object->setFlip(on, /*notify=*/true);
+        else
+            m_object->setMirror(on, /*notify=*/true);
+        m_object->update();
+    }
+
+    bool m_flips;
+    bool m_on;
+};
+
+/// What all \a objects have in common; invalid when they differ.
+template <typename Read> QVariant common(const QList<CVXRootObject *> &objects, const Read &read)
+{
+    QVariant value;
+    for (CVXRootObject *object : objects) {
+        const QVariant own = read(object);
+        if (object == objects.constFirst())
+            value = own;
+        else if (own != value)
+            return {};
+    }
+    return value;
+}
+
+/// From -180 to 180 degrees.
+double nearestAngle(double angle)
+{
+    return std::remainder(angle, fullTurn);
+}
+
+} // namespace
+
+ObjectPanel::ObjectPanel(TextSelection *selection)
+    : m_selection(selection)
+    , m_direction(new QComboBox)
+    , m_form(new QComboBox)
+{
+    auto *form = new QFormLayout(this);
+    m_direction->setObjectName(QStringLiteral("direction"));
+    m_direction->setAccessibleName(tr("Direction of the text"));
+    m_direction->addItems({tr("Lines"), tr("Columns")});
+    form->addRow(tr("Direction"), m_direction);
+    connect(m_direction, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
+        m_selection->apply({{horizontalKey, index == 0}});
+        Q_EMIT m_selection->pageWanted();
+    });
+    m_form->setObjectName(QStringLiteral("form"));
+    m_form->setAccessibleName(tr("Room of the text"));
+    m_form->addItems({tr("Line"), tr("Box"), tr("Box that grows")});
+    form->addRow(tr("Room"), m_form);
+    connect(m_form, QOverload<int>::of(&QComboBox::activated), this, &ObjectPanel::setForm);
+
+    addFlag(form, "mirror", tr("Mirror left to right"), /*flips=*/false,
+            [](CVXRootObject *object) { return object->isMirror(); });
+    addFlag(form, "flip", tr("Flip top to bottom"), /*flips=*/true,
+            [](CVXRootObject *object) { return object->isFlip(); });
+
+    const auto length = [](const QString &name, double smallest) {
+        return new NumberField(name, smallest, farthest, 2, tr("px"));
+    };
+    addPlace(form, "x", length(tr("X"), -farthest), "IDS_ITEM_MOVE",
+             [](CVXRootObject *object) { return object->getPos().x(); },
+             [](CVXRootObject *object, double x) {
+                 object->setPos({x, object->getPos().y()}, /*undo=*/true);
+             });
+    addPlace(form, "y", length(tr("Y"), -farthest), "IDS_ITEM_MOVE",
+             [](CVXRootObject *object) { return object->getPos().y(); },
+             [](CVXRootObject *object, double y) {
+                 object->setPos({object->getPos().x(), y}, /*undo=*/true);
+             });
+    addPlace(form, "width", length(tr("Width"), 1), "IDS_ITEM_RESIZE",
+             [](CVXRootObject *object) { return object->getSize().width(); },
+             [](CVXRootObject *object, double width) {
+                 object->setSize({width, object->getSize().height()}, /*undo=*/true,
+                                 /*notify=*/true);
+             });
+    addPlace(form, "height", length(tr("Height"), 1), "IDS_ITEM_RESIZE",
+             [](CVXRootObject *object) { return object->getSize().height(); },
+             [](CVXRootObject *object, double height) {
+                 object->setSize({object->getSize().width(), height}, /*undo=*/true,
+                                 /*notify=*/true);
+             });
+    auto *angle = new NumberField(tr("Angle"), -fullTurn, fullTurn, 2, QStringLiteral("°"));
+    addPlace(form, "angle", angle, "IDS_ITEM_ROTATE",
+             [](CVXRootObject *object) { return nearestAngle(object->getRotate()); },
+             [](CVXRootObject *object, double degrees) {
+                 object->rotateObj(nearestAngle(degrees - object->getRotate()), /*undo=*/true);
+             });
+    connect(m_selection, &TextSelection::changed, this, &ObjectPanel::refreshText);
+    connect(m_selection, &TextSelection::placeChanged, this, &ObjectPanel::refreshPlace);
+    refreshText();
+}
+
+void ObjectPanel::addPlace(QFormLayout *form, const char *name, NumberField *field,
+                           const char *stepName, Read read, Write write)
+{
+    field->setObjectName(QLatin1String(name));
+    form->addRow(field->accessibleName(), field);
+    m_places.push_back({field, read});
+    const QString step = QLatin1String(stepName);
+    connect(field, &NumberField::entered, this, [this, step, write](double value) {
+        const QList<CVXRootObject *> open = openObjects();
+        if (open.isEmpty())
+            return;
+        CUndoRedo *stack = m_selection->session()->undoStack();
+        stack->beginGroup(step);
+        for (CVXRootObject *object : open)
+            write(object, value);
+        stack->endGroup();
+        refreshPlace();
+    });
+    connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
+}
+
+void ObjectPanel::addFlag(QFormLayout *form, const char *name, const QString &text, bool flips,
+                          ReadFlag read)
+{
+    auto *box = new QCheckBox(text);
+    box->setAccessibleName(text);
+    box->setObjectName(QLatin1String(name));
+    box->setFocusPolicy(Qt::TabFocus);
+    form->addRow(box);
+    m_flags.push_back({box, read});
+    connect(box, &QCheckBox::clicked, this, [this, box, flips, read] {
+        const bool on = box->checkState() != Qt::Unchecked;
+        const QList<CVXRootObject *> open = openObjects();
+        if (open.isEmpty())
+            return;
+        CUndoRedo *stack = m_selection->session()->undoStack();
+        stack->beginGroup(flips ? QStringLiteral("IDS_ITEM_FLIP")
+                                : QStringLiteral("IDS_ITEM_MIRROR"));
+        for (CVXRootObject *object : open) {
+            if (read(object) != on)
+                stack->push(new MirrorStep(object, flips, on));
+        }
+        stack->endGroup();
+        refreshPlace();
+    });
+}
+
+QList<CVXRootObject *> ObjectPanel::openObjects() const
+{
+    QList<CVXRootObject *> open;
+    const QList<CVXRootObject *> all = m_selection->objects();
+    for (CVXRootObject *object : all) {
+        if (!object->isLocked())
+            open.append(object);
+    }
+    return open;
+}
+
+void ObjectPanel::setForm(int form)
+{
+    m_selection->apply({{wrapKey, form != LineForm}, {growsKey, form == GrowingBoxForm}});
+    Q_EMIT m_selection->pageWanted();
+}
+
+void ObjectPanel::refreshText()
+{
+    const bool isText = !m_selection->openTexts().isEmpty();
+    m_direction->setEnabled(isText);
+    m_form->setEnabled(isText);
+    const QVariant horizontal = m_selection->value(horizontalKey);
+    m_direction->setCurrentIndex(horizontal.isValid() ? int(!horizontal.toBool()) : -1);
+    const QVariant wraps = m_selection->value(wrapKey);
+    const QVariant grows = m_selection->value(growsKey);
+    if (!wraps.isValid() || (wraps.toBool() && !grows.isValid()))
+        m_form->setCurrentIndex(-1);
+    else if (!wraps.toBool())
+        m_form->setCurrentIndex(LineForm);
+    else
+        m_form->setCurrentIndex(grows.toBool() ? GrowingBoxForm : BoxForm);
+    refreshPlace();
+}
+
+void ObjectPanel::refreshPlace()
+{
+    const QList<CVXRootObject *> all = m_selection->objects();
+    setEnabled(!openObjects().isEmpty());
+    for (const Place &place : m_places)
+        place.field->show(common(all, place.read));
+    for (const Flag &flag : m_flags) {
+        const QSignalBlocker blocker(flag.box);
+        const QVariant value = common(all, flag.read);
+        flag.box->setTristate(!value.isValid() && !all.isEmpty());
+        if (value.isValid() || all.isEmpty())
+            flag.box->setChecked(value.toBool());
+        else
+            flag.box->setCheckState(Qt::PartiallyChecked);
+    }
+}

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/panelfields.h"
+
+#include <QColorDialog>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPixmap>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr int signHeight = 3;             // pixels of the sign of several values
+constexpr QSize swatchSize(28, 14);
+
+QPixmap swatch(const QColor &color, const QPalette &palette)
+{
+    QPixmap picture(swatchSize);
+    picture.fill(Qt::white);
+    QPainter painter(&picture);
+    painter.setPen(palette.color(QPalette::Dark));
+    painter.setBrush(color.isValid() ? QBrush(color) : QBrush(Qt::gray, Qt::DiagCrossPattern));
+    painter.drawRect(0, 0, swatchSize.width() - 1, swatchSize.height() - 1);
+    return picture;
+}
+
+} // namespace
+
+// NumberField
+
+NumberField::NumberField(const QString &name, double smallest, double largest, int decimals,
+                         const QString &unit, double start)
+    : m_start(start)
+{
+    setAccessibleName(name);
+    setToolTip(name);
+    setDecimals(decimals);
+    setRange(smallest, largest);
+    if (!unit.isEmpty())
+        setSuffix(QLatin1Char(' ') + unit);
+    setKeyboardTracking(false);
+    setMinimumWidth(72);
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+    connect(this, &QAbstractSpinBox::editingFinished, this, &NumberField::commit);
+}
+
+void NumberField::show(const QVariant &value)
+{
+    if (m_isTyping && hasFocus())
+        return; // the user is at it
+    bool isNumber = false;
+    const double number = value.toDouble(&isNumber);
+    const QSignalBlocker blocker(this);
+    m_isTyping = false;
+    m_isMixed = !isNumber;
+    m_shown = isNumber ? number : m_start;
+    setValue(m_shown);
+    if (m_isMixed)
+        lineEdit()->clear();
+    else
+        lineEdit()->setText(prefix() + textFromValue(this->value()) + suffix());
+    setAccessibleDescription(m_isMixed ? tr("Several values, or none") : QString());
+}
+
+QString NumberField::textFromValue(double value) const
+{
+    if (m_isMixed && !m_isTyping)
+        return {};
+    QString text = locale().toString(value, 'f', decimals());
+    const QString point = locale().decimalPoint();
+    if (text.contains(point)) { // 12.50 reads as 12.5
+        while (text.endsWith(locale().zeroDigit()))
+            text.chop(1);
+        if (text.endsWith(point))
+            text.chop(point.size());
+    }
+    text.remove(locale().groupSeparator());
+    return text;
+}
+
+void NumberField::stepBy(int steps)
+{
+    const double from = m_isMixed && !m_isTyping ? m_start : value();
+    m_isMixed = false;
+    setValue(from + steps * singleStep());
+    m_isTyping = false;
+    m_shown = value();
+    Q_EMIT entered(m_shown);
+}
+
+void NumberField::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        m_isTyping = false;
+        show(m_isMixed ? QVariant() : QVariant(m_shown));
+        event->accept();
+        Q_EMIT left();
+        return;
+    }
+    QDoubleSpinBox::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        Q_EMIT left();
+    }
+}
+
+void NumberField::commit()
+{
+    if (!m_isTyping)
+        return;
+    m_isTyping = false;
+    const double number = value();
+    const bool isNew = m_isMixed || number != m_shown;
+    m_isMixed = false;
+    m_shown = number;
+    if (isNew)
+        Q_EMIT entered(number);
+}
+
+// FlagButton
+
+FlagButton::FlagButton(const QString &sign, const QString &name)
+{
+    setText(sign);
+    setAccessibleName(name);
+    setToolTip(name);
+    setCheckable(true);
+    setFocusPolicy(Qt::TabFocus);
+    setAutoRaise(true);
+    setMinimumSize(28, 26);
+    connect(this, &QAbstractButton::clicked, this, [this] { setMixed(false); });
+}
+
+void FlagButton::show(const QVariant &value)
+{
+    const QSignalBlocker blocker(this);
+    setChecked(value.toBool());
+    setMixed(!value.isValid());
+}
+
+void FlagButton::setMixed(bool mixed)
+{
+    m_isMixed = mixed;
+    setAccessibleDescription(mixed ? tr("On for a part") : QString());
+    update();
+}
+
+void FlagButton::paintEvent(QPaintEvent *event)
+{
+    QToolButton::paintEvent(event);
+    if (!m_isMixed || !isEnabled())
+        return;
+    QPainter painter(this);
+    painter.fillRect(QRect(6, height() - signHeight - 1, width() - 12, signHeight),
+                     palette().brush(QPalette::Highlight));
+}
+
+// ColorButton
+
+ColorButton::ColorButton(const QString &name)
+{
+    setAccessibleName(name);
+    setToolTip(name);
+    setFocusPolicy(Qt::TabFocus);
+    setIconSize(swatchSize);
+    show(QVariant());
+    connect(this, &QAbstractButton::clicked, this, &ColorButton::pick);
+}
+
+void ColorButton::show(const QVariant &value)
+{
+    m_color = value.value<QColor>();
+    setIcon(swatch(m_color, palette()));
+    setAccessibleDescription(m_color.isValid() ? m_color.name() : tr("Several colors"));
+}
+
+void ColorButton::pick()
+{
+    const QColor color = QColorDialog::getColor(m_color.isValid() ? m_color : QColor(Qt::black),
+                                                window(), accessibleName(),
+                                                QColorDialog::ShowAlphaChannel);
+    if (!color.isValid())
+        return;
+    show(color);
+    Q_EMIT picked(color);
+}
+
+// LiveSlider
+
+LiveSlider::LiveSlider(const QString &name)
+    : QSlider(Qt::Horizontal)
+{
+    setAccessibleName(name);
+    setToolTip(name);
+    connect(this, &QSlider::sliderPressed, this, [this] {
+        m_start = value();
+        m_hasMoved = false;
+        setFocus(); // for Escape
+    });
+    connect(this, &QSlider::valueChanged, this, &LiveSlider::take);
+    connect(this, &QSlider::sliderReleased, this, [this] {
+        if (m_hasMoved && !m_isGivenUp)
+            Q_EMIT committed(value());
+        m_hasMoved = false;
+    });
+}
+
+void LiveSlider::show(int value)
+{
+    if (isSliderDown())
+        return;
+    const QSignalBlocker blocker(this);
+    setValue(value);
+}
+
+void LiveSlider::take(int value)
+{
+    if (!isSliderDown()) {
+        Q_EMIT committed(value);
+        return;
+    }
+    m_hasMoved = true;
+    Q_EMIT previewed(value);
+}
+
+/// While it is dragged Escape is the slider's, whatever a menu makes of it.
+bool LiveSlider::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && isSliderDown()) {
+        event->accept();
+        return true;
+    }
+    return QSlider::event(event);
+}
+
+void LiveSlider::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() != Qt::Key_Escape || !isSliderDown()) {
+        QSlider::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    m_isGivenUp = true;
+    setSliderDown(false);
+    show(m_start);
+    Q_EMIT cancelled();
+}
+
+void LiveSlider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!m_isGivenUp)
+        QSlider::mouseMoveEvent(event);
+}
+
+void LiveSlider::mouseReleaseEvent(QMouseEvent *event)
+{
+    QSlider::mouseReleaseEvent(event);
+    m_isGivenUp = false;
+}

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+// panelfields.h -- controls of panels that can show that there are several values.
+#ifndef PAGEHOST_PANELFIELDS_H
+#define PAGEHOST_PANELFIELDS_H
+
+#include <QColor>
+#include <QDoubleSpinBox>
+#include <QSlider>
+#include <QToolButton>
+#include <QVariant>
+
+/// A number, or nothing when there are several. Enter and Tab take what is typed, Escape gives it up.
+class NumberField : public QDoubleSpinBox
+{
+    Q_OBJECT
+
+public:
+    /// \param name  for who cannot see the label beside it
+    /// \param start what a step in an empty field starts from
+    NumberField(const QString &name, double smallest, double largest, int decimals,
+                const QString &unit = QString(), double start = 0);
+
+    /// Shows \a value; an empty field for one that is no number. Tells nobody.
+    void show(const QVariant &value);
+    bool isMixed() const { return m_isMixed; }
+
+    void stepBy(int steps) override;
+
+Q_SIGNALS:
+    /// The user wants \a value.
+    void entered(double value);
+    /// The user has left the field by Enter or Escape.
+    void left();
+
+protected:
+    QString textFromValue(double value) const override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void commit();
+
+    double m_start;
+    double m_shown = 0;
+    bool m_isMixed = true;
+    bool m_isTyping = false;
+};
+
+/// A button that is on, off, or neither when there are both. A click makes it on or off and leaves the
+/// focus where it is.
+class FlagButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    FlagButton(const QString &sign, const QString &name);
+
+    /// Shows \a value; neither for an invalid one. Tells nobody.
+    void show(const QVariant &value);
+    bool isMixed() const { return m_isMixed; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void setMixed(bool mixed);
+
+    bool m_isMixed = false;
+};
+
+/// A colour, or a crossed field when there are several.
+class ColorButton : public QToolButton
+{
+    Q_OBJECT
+
+public:
+    explicit ColorButton(const QString &name);
+
+    /// Shows \a value; a crossed field for one that is no colour.
+    void show(const QVariant &value);
+    QColor color() const { return m_color; }
+
+Q_SIGNALS:
+    void picked(const QColor &color);
+
+private:
+    void pick();
+
+    QColor m_color;
+};
+
+/// A slider whose drag can be given up by Escape.
+class LiveSlider : public QSlider
+{
+    Q_OBJECT
+
+public:
+    explicit LiveSlider(const QString &name);
+
+    /// Moves the slider without telling anybody.
+    void show(int value);
+
+Q_SIGNALS:
+    /// The drag goes on: \a value for now.
+    void previewed(int value);
+    /// The drag has ended, or a key has moved the slider: \a value for good.
+    void committed(int value);
+    /// Escape has ended the drag.
+    void cancelled();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    void take(int value);
+
+    int m_start = 0;           ///< ahead of the drag
+    bool m_hasMoved = false;   ///< in the drag
+    bool m_isGivenUp = false;  ///< until the button is released
+};
+
+#endif

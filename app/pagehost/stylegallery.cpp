@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/stylegallery.h"
+
+#include <QKeyEvent>
+#include <QSignalBlocker>
+
+namespace {
+
+constexpr QSize pictureSize(72, 44);
+constexpr int cellMargin = 8;
+constexpr int picturesAtATime = 4;
+constexpr int pictureDelay = 60; // ms after which words that have changed are drawn
+
+} // namespace
+
+StyleGallery::StyleGallery(const QString &name, const MakePicture &makePicture)
+    : m_makePicture(makePicture)
+{
+    setAccessibleName(name);
+    setViewMode(IconMode);
+    setMovement(Static);
+    setResizeMode(Adjust);
+    setUniformItemSizes(true);
+    setIconSize(pictureSize);
+    setGridSize(pictureSize + QSize(cellMargin, cellMargin + fontMetrics().height()));
+    setTextElideMode(Qt::ElideRight);
+    setMinimumHeight(2 * gridSize().height());
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is
+    m_timer.setSingleShot(true);
+    m_timer.setInterval(pictureDelay);
+    connect(&m_timer, &QTimer::timeout, this, &StyleGallery::makeNext);
+    connect(this, &QListWidget::itemClicked, this, &StyleGallery::pick);
+}
+
+void StyleGallery::addStyle(int style, const QString &name)
+{
+    auto *item = new QListWidgetItem(name, this);
+    item->setData(Qt::UserRole, style);
+    item->setToolTip(name);
+    item->setSizeHint(gridSize()); // with the picture that is to come
+}
+
+void StyleGallery::setSample(const SampleText &text, int variant)
+{
+    if (text == m_text && variant == m_variant)
+        return;
+    m_text = text;
+    m_variant = variant;
+    m_next = 0;
+    if (isVisible())
+        m_timer.start();
+}
+
+void StyleGallery::show(int style)
+{
+    const QSignalBlocker blocker(this);
+    for (int row = 0; row < count(); ++row) {
+        if (item(row)->data(Qt::UserRole).toInt() != style)
+            continue;
+        if (currentRow() != row || !item(row)->isSelected())
+            setCurrentRow(row);
+        return;
+    }
+    clearSelection();
+    setCurrentItem(nullptr);
+}
+
+int StyleGallery::style() const
+{
+    const QList<QListWidgetItem *> chosen = selectedItems();
+    return chosen.isEmpty() ? -1 : chosen.constFirst()->data(Qt::UserRole).toInt();
+}
+
+void StyleGallery::showEvent(QShowEvent *event)
+{
+    QListWidget::showEvent(event);
+    if (m_next < count())
+        m_timer.start();
+}
+
+void StyleGallery::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        if (currentItem())
+            pick(currentItem());
+        event->accept();
+        return;
+    default:
+        QListWidget::keyPressEvent(event);
+    }
+}
+
+void StyleGallery::makeNext()
+{
+    if (!isVisible())
+        return;
+    for (int made = 0; made < picturesAtATime && m_next < count(); ++made, ++m_next) {
+        QListWidgetItem *next = item(m_next);
+        const QPixmap picture =
+            m_makePicture(m_text, next->data(Qt::UserRole).toInt(), pictureSize);
+        QIcon icon(picture);
+        icon.addPixmap(picture, QIcon::Selected); // as it is, without a tint
+        next->setIcon(icon);
+    }
+    if (m_next < count())
+        m_timer.start(0);
+    m_timer.setInterval(pictureDelay);
+}
+
+void StyleGallery::pick(const QListWidgetItem *item)
+{
+    Q_EMIT picked(item->data(Qt::UserRole).toInt());
+}
