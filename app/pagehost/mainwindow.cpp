@@ -139,7 +139,7 @@ void MainWindow::makeTools()
     QMenu *menu = menuBar()->addMenu(tr("&Tools"));
     menu->addActions(m_tools->actions());
     menu->addSeparator();
-    makeStyleMenu(menu->addMenu(tr("Art &Style")));
+    makeStyleMenu(menu->addMenu(tr("Art St&yle")));
     QToolBar *bar = addToolBar(tr("Tools"));
     bar->setObjectName(QStringLiteral("tools"));
     bar->addActions(m_tools->actions());

@@ -62,7 +62,7 @@ void ObjectMenu::addOrder(QMenu *menu)
     add(menu, "toFront", tr("To &Front"), Qt::CTRL + Qt::SHIFT + Qt::Key_BracketRight,
         arrange(Order::ToFront));
     add(menu, "forward", tr("For&ward"), Qt::CTRL + Qt::Key_BracketRight, arrange(Order::Forward));
-    add(menu, "backward", tr("Back&ward"), Qt::CTRL + Qt::Key_BracketLeft,
+    add(menu, "backward", tr("Bac&kward"), Qt::CTRL + Qt::Key_BracketLeft,
         arrange(Order::Backward));
     add(menu, "toBack", tr("To &Back"), Qt::CTRL + Qt::SHIFT + Qt::Key_BracketLeft,
         arrange(Order::ToBack));

@@ -112,7 +112,7 @@
     </message>
     <message>
         <source>Letter spacing, in thousandths of the size</source>
-        <translation>字间距(字号的千分之一)</translation>
+        <translation>字间距（字号的千分之一）</translation>
     </message>
     <message>
         <source>Letter spacing</source>
@@ -409,7 +409,7 @@ The page that is open stays as it is.</source>
     </message>
     <message>
         <source>Duplicate</source>
-        <translation>再制</translation>
+        <translation>创建副本</translation>
     </message>
     <message>
         <source>Flip</source>
@@ -487,8 +487,8 @@ The page that is open stays as it is.</source>
         <translation>工具(&amp;T)</translation>
     </message>
     <message>
-        <source>Art &amp;Style</source>
-        <translation>艺术字样式(&amp;S)</translation>
+        <source>Art St&amp;yle</source>
+        <translation>艺术字样式(&amp;Y)</translation>
     </message>
     <message>
         <source>Tools</source>
@@ -600,11 +600,11 @@ The page that is open stays as it is.</source>
     <name>ObjectMenu</name>
     <message>
         <source>&amp;Edit Text</source>
-        <translation>编辑文本(&amp;E)</translation>
+        <translation>编辑文字(&amp;E)</translation>
     </message>
     <message>
         <source>&amp;Duplicate</source>
-        <translation>再制(&amp;D)</translation>
+        <translation>创建副本(&amp;D)</translation>
     </message>
     <message>
         <source>&amp;Lock</source>
@@ -639,8 +639,8 @@ The page that is open stays as it is.</source>
         <translation>前移一层(&amp;W)</translation>
     </message>
     <message>
-        <source>Back&amp;ward</source>
-        <translation>后移一层(&amp;W)</translation>
+        <source>Bac&amp;kward</source>
+        <translation>后移一层(&amp;K)</translation>
     </message>
     <message>
         <source>To &amp;Back</source>
@@ -1089,15 +1089,15 @@ The page that is open stays as it is.</source>
     </message>
     <message>
         <source>Justify, last line left</source>
-        <translation>两端对齐,末行左对齐</translation>
+        <translation>两端对齐，末行左对齐</translation>
     </message>
     <message>
         <source>Justify, last line centered</source>
-        <translation>两端对齐,末行居中</translation>
+        <translation>两端对齐，末行居中</translation>
     </message>
     <message>
         <source>Justify, last line right</source>
-        <translation>两端对齐,末行右对齐</translation>
+        <translation>两端对齐，末行右对齐</translation>
     </message>
     <message>
         <source>Left indent</source>
