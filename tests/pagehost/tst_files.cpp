@@ -20,15 +20,18 @@
 
 #include <QAction>
 #include <QDir>
+#include <QDirIterator>
 #include <QInputMethodEvent>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QLocale>
 #include <QListWidget>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QProgressDialog>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTranslator>
@@ -99,6 +102,8 @@ private Q_SLOTS:
     void hostStringsOfObjectsAreKnown_data();
     void hostStringsOfObjectsAreKnown();
     void programSpeaksChinese();
+    void noMenuHasAMnemonicTwice_data();
+    void noMenuHasAMnemonicTwice();
 
 private:
     PageSession *session() const { return m_window->session(); }
@@ -895,30 +900,38 @@ void TestFiles::savingThatIsGivenUpLeavesFile()
 
 // Languages
 
+/// Of all that the sources name.
+static QSet<QString> keysOfHostStrings()
+{
+    QSet<QString> keys;
+    static const QRegularExpression form(QStringLiteral("\"(IDS_\\w+)\""));
+    for (const char *folder :
+         {"app", "arttext", "host", "layout", "plugin", "warp", "wordprocess"}) {
+        QDirIterator files(QStringLiteral(VX_SOURCE_DIR "/") + QLatin1String(folder),
+                           {QStringLiteral("*.cpp"), QStringLiteral("*.h")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (files.fileName() == QLatin1String("hoststrings.cpp")
+                || !file.open(QIODevice::ReadOnly))
+                continue;
+            QRegularExpressionMatchIterator found = form.globalMatch(
+                QString::fromUtf8(file.readAll()));
+            while (found.hasNext())
+                keys.insert(found.next().captured(1));
+        }
+    }
+    return keys;
+}
+
 void TestFiles::hostStringsOfObjectsAreKnown_data()
 {
     QTest::addColumn<QString>("key");
-    for (const char *key : {"IDS_ITEM_ADD_ITEM",
-                            "IDS_ITEM_DELETE_ITEM",
-                            "IDS_ITEM_MOVE",
-                            "IDS_ITEM_RESIZE",
-                            "IDS_ITEM_ROTATE",
-                            "IDS_ITEM_LOCK",
-                            "IDS_ITEM_UNLOCK",
-                            "IDS_IMAGE_ADJUST_ATTRIBUTE",
-                            "IDS_TEXT_PROCESS",
-                            "IDS_TEXT_DEFAULT_INPUTWORD",
-                            "IDS_ARTWORD_BGCOLOR",
-                            "IDS_ARTWORD_FILL_COLOR",
-                            "IDS_ARTWORD_BGTranspare",
-                            "IDS_ARTWORD_TEXT_CONTENT",
-                            "IDS_ARTWORD_GRID_TYPE",
-                            "IDS_ARTWORD_DoPlay",
-                            "IDS_ARTWORD_PlayTimer",
-                            "IDS_ARTTEXT_GRIDTYPE_NOTHING",
-                            "IDS_ARTTEXT_GRIDTYPE_Tian",
-                            "IDS_ARTTEXT_GRIDTYPE_Mi"})
-        QTest::newRow(key) << QString::fromLatin1(key);
+    const QSet<QString> keys = keysOfHostStrings();
+    QVERIFY(keys.contains(QStringLiteral("IDS_ITEM_MOVE")));
+    QVERIFY(keys.contains(QStringLiteral("IDS_ARTTEXT_GRIDTYPE_Mi")));
+    for (const QString &key : keys)
+        QTest::newRow(qPrintable(key)) << key;
 }
 
 void TestFiles::hostStringsOfObjectsAreKnown()
@@ -927,13 +940,16 @@ void TestFiles::hostStringsOfObjectsAreKnown()
     QVERIFY(!m_framework->getLocalString(key, QString()).isEmpty());
 }
 
+static void removeTranslations()
+{
+    for (QTranslator *translator : qApp->findChildren<QTranslator *>())
+        delete translator; // which the application forgets then
+}
+
 void TestFiles::programSpeaksChinese()
 {
     installTranslations(QCoreApplication::instance(), QLocale(QStringLiteral("zh_CN")));
-    const auto inEnglishAgain = qScopeGuard([] {
-        for (QTranslator *translator : qApp->findChildren<QTranslator *>())
-            delete translator; // which the application forgets then
-    });
+    const auto inEnglishAgain = qScopeGuard(&removeTranslations);
     m_window.reset();
     m_window = std::make_unique<MainWindow>(&m_loader, m_framework.get());
     QCOMPARE(m_window->findChild<QAction *>(QStringLiteral("save"))->text(),
@@ -947,6 +963,37 @@ void TestFiles::programSpeaksChinese()
     QVERIFY(!PageSession::open(&m_loader, fileName, error));
     QVERIFY2(error.contains(QStringLiteral("第 2 行")), qPrintable(error));
     QVERIFY(problemText(problemOf(fileName), fileName).endsWith(QStringLiteral("已损坏。")));
+}
+
+void TestFiles::noMenuHasAMnemonicTwice_data()
+{
+    QTest::addColumn<QString>("language");
+    QTest::newRow("English") << QStringLiteral("en_US");
+    QTest::newRow("Chinese") << QStringLiteral("zh_CN");
+}
+
+void TestFiles::noMenuHasAMnemonicTwice()
+{
+    QFETCH(QString, language);
+    installTranslations(QCoreApplication::instance(), QLocale(language));
+    const auto inEnglishAgain = qScopeGuard(&removeTranslations);
+    m_window.reset();
+    m_window = std::make_unique<MainWindow>(&m_loader, m_framework.get());
+    QList<QWidget *> menus{m_window->menuBar()};
+    for (QMenu *menu : m_window->menuBar()->findChildren<QMenu *>())
+        menus.append(menu);
+    QVERIFY(menus.size() > 5);
+    for (const QWidget *menu : qAsConst(menus)) {
+        QMap<QKeySequence, QString> texts;
+        for (const QAction *action : menu->actions()) {
+            const QKeySequence mnemonic = QKeySequence::mnemonic(action->text());
+            if (mnemonic.isEmpty())
+                continue;
+            QVERIFY2(!texts.contains(mnemonic),
+                     qPrintable(texts.value(mnemonic) + QLatin1String(", ") + action->text()));
+            texts.insert(mnemonic, action->text());
+        }
+    }
 }
 
 QTEST_MAIN(TestFiles)
