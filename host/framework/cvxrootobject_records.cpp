@@ -19,8 +19,8 @@ constexpr quint16 RecordVersion = 1;
 
 using Fields = QVariantMap;
 
-/// A finite double under \a key; numbers in strings do not count.
-double number(const Fields &fields, const char *key)
+/// A finite double under \a key, \a otherwise without one; numbers in strings do not count.
+double number(const Fields &fields, const char *key, double otherwise = 0.0)
 {
     const QVariant value = fields.value(QLatin1String(key));
     switch (value.userType()) {
@@ -30,7 +30,7 @@ double number(const Fields &fields, const char *key)
     case QMetaType::Double:
         return BaseRecord::finite(value.toDouble());
     default:
-        return 0.0;
+        return otherwise;
     }
 }
 
@@ -77,8 +77,9 @@ QPen penFrom(const Fields &fields)
         return usualPen;
     return QPen(QColor(fields.value(QStringLiteral("color")).toString()),
                 qMax(0.0, number(fields, "width")),
-                oneOf(number(fields, "style"), {Qt::SolidLine, Qt::NoPen, Qt::DashLine, Qt::DotLine,
-                                                Qt::DashDotLine, Qt::DashDotDotLine}),
+                oneOf(number(fields, "style", Qt::SolidLine),
+                      {Qt::SolidLine, Qt::NoPen, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
+                       Qt::DashDotDotLine}),
                 oneOf(number(fields, "cap"), {Qt::SquareCap, Qt::FlatCap, Qt::RoundCap}),
                 oneOf(number(fields, "join"),
                       {Qt::BevelJoin, Qt::MiterJoin, Qt::RoundJoin, Qt::SvgMiterJoin}));
@@ -207,9 +208,9 @@ bool CVXRootObject::LoadJsonBaseData(QGraphicsItem *item, QJsonObject &json)
     if (json.value(QStringLiteral("version")).toInt() < 1)
         return false;
     QVariantMap fields;
-    static const char *const keys[] = {"x",      "y",       "rotation", "z",      "width", "height",
-                                       "locked", "created", "flip",     "mirror", "params",
-                                       "pen",    "fill"};
+    static const char *const keys[] = {"x",      "y",      "rotation", "z",    "width",
+                                       "height", "locked", "created",  "flip", "mirror",
+                                       "params", "pen",    "fill"};
     for (const char *key : keys) {
         const QString name = QLatin1String(key);
         fields.insert(name, BaseRecord::fromJson(json.value(name)));
