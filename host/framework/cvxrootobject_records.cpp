@@ -59,15 +59,17 @@ Fields penFields(const QPen &pen)
     };
 }
 
-/// \a value when it is one of \a known, the first of these otherwise.
+/// The style under \a key when it is one of \a known, the first of these otherwise.
 template<typename Style>
-Style oneOf(double value, std::initializer_list<Style> known)
+Style styleIn(const Fields &fields, const char *key, std::initializer_list<Style> known)
 {
+    const Style usual = *known.begin();
+    const double value = number(fields, key, usual);
     for (const Style style : known) {
         if (value == double(style))
             return style;
     }
-    return *known.begin();
+    return usual;
 }
 
 /// Patterns of dashes of one's own are not kept: such a pen reads as a solid one.
@@ -77,12 +79,12 @@ QPen penFrom(const Fields &fields)
         return usualPen;
     return QPen(QColor(fields.value(QStringLiteral("color")).toString()),
                 qMax(0.0, number(fields, "width")),
-                oneOf(number(fields, "style", Qt::SolidLine),
-                      {Qt::SolidLine, Qt::NoPen, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
-                       Qt::DashDotDotLine}),
-                oneOf(number(fields, "cap"), {Qt::SquareCap, Qt::FlatCap, Qt::RoundCap}),
-                oneOf(number(fields, "join"),
-                      {Qt::BevelJoin, Qt::MiterJoin, Qt::RoundJoin, Qt::SvgMiterJoin}));
+                styleIn(fields, "style",
+                        {Qt::SolidLine, Qt::NoPen, Qt::DashLine, Qt::DotLine, Qt::DashDotLine,
+                         Qt::DashDotDotLine}),
+                styleIn(fields, "cap", {Qt::SquareCap, Qt::FlatCap, Qt::RoundCap}),
+                styleIn(fields, "join",
+                        {Qt::BevelJoin, Qt::MiterJoin, Qt::RoundJoin, Qt::SvgMiterJoin}));
 }
 
 Fields fillFields(const CPageBgProp &fill)
