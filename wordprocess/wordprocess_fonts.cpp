@@ -411,8 +411,8 @@ int CWordProcess::surelyWideFrom(const QString &text, const QTextCharFormat &for
     if (letterSpacing(format) < 0 || STextItem::space_size(format, m_documentDpi).width() < 0)
         return nowhere; // longer text may be shorter
     const bool isRow = m_textOrientation == Qt::Horizontal;
-    const double scale = std::abs(wholePercent(format, isRow ? TextProperty::HorizontalScale
-                                                             : TextProperty::VerticalScale));
+    const double scale = std::abs(
+        wholePercent(format, isRow ? TextProperty::HorizontalScale : TextProperty::VerticalScale));
     const double em = QFontMetricsF(readRunStyle(format, m_documentDpi).font).height() * scale;
     // Behind a character that stands for itself more text changes what lies before it by less than an em.
     const double slack = 2 * em;
@@ -423,7 +423,8 @@ int CWordProcess::surelyWideFrom(const QString &text, const QTextCharFormat &for
                && !standsForItself(text.at(count)))
             ++count;
         double advance = 0;
-        const QSizeF ink = fragmentPath(QPointF(0, 0), format, text.left(count), advance, 0.0, false)
+        const QSizeF ink = fragmentPath(QPointF(0, 0), format, text.left(count), advance, 0.0,
+                                        false)
                                .boundingRect()
                                .size();
         if ((isRow ? ink.width() : ink.height()) > room + slack)

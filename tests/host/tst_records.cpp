@@ -458,8 +458,8 @@ void TestRecords::forgedPenReadsAsAPen()
     dress(object);
     QJsonObject json;
     QVERIFY(object.saveJson(json));
-    for (const QJsonValue &value : {QJsonValue(-5), QJsonValue(1e300), QJsonValue(QStringLiteral("x")),
-                                    QJsonValue(QJsonArray())}) {
+    for (const QJsonValue &value : {QJsonValue(-5), QJsonValue(1e300),
+                                    QJsonValue(QStringLiteral("x")), QJsonValue(QJsonArray())}) {
         QJsonObject pen = json.value(QLatin1String("pen")).toObject();
         const QStringList keys = pen.keys();
         QCOMPARE(keys.size(), 5);

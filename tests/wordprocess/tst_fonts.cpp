@@ -1084,7 +1084,8 @@ void TestFonts::fitOfALongTextIsThatOfHalvingAllOfIt_data()
     QTest::addColumn<QVariant>("value");
     const QString squares = loadBoxTestFont();
     const QString serif = QStringLiteral("Noto Serif");
-    const QString latin = QStringLiteral("The fishy fjord waffles  on, ' a f  V.A.T. -- if (so).  ");
+    const QString latin = QStringLiteral(
+        "The fishy fjord waffles  on, ' a f  V.A.T. -- if (so).  ");
     const QString arabic = QStringLiteral("\u0627\u0644\u0633\u0644\u0627\u0645 \u0639\u0644"
                                           "\u064a\u0643\u0645\u060c 12 abc ");
     const QString han = QStringLiteral("\u4e00\u4e01\u3002\u300c\u3042a \u4e02\U00020000");
