@@ -25,6 +25,9 @@ without_licence()
         xargs -r grep -L 'SPDX-License-Identifier: MIT'
 }
 
+# No grep -q behind a pipe here: it leaves at the first hit, and pipefail then takes the broken pipe for a
+# failure.
+
 # Names that libvxarttext exports and that are none of the factories and exported classes. Inline
 # functions and templates of Qt and the standard library, and the linker's own marks, do not count.
 foreign_exports()
@@ -38,7 +41,7 @@ foreign_exports()
         grep -vE "^$about$classes(::|\$)" |
         grep -vE "^(([a-z]+ )?[A-Za-z_:<>*& ]+ )?$about(std::|__gnu_cxx::|qt?_|Q[A-Z])"
     for factory in createObject_text createObject_arttext; do
-        nm -D --defined-only "$library" | grep -q " T $factory$" || echo "$factory is missing"
+        nm -D --defined-only "$library" | grep " T $factory$" >/dev/null || echo "$factory is missing"
     done
 }
 
@@ -48,7 +51,7 @@ missing_needs()
     local library="$build/lib/libvxarttext.so.1"
     [ -e "$library" ] || return
     for needed in libframework.so.1 libqimageex.so.1 libfontdatabase.so.1; do
-        ldd "$library" | grep -q "$needed => /" || echo "$needed is not found by the plug-in"
+        ldd "$library" | grep "$needed => /" >/dev/null || echo "$needed is not found by the plug-in"
     done
 }
 
@@ -57,7 +60,7 @@ linked_plugins()
 {
     for program in pagerender pagehost; do
         [ -e "$build/bin/$program" ] || continue
-        objdump -p "$build/bin/$program" | grep -q 'NEEDED *libvxarttext' &&
+        objdump -p "$build/bin/$program" | grep 'NEEDED *libvxarttext' >/dev/null &&
             echo "$program links the plug-in"
         nm -C "$build/bin/$program" | grep -E ' (CWordProcess|CWordManager|CVxArtText)::' | head -n 3
     done
