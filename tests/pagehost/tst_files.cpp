@@ -934,7 +934,7 @@ void TestFiles::hostStringsOfObjectsAreKnown()
             unknown.append(key);
     }
     unknown.sort();
-    QCOMPARE(unknown, QStringList());
+    QCOMPARE(unknown.join(QLatin1Char(' ')), QString());
 }
 
 static void removeTranslations()
