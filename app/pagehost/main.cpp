@@ -136,6 +136,7 @@ int run(const Options &options)
     }
     Framework framework;
     MainWindow window(&loader, &framework);
+    window.fitScreen();
     window.show();
     openPages(window, options);
     return QApplication::exec();

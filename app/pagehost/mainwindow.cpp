@@ -23,13 +23,16 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScreen>
 #include <QStatusBar>
+#include <QStyle>
 #include <QToolBar>
 
 namespace {
 
 constexpr int textObjectDrawn = 243; // command of a text object to the tools
 constexpr int statusTime = 10000; // ms
+constexpr QSize firstSize(1300, 800);
 
 const QLatin1String textOperation("text_operation");
 
@@ -72,7 +75,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
             setTool(EditorTool::Select); // a rich text asks for it itself
         m_session->takeDrawn(object);
     });
-    resize(1300, 800);
+    resize(firstSize);
     setTool(EditorTool::Select);
     takeSession(PageSession::create(m_loader));
 }
@@ -83,6 +86,14 @@ MainWindow::~MainWindow()
     m_panels->setSession(nullptr);
     m_session.reset();
     m_framework->setEventSink(nullptr);
+}
+
+void MainWindow::fitScreen()
+{
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    const QSize room = screen()->availableSize() - QSize(0, title);
+    resize(firstSize.boundedTo(room));
+    m_panels->leaveRoom(width());
 }
 
 // Menus

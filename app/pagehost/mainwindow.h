@@ -32,6 +32,9 @@ public:
     MainWindow(const PluginLoader *loader, Framework *framework);
     ~MainWindow() override;
 
+    /// Makes the window as large as it is at first, and never larger than its screen. A screen that is
+    /// too narrow for the panels shows the page alone.
+    void fitScreen();
     /// Opens the page of a file in place of the present one, without asking. False, after a message,
     /// for a file that cannot be opened: the present page stays.
     bool openFile(const QString &fileName);

@@ -21,7 +21,8 @@
 
 namespace {
 
-constexpr int panelWidth = 290; // pixels
+constexpr int panelWidth = 290;        // pixels
+constexpr double largestShare = 0.36; // of the window
 
 } // namespace
 
@@ -43,6 +44,7 @@ Panels::Panels(QMainWindow *window, PageView *view, const PluginLoader *loader)
     m_window->splitDockWidget(character, warp, Qt::Vertical); // ahead of the tabs, which go with one
     putTogether({character, paragraph, object});
     putTogether({warp, art, fonts, history});
+    history->raise(); // galleries take a while to draw: they wait until they are asked for
     connect(m_fonts, &MissingFontsPanel::fontsMissed, fonts, &QDockWidget::raise);
     // A panel behind another one counts as visible: only its dock knows better.
     connect(fonts, &QDockWidget::visibilityChanged, m_fonts, [this](bool isVisible) {
@@ -91,6 +93,17 @@ void Panels::addTo(QMenu *menu)
 {
     for (QDockWidget *dock : qAsConst(m_docks))
         menu->addAction(dock->toggleViewAction());
+}
+
+void Panels::leaveRoom(int windowWidth)
+{
+    int width = panelWidth;
+    for (const QDockWidget *dock : qAsConst(m_docks))
+        width = qMax(width, dock->minimumSizeHint().width());
+    if (width <= windowWidth * largestShare)
+        return;
+    for (QDockWidget *dock : qAsConst(m_docks))
+        dock->hide();
 }
 
 void Panels::setSession(PageSession *session)

@@ -29,6 +29,8 @@ public:
 
     /// Adds a command for each panel that shows and hides it.
     void addTo(QMenu *menu);
+    /// Hides all panels if they would take more than about a third of a window of \a windowWidth pixels.
+    void leaveRoom(int windowWidth);
     void setSession(PageSession *session);
     /// To be called when \a object tells its attributes.
     void takeAttributes(CVXRootObject *object, const AttributeMap &values);

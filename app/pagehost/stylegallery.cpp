@@ -9,7 +9,7 @@ namespace {
 constexpr QSize pictureSize(72, 44);
 constexpr int cellMargin = 8;
 constexpr int picturesAtATime = 4;
-constexpr int pictureDelay = 60; // ms after which words that have changed are drawn
+constexpr int pictureDelay = 60; // ms ahead of the next pictures, for keys to come first
 
 } // namespace
 
@@ -47,8 +47,8 @@ void StyleGallery::setSample(const SampleText &text, int variant)
     m_text = text;
     m_variant = variant;
     m_next = 0;
-    if (isVisible())
-        m_timer.start();
+    m_timer.stop();
+    viewport()->update();
 }
 
 void StyleGallery::show(int style)
@@ -71,10 +71,11 @@ int StyleGallery::style() const
     return chosen.isEmpty() ? -1 : chosen.constFirst()->data(Qt::UserRole).toInt();
 }
 
-void StyleGallery::showEvent(QShowEvent *event)
+/// Behind another panel the gallery is visible by its own account, but it is not painted.
+void StyleGallery::paintEvent(QPaintEvent *event)
 {
-    QListWidget::showEvent(event);
-    if (m_next < count())
+    QListWidget::paintEvent(event);
+    if (m_next < count() && !m_timer.isActive())
         m_timer.start();
 }
 
@@ -95,8 +96,8 @@ void StyleGallery::keyPressEvent(QKeyEvent *event)
 
 void StyleGallery::makeNext()
 {
-    if (!isVisible())
-        return;
+    if (viewport()->visibleRegion().isEmpty())
+        return; // the next painting goes on
     for (int made = 0; made < picturesAtATime && m_next < count(); ++made, ++m_next) {
         QListWidgetItem *next = item(m_next);
         const QPixmap picture =
@@ -106,8 +107,7 @@ void StyleGallery::makeNext()
         next->setIcon(icon);
     }
     if (m_next < count())
-        m_timer.start(0);
-    m_timer.setInterval(pictureDelay);
+        m_timer.start();
 }
 
 void StyleGallery::pick(const QListWidgetItem *item)

@@ -10,7 +10,8 @@
 
 #include <functional>
 
-/// Pictures are made when the gallery is first seen with other words, a few at a time.
+/// Pictures are made when the gallery is first seen with other words, a few at a time. One behind
+/// another panel makes none.
 class StyleGallery : public QListWidget
 {
     Q_OBJECT
@@ -34,7 +35,7 @@ Q_SIGNALS:
     void picked(int style);
 
 protected:
-    void showEvent(QShowEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
