@@ -31,10 +31,10 @@ QString familyOf(const QList<CVXRootObject *> &objects)
 
 ArtPanel::ArtPanel(TextSelection *selection, const PluginLoader *loader)
     : m_selection(selection)
-    , m_gallery(new StyleGallery(
-          tr("Styles of art text"), [loader](const SampleText &text, int style, const QSize &size) {
-              return artSample(loader, text, style, size);
-          }))
+    , m_gallery(new StyleGallery(tr("Styles of art text"),
+                                 [loader](const SampleText &text, int style, const QSize &size) {
+                                     return artSample(loader, text, style, size);
+                                 }))
 {
     m_gallery->setObjectName(QStringLiteral("artGallery"));
     for (int style = 0; style < artStyleCount; ++style)

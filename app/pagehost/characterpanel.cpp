@@ -39,8 +39,9 @@ CharacterPanel::CharacterPanel(TextSelection *selection)
     auto *form = new QFormLayout(this);
     form->addRow(tr("Font"), m_family);
     m_family->setObjectName(familyKey);
-    connect(m_family, &FontFamilyBox::picked, this,
-            [this](const QString &family) { m_selection->apply({{familyKey, family}}); });
+    connect(m_family, &FontFamilyBox::picked, this, [this](const QString &family) {
+        m_selection->apply({{familyKey, family}});
+    });
     connect(m_family, &FontFamilyBox::left, m_selection, &TextSelection::pageWanted);
 
     auto *size = new NumberField(tr("Size"), smallestSize, largestSize, 2, tr("pt"), 24);
@@ -55,8 +56,9 @@ CharacterPanel::CharacterPanel(TextSelection *selection)
     styles->addStretch();
     form->addRow(tr("Style"), styles);
     m_color->setObjectName(colorKey);
-    connect(m_color, &ColorButton::picked, this,
-            [this](const QColor &color) { m_selection->apply({{colorKey, color}}); });
+    connect(m_color, &ColorButton::picked, this, [this](const QColor &color) {
+        m_selection->apply({{colorKey, color}});
+    });
 
     auto *forms = new QHBoxLayout;
     addPairedFlag(forms, "text_superscript", "text_subscript", QStringLiteral("x²"),
@@ -98,8 +100,9 @@ void CharacterPanel::addFlag(QLayout *row, const char *key, const QString &sign,
     button->setFont(signFont(attribute, button->font()));
     row->addWidget(button);
     m_flags.insert(attribute, button);
-    connect(button, &QAbstractButton::clicked, this,
-            [this, attribute](bool on) { m_selection->apply({{attribute, on}}); });
+    connect(button, &QAbstractButton::clicked, this, [this, attribute](bool on) {
+        m_selection->apply({{attribute, on}});
+    });
 }
 
 /// Of these two one at most is on, and they are given together.
@@ -122,8 +125,9 @@ NumberField *CharacterPanel::addNumber(const char *key, NumberField *field, doub
     const QString attribute = QLatin1String(key);
     field->setObjectName(attribute);
     m_numbers.insert(attribute, {field, unset});
-    connect(field, &NumberField::entered, this,
-            [this, attribute](double value) { m_selection->apply({{attribute, value}}); });
+    connect(field, &NumberField::entered, this, [this, attribute](double value) {
+        m_selection->apply({{attribute, value}});
+    });
     connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
     return field;
 }

@@ -99,7 +99,7 @@ void FontFamilyBox::show(const QString &family)
     setEditText(family);
     lineEdit()->setCursorPosition(0);
     m_missingSign->setVisible(m_isMissing);
-    setAccessibleDescription(m_isMissing       ? m_missingSign->text()
+    setAccessibleDescription(m_isMissing        ? m_missingSign->text()
                              : family.isEmpty() ? tr("Several fonts, or none")
                                                 : QString());
 }

@@ -31,7 +31,7 @@
 namespace {
 
 constexpr int textObjectDrawn = 243; // command of a text object to the tools
-constexpr int statusTime = 10000; // ms
+constexpr int statusTime = 10000;    // ms
 constexpr QSize firstSize(1300, 800);
 
 const QLatin1String textOperation("text_operation");

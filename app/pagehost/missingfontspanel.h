@@ -49,9 +49,9 @@ private:
     QPushButton *m_confirm;
     QPushButton *m_cancel;
     QStringList m_families;
-    QString m_previewed;                  ///< font whose replacement is shown; empty for none
-    QString m_shownInstead;               ///< what is shown in its place
-    QList<CVXRootObject *> m_changed;     ///< that show it, to compare with page objects first
+    QString m_previewed;              ///< font whose replacement is shown; empty for none
+    QString m_shownInstead;           ///< what is shown in its place
+    QList<CVXRootObject *> m_changed; ///< that show it, to compare with page objects first
 };
 
 #endif

@@ -61,7 +61,8 @@ private:
 };
 
 /// What all \a objects have in common; invalid when they differ.
-template <typename Read> QVariant common(const QList<CVXRootObject *> &objects, const Read &read)
+template<typename Read>
+QVariant common(const QList<CVXRootObject *> &objects, const Read &read)
 {
     QVariant value;
     for (CVXRootObject *object : objects) {
@@ -110,34 +111,39 @@ ObjectPanel::ObjectPanel(TextSelection *selection)
     const auto length = [](const QString &name, double smallest) {
         return new NumberField(name, smallest, farthest, 2, tr("px"));
     };
-    addPlace(form, "x", length(tr("X"), -farthest), "IDS_ITEM_MOVE",
-             [](CVXRootObject *object) { return object->getPos().x(); },
-             [](CVXRootObject *object, double x) {
-                 object->setPos({x, object->getPos().y()}, /*undo=*/true);
-             });
-    addPlace(form, "y", length(tr("Y"), -farthest), "IDS_ITEM_MOVE",
-             [](CVXRootObject *object) { return object->getPos().y(); },
-             [](CVXRootObject *object, double y) {
-                 object->setPos({object->getPos().x(), y}, /*undo=*/true);
-             });
-    addPlace(form, "width", length(tr("Width"), 1), "IDS_ITEM_RESIZE",
-             [](CVXRootObject *object) { return object->getSize().width(); },
-             [](CVXRootObject *object, double width) {
-                 object->setSize({width, object->getSize().height()}, /*undo=*/true,
-                                 /*notify=*/true);
-             });
-    addPlace(form, "height", length(tr("Height"), 1), "IDS_ITEM_RESIZE",
-             [](CVXRootObject *object) { return object->getSize().height(); },
-             [](CVXRootObject *object, double height) {
-                 object->setSize({object->getSize().width(), height}, /*undo=*/true,
-                                 /*notify=*/true);
-             });
+    addPlace(
+        form, "x", length(tr("X"), -farthest), "IDS_ITEM_MOVE",
+        [](CVXRootObject *object) { return object->getPos().x(); },
+        [](CVXRootObject *object, double x) {
+            object->setPos({x, object->getPos().y()}, /*undo=*/true);
+        });
+    addPlace(
+        form, "y", length(tr("Y"), -farthest), "IDS_ITEM_MOVE",
+        [](CVXRootObject *object) { return object->getPos().y(); },
+        [](CVXRootObject *object, double y) {
+            object->setPos({object->getPos().x(), y}, /*undo=*/true);
+        });
+    addPlace(
+        form, "width", length(tr("Width"), 1), "IDS_ITEM_RESIZE",
+        [](CVXRootObject *object) { return object->getSize().width(); },
+        [](CVXRootObject *object, double width) {
+            object->setSize({width, object->getSize().height()}, /*undo=*/true,
+                            /*notify=*/true);
+        });
+    addPlace(
+        form, "height", length(tr("Height"), 1), "IDS_ITEM_RESIZE",
+        [](CVXRootObject *object) { return object->getSize().height(); },
+        [](CVXRootObject *object, double height) {
+            object->setSize({object->getSize().width(), height}, /*undo=*/true,
+                            /*notify=*/true);
+        });
     auto *angle = new NumberField(tr("Angle"), -fullTurn, fullTurn, 2, QStringLiteral("°"));
-    addPlace(form, "angle", angle, "IDS_ITEM_ROTATE",
-             [](CVXRootObject *object) { return nearestAngle(object->getRotate()); },
-             [](CVXRootObject *object, double degrees) {
-                 object->rotateObj(nearestAngle(degrees - object->getRotate()), /*undo=*/true);
-             });
+    addPlace(
+        form, "angle", angle, "IDS_ITEM_ROTATE",
+        [](CVXRootObject *object) { return nearestAngle(object->getRotate()); },
+        [](CVXRootObject *object, double degrees) {
+            object->rotateObj(nearestAngle(degrees - object->getRotate()), /*undo=*/true);
+        });
     connect(m_selection, &TextSelection::changed, this, &ObjectPanel::refreshText);
     connect(m_selection, &TextSelection::placeChanged, this, &ObjectPanel::refreshPlace);
     refreshText();

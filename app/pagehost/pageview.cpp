@@ -19,9 +19,9 @@
 
 namespace {
 
-constexpr double pageMargin = 48; // around the page, page pixels
+constexpr double pageMargin = 48;    // around the page, page pixels
 constexpr double smallestMargin = 8; // around a selection that fills the view, page pixels
-constexpr int checkerSide = 8;    // of the ground under a transparent page
+constexpr int checkerSide = 8;       // of the ground under a transparent page
 
 /// The pointer over an edge or corner of an upright object, and the direction in which it points:
 /// degrees, clockwise, from the right.

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int signHeight = 3;             // pixels of the sign of several values
+constexpr int signHeight = 3; // pixels of the sign of several values
 constexpr QSize swatchSize(28, 14);
 
 QPixmap swatch(const QColor &color, const QPalette &palette)

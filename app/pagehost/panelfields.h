@@ -116,9 +116,9 @@ protected:
 private:
     void take(int value);
 
-    int m_start = 0;           ///< ahead of the drag
-    bool m_hasMoved = false;   ///< in the drag
-    bool m_isGivenUp = false;  ///< until the button is released
+    int m_start = 0;          ///< ahead of the drag
+    bool m_hasMoved = false;  ///< in the drag
+    bool m_isGivenUp = false; ///< until the button is released
 };
 
 #endif

@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr int panelWidth = 290;        // pixels
+constexpr int panelWidth = 290;       // pixels
 constexpr double largestShare = 0.36; // of the window
 
 } // namespace
@@ -41,7 +41,8 @@ Panels::Panels(QMainWindow *window, PageView *view, const PluginLoader *loader)
     QDockWidget *art = add("artDock", tr("Art Text"), new ArtPanel(m_selection, loader));
     QDockWidget *fonts = add("fontsDock", tr("Fonts"), m_fonts);
     QDockWidget *history = add("historyDock", tr("History"), m_history);
-    m_window->splitDockWidget(character, warp, Qt::Vertical); // ahead of the tabs, which go with one
+    m_window->splitDockWidget(character, warp,
+                              Qt::Vertical); // ahead of the tabs, which go with one
     putTogether({character, paragraph, object});
     putTogether({warp, art, fonts, history});
     history->raise(); // galleries take a while to draw: they wait until they are asked for
@@ -61,8 +62,8 @@ QDockWidget *Panels::add(const char *name, const QString &title, QWidget *panel)
     auto *dock = new QDockWidget(title, m_window);
     dock->setObjectName(QLatin1String(name));
     dock->setAllowedAreas(Qt::LeftDockWidgetArea | Qt::RightDockWidgetArea);
-    panel->setObjectName(QString::fromLatin1(name).replace(QLatin1String("Dock"),
-                                                           QLatin1String("Panel")));
+    panel->setObjectName(
+        QString::fromLatin1(name).replace(QLatin1String("Dock"), QLatin1String("Panel")));
     if (qobject_cast<QAbstractScrollArea *>(panel)) {
         dock->setWidget(panel);
     } else {

@@ -26,8 +26,8 @@ const QLatin1String extraKey("paragraph_punctuation_extra");
 struct AlignmentRow {
     const char *name;
     const char *label;
-    double full;  ///< where the lines stand: 0 left, 0.5 centre, 1 right, -1 over the whole width
-    double last;  ///< the same of the last line
+    double full; ///< where the lines stand: 0 left, 0.5 centre, 1 right, -1 over the whole width
+    double last; ///< the same of the last line
 };
 
 // clang-format off
@@ -69,7 +69,8 @@ ParagraphPanel::ParagraphPanel(TextSelection *selection)
     addNumber(form, "paragraph_left_indent", tr("Left indent"));
     addNumber(form, "paragraph_right_indent", tr("Right indent"));
     addNumber(form, "paragraph_first_indent", tr("First line indent"));
-    addNumber(form, "paragraph_after_space", tr("Space before")); // deliberate: the keys are crossed
+    addNumber(form, "paragraph_after_space",
+              tr("Space before")); // deliberate: the keys are crossed
     addNumber(form, "paragraph_before_space", tr("Space after"));
 
     m_headTail->setObjectName(headTailKey);
@@ -112,8 +113,9 @@ void ParagraphPanel::addNumber(QFormLayout *form, const char *key, const QString
     field->setObjectName(attribute);
     form->addRow(name, field);
     m_numbers.insert(attribute, field);
-    connect(field, &NumberField::entered, this,
-            [this, attribute](double value) { m_selection->apply({{attribute, value}}); });
+    connect(field, &NumberField::entered, this, [this, attribute](double value) {
+        m_selection->apply({{attribute, value}});
+    });
     connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
 }
 

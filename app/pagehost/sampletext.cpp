@@ -16,11 +16,11 @@
 
 namespace {
 
-constexpr double pointSize = 40;      // of the words; the picture is made smaller
-constexpr double sampleBend = 0.5;    // that shows each style well
-constexpr double artWidth = 240;      // page pixels
+constexpr double pointSize = 40;   // of the words; the picture is made smaller
+constexpr double sampleBend = 0.5; // that shows each style well
+constexpr double artWidth = 240;   // page pixels
 constexpr double artHeight = 120;
-constexpr int margin = 3;             // around the words, pixels
+constexpr int margin = 3; // around the words, pixels
 
 /// The object in the middle of a picture of \a size, as large as it fits.
 QPixmap pictureOf(CVXRootObject *object, const QSize &size, double pixelRatio)
@@ -54,8 +54,8 @@ QPixmap warpSample(const PluginLoader *loader, const SampleText &text, int style
     if (!object)
         return {};
     page.addObject(object);
-    const QString string =
-        documentString(text.words, {text.family, pointSize, text.color.name(), false});
+    const QString string = documentString(text.words,
+                                          {text.family, pointSize, text.color.name(), false});
     loadDocumentString(object, string, inspectDocumentString(string));
     TextWarp warp;
     warp.style = style;
@@ -65,8 +65,7 @@ QPixmap warpSample(const PluginLoader *loader, const SampleText &text, int style
     return pictureOf(object, size, text.pixelRatio);
 }
 
-QPixmap artSample(const PluginLoader *loader, const SampleText &text, int style,
-                  const QSize &size)
+QPixmap artSample(const PluginLoader *loader, const SampleText &text, int style, const QSize &size)
 {
     Document document;
     Page page(&document);

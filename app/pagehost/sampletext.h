@@ -28,7 +28,6 @@ struct SampleText {
 QPixmap warpSample(const PluginLoader *loader, const SampleText &text, int style,
                    bool acrossColumns, const QSize &size);
 /// The words as art text of a style.
-QPixmap artSample(const PluginLoader *loader, const SampleText &text, int style,
-                  const QSize &size);
+QPixmap artSample(const PluginLoader *loader, const SampleText &text, int style, const QSize &size);
 
 #endif

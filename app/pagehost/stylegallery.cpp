@@ -100,8 +100,8 @@ void StyleGallery::makeNext()
         return; // the next painting goes on
     for (int made = 0; made < picturesAtATime && m_next < count(); ++made, ++m_next) {
         QListWidgetItem *next = item(m_next);
-        const QPixmap picture =
-            m_makePicture(m_text, next->data(Qt::UserRole).toInt(), pictureSize);
+        const QPixmap picture = m_makePicture(m_text, next->data(Qt::UserRole).toInt(),
+                                              pictureSize);
         QIcon icon(picture);
         icon.addPixmap(picture, QIcon::Selected); // as it is, without a tint
         next->setIcon(icon);

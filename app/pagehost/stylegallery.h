@@ -17,7 +17,8 @@ class StyleGallery : public QListWidget
     Q_OBJECT
 
 public:
-    using MakePicture = std::function<QPixmap(const SampleText &text, int style, const QSize &size)>;
+    using MakePicture =
+        std::function<QPixmap(const SampleText &text, int style, const QSize &size)>;
 
     /// \param name for who cannot see the gallery
     StyleGallery(const QString &name, const MakePicture &makePicture);

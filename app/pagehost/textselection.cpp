@@ -14,9 +14,9 @@
 
 namespace {
 
-constexpr int runDelay = 120;         // ms without a change after which runs are read
-constexpr int longestRead = 50000;    // characters of a text whose runs are read
-constexpr int sampleLength = 12;      // characters
+constexpr int runDelay = 120;      // ms without a change after which runs are read
+constexpr int longestRead = 50000; // characters of a text whose runs are read
+constexpr int sampleLength = 12;   // characters
 const QString attributeStep = QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE");
 const QLatin1String documentDataKey("document_data");
 const QLatin1String contentKey("content");

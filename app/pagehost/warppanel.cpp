@@ -49,12 +49,10 @@ WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
     , m_orientation(new QComboBox)
     , m_reset(new QPushButton(tr("Reset")))
 {
-    m_gallery = new StyleGallery(tr("Warp styles"),
-                                 [this, loader](const SampleText &text, int style,
-                                                const QSize &size) {
-                                     return warpSample(loader, text, style,
-                                                       m_orientation->currentIndex() == 1, size);
-                                 });
+    m_gallery = new StyleGallery(tr("Warp styles"), [this, loader](const SampleText &text,
+                                                                   int style, const QSize &size) {
+        return warpSample(loader, text, style, m_orientation->currentIndex() == 1, size);
+    });
     m_gallery->setObjectName(QStringLiteral("warpGallery"));
     for (int style = 0; style <= warpStyleCount; ++style)
         m_gallery->addStyle(style, warpStyleName(style));
@@ -133,14 +131,14 @@ TextWarp WarpPanel::warpOf(CVXRootObject *object) const
     TextWarp warp;
     warp.style = attributes.value(styleKey).toInt();
     for (const Value *value : {&m_bend, &m_horizontal, &m_vertical})
-        warp.*(value->part) =
-            attributes.value(QLatin1String(value->key)).toDouble() / wholePercent;
+        warp.*(value->part) = attributes.value(QLatin1String(value->key)).toDouble() / wholePercent;
     warp.acrossColumns = attributes.value(orientationKey).toInt() == across;
     return warp;
 }
 
 /// Lets \a edit change the warp of all targets: to be seen for now, or as one step.
-template <typename Edit> void WarpPanel::change(bool commit, const Edit &edit)
+template<typename Edit>
+void WarpPanel::change(bool commit, const Edit &edit)
 {
     const QList<CVXRootObject *> all = targets();
     if (all.isEmpty())
@@ -213,7 +211,7 @@ void WarpPanel::refresh()
         value->field->show(percent);
     }
     const QVariant orientation = m_selection->value(orientationKey);
-    m_orientation->setCurrentIndex(!orientation.isValid()           ? (isOpen ? -1 : 0)
+    m_orientation->setCurrentIndex(!orientation.isValid()          ? (isOpen ? -1 : 0)
                                    : orientation.toInt() == across ? 1
                                                                    : 0);
     m_orientation->setEnabled(isBent);

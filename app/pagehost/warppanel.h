@@ -45,7 +45,8 @@ private:
     void setOrientation(bool acrossColumns);
     void reset();
     void restore();
-    template <typename Edit> void change(bool commit, const Edit &edit);
+    template<typename Edit>
+    void change(bool commit, const Edit &edit);
     void refresh();
 
     TextSelection *m_selection;
@@ -55,7 +56,8 @@ private:
     Value m_bend;
     Value m_horizontal;
     Value m_vertical;
-    QList<CVXRootObject *> m_previewed; ///< whose drag has begun, to compare with page objects first
+    QList<CVXRootObject *>
+        m_previewed; ///< whose drag has begun, to compare with page objects first
 };
 
 #endif

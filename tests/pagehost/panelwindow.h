@@ -77,7 +77,8 @@ public:
         return attributes.value(QLatin1String(key));
     }
     /// The control of the panel \a panel that is called \a name.
-    template <typename Control> Control *find(const char *panel, const char *name)
+    template<typename Control>
+    Control *find(const char *panel, const char *name)
     {
         auto *found = m_window.findChild<QWidget *>(QLatin1String(panel));
         return found ? found->findChild<Control *>(QLatin1String(name)) : nullptr;

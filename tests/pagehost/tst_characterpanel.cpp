@@ -197,12 +197,18 @@ void TestCharacterPanel::typedNumberIsTaken_data()
     QTest::addColumn<QString>("key");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<double>("expected");
-    QTest::newRow("size") << "font_pointsize" << "31.5" << 31.5;
-    QTest::newRow("horizontal scale") << "horizontal_scaled" << "150" << 150.0;
-    QTest::newRow("vertical scale") << "vertical_scaled" << "80" << 80.0;
-    QTest::newRow("baseline") << "baseline_offset" << "6" << 6.0;
-    QTest::newRow("letter spacing") << "selected_letterspacing" << "100" << 100.0;
-    QTest::newRow("row spacing") << "font_rowspacing" << "12" << 12.0;
+    QTest::newRow("size") << "font_pointsize"
+                          << "31.5" << 31.5;
+    QTest::newRow("horizontal scale") << "horizontal_scaled"
+                                      << "150" << 150.0;
+    QTest::newRow("vertical scale") << "vertical_scaled"
+                                    << "80" << 80.0;
+    QTest::newRow("baseline") << "baseline_offset"
+                              << "6" << 6.0;
+    QTest::newRow("letter spacing") << "selected_letterspacing"
+                                    << "100" << 100.0;
+    QTest::newRow("row spacing") << "font_rowspacing"
+                                 << "12" << 12.0;
 }
 
 void TestCharacterPanel::typedNumberIsTaken()
@@ -286,8 +292,7 @@ void TestCharacterPanel::typedPartOfFamilyFindsIt()
     QTest::keyClicks(family()->lineEdit(), QStringLiteral("sans mono"));
     QTest::keyClick(family(), Qt::Key_Return);
     m_host->settle();
-    QCOMPARE(m_host->attribute(text, "font_family").toString(),
-             QStringLiteral("DejaVu Sans Mono"));
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans Mono"));
 }
 
 void TestCharacterPanel::usedFamilyComesFirst()
@@ -297,8 +302,7 @@ void TestCharacterPanel::usedFamilyComesFirst()
     const FontFamilyBox box(QStringLiteral("Font"));
     QCOMPARE(box.itemText(0), QStringLiteral("DejaVu Serif"));
     QCOMPARE(box.itemText(1), QStringLiteral("DejaVu Sans"));
-    QCOMPARE(box.itemData(0, Qt::FontRole).value<QFont>().family(),
-             QStringLiteral("DejaVu Serif"));
+    QCOMPARE(box.itemData(0, Qt::FontRole).value<QFont>().family(), QStringLiteral("DejaVu Serif"));
 }
 
 void TestCharacterPanel::colorOfSelectionIsShown()
@@ -343,8 +347,8 @@ void TestCharacterPanel::alignmentIsSet()
     m_host->selection()->apply({{QStringLiteral("text_wordwrap"), true}});
     m_host->selection()->apply({{QStringLiteral("text_horizontal"), isHorizontal}});
     m_host->settle();
-    auto *button =
-        m_host->find<FlagButton>("paragraphPanel", qPrintable(QStringLiteral("alignment-") + name));
+    auto *button = m_host->find<FlagButton>("paragraphPanel",
+                                            qPrintable(QStringLiteral("alignment-") + name));
     QVERIFY(button);
     QVERIFY(button->isEnabled());
     button->click();

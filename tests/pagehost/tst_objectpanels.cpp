@@ -65,10 +65,7 @@ private:
     {
         return m_host->find<NumberField>(panel, name);
     }
-    LiveSlider *slider()
-    {
-        return m_host->find<LiveSlider>("warpPanel", "warp_value_slider");
-    }
+    LiveSlider *slider() { return m_host->find<LiveSlider>("warpPanel", "warp_value_slider"); }
     StyleGallery *gallery(const char *panel, const char *name)
     {
         return m_host->find<StyleGallery>(panel, name);
@@ -207,7 +204,8 @@ void TestObjectPanels::escapeInDragRestores()
     QCOMPARE(m_host->steps()->index(), before);
     QTest::mouseRelease(slider(), Qt::LeftButton);
     QCOMPARE(m_host->steps()->index(), before);
-    enter(number("warpPanel", "warp_value"), QStringLiteral("30")); // the next change is a step again
+    enter(number("warpPanel", "warp_value"),
+          QStringLiteral("30")); // the next change is a step again
     QCOMPARE(percent(text), 30);
     QCOMPARE(m_host->steps()->index(), before + 1);
 }
@@ -288,10 +286,14 @@ void TestObjectPanels::placeIsShownAndSet_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("typed");
     QTest::addColumn<double>("expected");
-    QTest::newRow("x") << "x" << "12.25" << 12.25;
-    QTest::newRow("y") << "y" << "-7.5" << -7.5;
-    QTest::newRow("width") << "width" << "333" << 333.0;
-    QTest::newRow("height") << "height" << "81" << 81.0;
+    QTest::newRow("x") << "x"
+                       << "12.25" << 12.25;
+    QTest::newRow("y") << "y"
+                       << "-7.5" << -7.5;
+    QTest::newRow("width") << "width"
+                           << "333" << 333.0;
+    QTest::newRow("height") << "height"
+                            << "81" << 81.0;
 }
 
 void TestObjectPanels::placeIsShownAndSet()
@@ -484,9 +486,9 @@ CVXRootObject *TestObjectPanels::addTextWithMissingFont()
     Page *page = m_host->session()->page();
     CVXRootObject *text = m_loader.createText(900, page);
     page->addObject(text);
-    const QString string = documentString(
-        QStringLiteral("strange"),
-        {QStringLiteral("Never Installed"), 24, QStringLiteral("#000000"), /*vertical=*/false});
+    const QString string = documentString(QStringLiteral("strange"),
+                                          {QStringLiteral("Never Installed"), 24,
+                                           QStringLiteral("#000000"), /*vertical=*/false});
     TextPlace place;
     place.pos = {120, 140};
     loadDocumentString(text, string, inspectDocumentString(string), place);
@@ -522,8 +524,7 @@ void TestObjectPanels::previewIsShownAndCancelled()
     QCOMPARE(m_host->steps()->index(), before);
     m_host->find<QPushButton>("fontsPanel", "cancelReplacement")->click();
     m_host->settle();
-    QCOMPARE(m_host->attribute(text, "font_family").toString(),
-             QStringLiteral("Never Installed"));
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
     QCOMPARE(TextObject::missingFonts(text), QStringList{QStringLiteral("Never Installed")});
     QCOMPARE(m_host->steps()->index(), before);
 }
@@ -553,8 +554,7 @@ void TestObjectPanels::hiddenPanelLeavesNoPreview()
     auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
     panel->preview(QStringLiteral("DejaVu Sans"));
     m_host->raise("artPanel");
-    QCOMPARE(m_host->attribute(text, "font_family").toString(),
-             QStringLiteral("Never Installed"));
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
 }
 
 void TestObjectPanels::everyStyleHasName()
