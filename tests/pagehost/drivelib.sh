@@ -37,7 +37,9 @@ fail()
 
 start_screen()
 {
-    Xvfb -displayfd 3 -screen 0 1024x800x24 -nolisten tcp 3>display 2>xvfb.log &
+    # Pixels of the screen are those of the page at 96 dots per inch alone: other densities make the window larger.
+    # A screen tells its size in whole millimetres; this one, 381 by 254, is of just that density.
+    Xvfb -displayfd 3 -screen 0 1440x960x24 -dpi 96 -nolisten tcp 3>display 2>xvfb.log &
     screen=$!
     for _ in $(seq 100); do
         [ -s display ] && break
@@ -136,11 +138,11 @@ double_click()
     sleep "$pause"
 }
 
-# alike WHAT A B, of canvas pictures; unlike the same.
+# alike WHAT A B [FUZZ], of canvas pictures: colours that differ by up to FUZZ count as the same. unlike the same.
 alike()
 {
     local difference=
-    difference=$(compare -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
+    difference=$(compare -fuzz "${4:-0}" -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
 }
 unlike()
 {
