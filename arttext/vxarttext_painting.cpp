@@ -20,27 +20,6 @@ void drawEdge(QPainter *painter, const QRectF &rect, Qt::PenStyle style)
     painter->setBrush(Qt::NoBrush);
     painter->drawRect(rect);
 }
-
-/// \a path without the moves that nothing follows, which blanks leave. On a screen they show nothing,
-/// but in a PDF a pen with caps makes a dot of each.
-QPainterPath withoutLoneMoves(const QPainterPath &path)
-{
-    QPainterPath result;
-    result.setFillRule(path.fillRule());
-    for (int i = 0; i < path.elementCount(); ++i) {
-        const QPainterPath::Element element = path.elementAt(i);
-        const bool isLone = i + 1 == path.elementCount() || path.elementAt(i + 1).isMoveTo();
-        if (element.isMoveTo() && !isLone) {
-            result.moveTo(element);
-        } else if (element.isLineTo()) {
-            result.lineTo(element);
-        } else if (element.isCurveTo()) {
-            result.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
-            i += 2;
-        }
-    }
-    return result;
-}
 } // namespace
 
 void CVxArtText::OnQPainterDraw(QPainter *painter)
@@ -62,9 +41,8 @@ void CVxArtText::OnQPainterDraw(QPainter *painter)
     painter->setBrush(outlineBrush());
     fitPaths();
     for (const QPainterPath &path : qAsConst(m_scaledPaths)) {
-        const QPainterPath shown = withoutLoneMoves(path);
-        if (!shown.isEmpty())
-            painter->drawPath(shown);
+        if (!path.isEmpty())
+            painter->drawPath(path);
     }
 }
 

@@ -106,6 +106,27 @@ QRectF boundsOfElements(const QVector<QPainterPath> &paths)
     }
     return QRectF(least, most);
 }
+
+/// \a path without the moves that nothing follows, which blanks leave. On a screen they show nothing,
+/// but in a PDF a pen with caps makes a dot of each.
+QPainterPath withoutLoneMoves(const QPainterPath &path)
+{
+    QPainterPath result;
+    result.setFillRule(path.fillRule());
+    for (int i = 0; i < path.elementCount(); ++i) {
+        const QPainterPath::Element element = path.elementAt(i);
+        const bool isLone = i + 1 == path.elementCount() || path.elementAt(i + 1).isMoveTo();
+        if (element.isMoveTo() && !isLone) {
+            result.moveTo(element);
+        } else if (element.isLineTo()) {
+            result.lineTo(element);
+        } else if (element.isCurveTo()) {
+            result.cubicTo(element, path.elementAt(i + 1), path.elementAt(i + 2));
+            i += 2;
+        }
+    }
+    return result;
+}
 } // namespace
 
 /// Makes the outlines of line after line.
@@ -273,5 +294,5 @@ void CVxArtText::fitPaths()
     QRectF source = m_pathRect;
     m_scaledPaths.reserve(m_charPaths.size());
     for (const QPainterPath &path : qAsConst(m_charPaths))
-        m_scaledPaths.append(scalePath(path, client, source));
+        m_scaledPaths.append(withoutLoneMoves(scalePath(path, client, source)));
 }

@@ -4,6 +4,7 @@
 // caret. Rows and columns are told apart where they differ on purpose.
 #include "wordprocess/legacyplaces.h"
 
+#include "layout/outlines.h"
 #include "layout/runstyle.h"
 #include "layout/textproperties.h"
 #include "layout/texttools.h"
@@ -146,13 +147,6 @@ void paintSelection(QPainter *painter, const QRectF &selected)
     painter->setCompositionMode(mode);
 }
 
-QPainterPath outlineOf(const QFont &font, const QString &text)
-{
-    QPainterPath path;
-    path.addText(0, 0, font, text);
-    return path;
-}
-
 /// The pieces of a word in a column: CJK characters each by itself, the runs between them on their side.
 QVector<QPainterPath> columnPieces(const QFont &font, const QString &word)
 {
@@ -160,14 +154,15 @@ QVector<QPainterPath> columnPieces(const QFont &font, const QString &word)
     int start = 0;
     const auto addRun = [&](int end) {
         if (end > start)
-            pieces.append(CTextTools::getRotatePath(outlineOf(font, word.mid(start, end - start)),
+            pieces.append(CTextTools::getRotatePath(textOutline(QPointF(0, 0), font,
+                                                                word.mid(start, end - start)),
                                                     QPointF(0, 0), 90.0));
     };
     for (int i = 0; i < word.length(); ++i) {
         if (!CTextTools::isCJKChar(word.at(i)))
             continue;
         addRun(i);
-        pieces.append(outlineOf(font, word.mid(i, 1)));
+        pieces.append(textOutline(QPointF(0, 0), font, word.mid(i, 1)));
         start = i + 1;
     }
     addRun(word.length());
@@ -375,7 +370,7 @@ CWordProcess::LegacyDefaultWord CWordProcess::legacyDefaultWord() const
     const double height = m_clientRect.height();
     LegacyDefaultWord word;
     if (m_textOrientation == Qt::Horizontal) {
-        word.path = outlineOf(font, m_defaultWord);
+        word.path = textOutline(QPointF(0, 0), font, m_defaultWord);
         const QRectF ink = word.path.boundingRect();
         const double x = wordStart(alignment, Qt::AlignRight, Qt::AlignHCenter, width, ink.width());
         word.path.translate(x - ink.left(), -ink.top());
