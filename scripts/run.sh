@@ -5,7 +5,8 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 ./scripts/setup.sh
-./scripts/build.sh release
+# Only what is started here: tests and benchmarks have scripts of their own.
+./scripts/build.sh release -- --target vxarttext pagehost pagerender
 
 if [ "$#" -gt 0 ]; then
     export LC_ALL=C.UTF-8 QT_QPA_PLATFORM=${QT_QPA_PLATFORM:-offscreen}
