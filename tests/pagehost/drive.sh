@@ -27,7 +27,7 @@ shot 3-selected-with-shift
 keys ctrl+shift+b
 drag 301 205 375 206
 shot 4-selected-with-pointer
-keys ctrl+shift+u ctrl+shift+greater alt+Right ctrl+shift+c
+keys ctrl+shift+u ctrl+shift+period alt+Right ctrl+shift+c
 shot 5-commands
 
 echo "cut, paste, save in the edit"
@@ -72,16 +72,14 @@ same "document string after save, close, open, save" "$(strings copy.json)" "$wh
 
 echo "an empty text leaves nothing"
 keys t
-xdotool mousemove 400 560 click 1
-sleep "$pause"
+click 400 560
 shot 11-empty
 keys Escape Escape ctrl+s
 same "objects" "$(python3 "$inspect" count copy.json)" "1"
 
 echo "the close question"
 keys t
-xdotool mousemove 400 560 click 1
-sleep "$pause"
+click 400 560
 typed "more"
 keys ctrl+q
 focus "Unsaved Changes"
@@ -107,8 +105,7 @@ double_click 500 250
 shot 22-art-edit
 typed "Art Text"
 shot 23-art-typed
-xdotool mousemove 500 640 click 1
-sleep "$pause"
+click 500 640
 canvas 24-art-written
 unlike "the page with an art text" 20-art-empty-page 24-art-written
 keys ctrl+s

@@ -84,7 +84,7 @@ same "document string after opening" "$(strings page.json)" "$recovered"
 
 echo "recent files"
 xdotool key --delay 100 alt+f
-sleep "$pause"
+settle
 shot 5-file-menu
 keys r
 shot 6-recent
@@ -132,7 +132,7 @@ LC_ALL=zh_CN.UTF-8 "$pagehost" "$work/page.json" 2>>pagehost.log &
 editor=$!
 focus "page.json"
 xdotool key --delay 100 alt+f
-sleep "$pause"
+settle
 shot 8-chinese
 keys Escape Escape
 quit_editor

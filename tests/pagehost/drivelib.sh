@@ -5,21 +5,19 @@
 set -euo pipefail
 pagehost=${1:?usage: $(basename "$0") PAGEHOST WORK-FOLDER}
 work=${2:?usage: $(basename "$0") PAGEHOST WORK-FOLDER}
-inspect=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/inspect_page.py
+here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+inspect=$here/inspect_page.py
 
 for program in Xvfb xdotool import compare python3; do
     command -v "$program" >/dev/null || { echo "SKIP: $program is not installed"; exit 77; }
 done
-
-# Real keys are read when the program comes to them, with the modifiers that are down then: each group of keys
-# has to be through before the next one.
-pause=${VX_DRIVE_PAUSE:-0.4}
 
 rm -rf "$work"
 mkdir -p "$work"
 cd "$work"
 editor=
 screen=
+window=
 
 stop()
 {
@@ -53,15 +51,24 @@ start_screen()
     XDG_CONFIG_HOME=$HOME/config
     XDG_DATA_HOME=$HOME/data
     export DISPLAY XDG_RUNTIME_DIR XDG_CONFIG_HOME XDG_DATA_HOME HOME QT_QPA_PLATFORM=xcb QT_IM_MODULE=none
+    coproc settling { python3 "$here/settle.py" 2>&1; }
+}
+
+# Waits until the editor has been through all keys and pointer events, and has painted.
+settle()
+{
+    local answer=
+    echo "$window" 60 >&"${settling[1]}"
+    read -r answer <&"${settling[0]}" || true
+    [ "$answer" = settled ] || fail "the editor does not answer: $answer"
 }
 
 # focus NAME: waits for a window whose title holds NAME and gives it the keys.
 focus()
 {
-    local window=
-    window=$(timeout 30 xdotool search --sync --onlyvisible --name "$1" | tail -1) || fail "no window '$1'"
+    window=$(timeout 60 xdotool search --sync --onlyvisible --name "$1" | tail -1) || fail "no window '$1'"
     xdotool windowfocus --sync "$window"
-    sleep "$pause"
+    settle
 }
 
 start_editor()
@@ -74,8 +81,8 @@ start_editor()
 # Ends the editor, which has nothing to ask.
 quit_editor()
 {
-    keys ctrl+q
-    for _ in $(seq 100); do
+    xdotool key ctrl+q
+    for _ in $(seq 600); do
         kill -0 "$editor" 2>/dev/null || break
         sleep 0.1
     done
@@ -84,20 +91,37 @@ quit_editor()
     editor=
 }
 
+# keys KEY...: presses them one by one, as ctrl+shift+b. The editor asks which modifiers are down when it comes to a
+# key, so they stay down until then. A key is named as it is without Shift: comma, not less.
 keys()
 {
-    local key
+    local key= name= down=() up=()
     for key in "$@"; do
-        xdotool key --delay 40 "$key"
-        sleep 0.1
+        down=()
+        up=()
+        name=${key##*+}
+        for modifier in $(tr + ' ' <<<"${key%"$name"}"); do
+            down+=(keydown "$modifier")
+            up+=(keyup "$modifier")
+        done
+        xdotool "${down[@]}" key "$name"
+        settle
+        [ "${#up[@]}" -eq 0 ] || xdotool "${up[@]}"
     done
-    sleep "$pause"
+    settle
 }
 
 typed()
 {
-    xdotool type --delay 40 "$1"
-    sleep "$pause"
+    xdotool type --delay 5 "$1"
+    settle
+}
+
+# click X Y
+click()
+{
+    xdotool mousemove "$1" "$2" click 1
+    settle
 }
 
 # drag X1 Y1 X2 Y2
@@ -105,9 +129,9 @@ drag()
 {
     xdotool mousemove "$1" "$2" mousedown 1
     xdotool mousemove $((($1 + $3) / 2)) $((($2 + $4) / 2)) mousemove "$3" "$4"
-    sleep "$pause"
+    settle
     xdotool mouseup 1
-    sleep "$pause"
+    settle
 }
 
 shot() { import -window root "$1.png"; }
@@ -135,7 +159,7 @@ same()
 double_click()
 {
     xdotool mousemove "$1" "$2" click --repeat 2 --delay 60 1
-    sleep "$pause"
+    settle
 }
 
 # alike WHAT A B [FUZZ], of canvas pictures: colours that differ by up to FUZZ count as the same. unlike the same.
