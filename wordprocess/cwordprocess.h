@@ -642,6 +642,7 @@ private:
     void endComposition() { m_preeditString.clear(); }
     /// The same in the middle of an edit, where the input method has to forget its preedit too.
     void settleComposition();
+    void compose(const QInputMethodEvent &event);
 
     // keyboard
     struct KeyPress;

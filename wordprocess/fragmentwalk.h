@@ -14,10 +14,14 @@ class EditBlock
     Q_DISABLE_COPY(EditBlock)
 
 public:
-    explicit EditBlock(QTextCursor &cursor)
+    enum Start { IsNew, JoinsLast };
+    explicit EditBlock(QTextCursor &cursor, Start start = IsNew)
         : m_cursor(cursor)
     {
-        m_cursor.beginEditBlock();
+        if (start == JoinsLast)
+            m_cursor.joinPreviousEditBlock();
+        else
+            m_cursor.beginEditBlock();
     }
     ~EditBlock() { m_cursor.endEditBlock(); }
 

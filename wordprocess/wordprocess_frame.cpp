@@ -380,6 +380,7 @@ void CWordProcess::focusOutEvent(QFocusEvent * /*event*/)
 {
     m_hasFocus = false;
     m_cursorVisible = false;
+    endComposition(); // an input method that wants something else has said so by now
 }
 
 void CWordProcess::timerEvent(QTimerEvent *event)

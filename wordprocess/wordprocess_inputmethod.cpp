@@ -5,6 +5,7 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "layout/textproperties.h"
+#include "wordprocess/fragmentwalk.h"
 #include "wordprocess/numbers.h"
 
 #include <QGuiApplication>
@@ -38,20 +39,29 @@ void CWordProcess::inputMethodEvent(QInputMethodEvent *event)
         removeSelectedText();
         dropCursorSelection();
     }
+    compose(*event);
+    updateBoundingRectImpl(true);
+}
+
+/// A composition is one step of the document's own undo, whatever it looked like on its way. Nobody is told
+/// while the step is open.
+void CWordProcess::compose(const QInputMethodEvent &event)
+{
+    const EditBlock step(*m_cursor,
+                         m_preeditString.isEmpty() ? EditBlock::IsNew : EditBlock::JoinsLast);
     cleanPreeditString();
-    QString text = event->commitString();
+    QString text = event.commitString();
     if (text.isEmpty()) {
-        text = event->preeditString();
+        text = event.preeditString();
         m_preeditString = text; // as the event gave it, before upper case
     }
-    if (!text.isEmpty()) {
-        QTextCharFormat format = m_cursor->charFormat();
-        if (m_newVersion) // the spacing of a single character is not inherited by what follows it
-            format.clearProperty(TextProperty::LeadingGap);
-        m_cursor->insertText(asInserted(text, format), format);
-        m_cursorAtLineEnd = false; // as behind typed text
-    }
-    updateBoundingRectImpl(true);
+    if (text.isEmpty())
+        return;
+    QTextCharFormat format = m_cursor->charFormat();
+    if (m_newVersion) // the spacing of a single character is not inherited by what follows it
+        format.clearProperty(TextProperty::LeadingGap);
+    m_cursor->insertText(asInserted(text, format), format);
+    m_cursorAtLineEnd = false; // as behind typed text
 }
 
 void CWordProcess::cleanPreeditString()

@@ -43,6 +43,7 @@ private Q_SLOTS:
     void takingOutRemovesExactlyThePreedit_data();
     void takingOutRemovesExactlyThePreedit();
     void takingOutIsOneStep();
+    void compositionIsOneStep();
     void takingOutWithoutPreeditDoesNothing();
     void lineEndsInAPreeditGoWithIt();
 
@@ -72,6 +73,12 @@ void commit(OpenWord &word, const QString &text, const QString &newPreedit = QSt
     QInputMethodEvent event(newPreedit, {});
     event.setCommitString(text);
     word.inputMethodEvent(&event);
+}
+
+void press(OpenWord &word, Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    QKeyEvent event(QEvent::KeyPress, key, modifiers);
+    word.keyPressEvent(&event);
 }
 
 /// "ab|cd" in edit state, the caret where the bar is.
@@ -350,6 +357,24 @@ void TestInputMethod::takingOutIsOneStep()
     QCOMPARE(word.toPlainText(), QStringLiteral("abnihaocd"));
 }
 
+void TestInputMethod::compositionIsOneStep()
+{
+    OpenWord word;
+    editAroundCaret(word);
+    for (const char *shown : {"n", "ni", "niha", "nihao"})
+        preedit(word, QLatin1String(shown));
+    commit(word, QStringLiteral("你好"));
+    preedit(word, QStringLiteral("m")); // the next one
+    commit(word, QStringLiteral("吗"));
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab你好吗cd"));
+    press(word, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab你好cd"));
+    press(word, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(word.toPlainText(), QStringLiteral("abcd"));
+    press(word, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(word.toPlainText(), QStringLiteral("ab你好cd"));
+}
+
 void TestInputMethod::takingOutWithoutPreeditDoesNothing()
 {
     OpenWord word;
@@ -381,6 +406,7 @@ void TestInputMethod::compositionEnds_data()
     QTest::newRow("arrow") << QStringLiteral("arrow") << stays;
     QTest::newRow("all selected") << QStringLiteral("all selected") << stays;
     QTest::newRow("word selected") << QStringLiteral("word selected") << stays;
+    QTest::newRow("focus lost") << QStringLiteral("focus lost") << stays;
     QTest::newRow("edit ends") << QStringLiteral("edit ends") << stays;
     QTest::newRow("record written") << QStringLiteral("record written") << stays;
     QTest::newRow("host undo") << QStringLiteral("host undo") << QStringLiteral("abcd");
@@ -405,6 +431,9 @@ void TestInputMethod::compositionEnds()
         word.selectAll();
     } else if (act == QLatin1String("word selected")) {
         word.doubleSelectText(0);
+    } else if (act == QLatin1String("focus lost")) {
+        QFocusEvent out(QEvent::FocusOut, Qt::OtherFocusReason);
+        word.focusOutEvent(&out);
     } else if (act == QLatin1String("edit ends")) {
         word.endEdit();
         word.beginEdit();
