@@ -23,7 +23,9 @@ set(CMAKE_INSTALL_RPATH "$ORIGIN;$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(VX_CCACHE ccache)
     if(VX_CCACHE)
-        set(CMAKE_CXX_COMPILER_LAUNCHER ${VX_CCACHE})
+        # The setting lets ccache keep what is compiled with precompiled headers.
+        set(CMAKE_CXX_COMPILER_LAUNCHER
+            ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${VX_CCACHE})
     endif()
 endif()
 

@@ -15,14 +15,6 @@ function(vx_add_test name)
     target_compile_definitions(${name} PRIVATE
         VX_TEST_DATA="${PROJECT_SOURCE_DIR}/tests/data"
         VX_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
-    if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
-        # QSKIP leaves the variadic part of its macro empty.
-        target_compile_options(${name} PRIVATE -Wno-gnu-zero-variadic-macro-arguments)
-    endif()
-    if(VX_SANITIZE)
-        # The library is what a sanitizer is to look at; tests only have to compile quickly.
-        target_compile_options(${name} PRIVATE -O0 -g1)
-    endif()
     add_test(NAME ${name} COMMAND ${name})
     vx_set_test_environment(${name})
 endfunction()
