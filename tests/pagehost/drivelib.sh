@@ -8,9 +8,15 @@ work=${2:?usage: $(basename "$0") PAGEHOST WORK-FOLDER}
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 inspect=$here/inspect_page.py
 
-for program in Xvfb xdotool import compare python3; do
-    command -v "$program" >/dev/null || { echo "SKIP: $program is not installed"; exit 77; }
-done
+# need PROGRAM...: the script is skipped without them.
+need()
+{
+    local program=
+    for program in "$@"; do
+        command -v "$program" >/dev/null || { echo "SKIP: $program is not installed"; exit 77; }
+    done
+}
+need Xvfb xdotool import compare python3
 
 rm -rf "$work"
 mkdir -p "$work"
@@ -31,6 +37,18 @@ fail()
     echo "FAIL: $*" >&2
     import -window root failure.png || true
     exit 1
+}
+
+# wait_for WHAT COMMAND...: until the command ends well, a minute at most.
+wait_for()
+{
+    local what=$1
+    shift
+    for _ in $(seq 600); do
+        "$@" && return
+        sleep 0.1
+    done
+    fail "waited in vain for $what"
 }
 
 start_screen()
@@ -106,9 +124,8 @@ keys()
         done
         xdotool "${down[@]}" key "$name"
         settle
-        [ "${#up[@]}" -eq 0 ] || xdotool "${up[@]}"
+        [ "${#up[@]}" -eq 0 ] || { xdotool "${up[@]}"; settle; }
     done
-    settle
 }
 
 typed()
@@ -137,6 +154,20 @@ drag()
 shot() { import -window root "$1.png"; }
 # The canvas alone: menus and messages may differ.
 canvas() { import -window root -crop 900x560+40+80 +repage "$1.png"; }
+
+# The text of the clipboard, as another program gets it.
+clipboard() { timeout 30 xclip -selection clipboard -o 2>/dev/null || true; }
+clipboard_is() { [ "$(clipboard)" = "$1" ]; }
+
+# save FILE, the open one.
+save()
+{
+    local inode=
+    inode=$(stat -c %i "$1")
+    keys ctrl+s
+    wait_for "$1 to be saved" is_new_file "$1" "$inode"
+}
+is_new_file() { [ "$(stat -c %i "$1")" != "$2" ]; }
 
 # save_as FILE: by the dialog.
 save_as()
