@@ -7,6 +7,7 @@
 #include "layout/wordmanager.h"
 #include "wordprocess/hostdefaults.h"
 #include "wordprocess/numbers.h"
+#include "wordprocess/outlinefill.h"
 
 #include <QPainter>
 
@@ -77,15 +78,14 @@ void CWordProcess::drawTextPaths(QPainter *painter)
 
     painter->setRenderHint(QPainter::Antialiasing, true);
     for (int i = 0; i < count; ++i) {
-        QPainterPath path = transform.map(paths.at(i));
-        if (!placeholder)
-            path.setFillRule(Qt::WindingFill);
+        const QPainterPath path = transform.map(paths.at(i));
         const bool faint = placeholder && i == 0; // the box behind the placeholder word
         if (faint) {
             painter->save();
             painter->setOpacity(placeholderFrameOpacity);
         }
-        painter->fillPath(path, m_pathBrushes.at(i));
+        fillOutlines(*painter, path, placeholder ? path.fillRule() : Qt::WindingFill,
+                     m_pathBrushes.at(i));
         if (faint)
             painter->restore();
     }
