@@ -64,8 +64,16 @@ bool fail(QString &error, const QString &reason)
 
 bool readOpenFile(QFile &file, const QString &name, qint64 limit, QByteArray &bytes, QString &error)
 {
-    // One byte more than allowed tells a file that is too large, also where it has no size: a pipe.
-    const QByteArray content = file.read(limit + 1);
+    // One byte more than allowed tells a file that is too large, also where it has no size: a pipe. In pieces,
+    // since QIODevice::read() sets aside all that it is allowed to read.
+    constexpr qint64 largestPiece = 1 << 20;
+    QByteArray content;
+    while (content.size() <= limit) {
+        const QByteArray piece = file.read(qMin(largestPiece, limit + 1 - content.size()));
+        if (piece.isEmpty())
+            break;
+        content += piece;
+    }
     if (file.error() != QFileDevice::NoError)
         return fail(error, PageText::tr("cannot read '%1': %2").arg(name, file.errorString()));
     if (content.size() > limit)
