@@ -1,16 +1,15 @@
 // SPDX-License-Identifier: MIT
-// bench_page.cpp -- opening and saving page files of 1 000 objects, in both forms.
+// bench_page.cpp -- opening and saving page files of 1 000 objects, in both forms, and the copy that is
+// made of a page in the middle of the work.
 #include "app/page/framework.h"
 #include "app/page/openpage.h"
 #include "app/page/page.h"
+#include "app/page/pagestorage.h"
 #include "app/page/pluginloader.h"
+#include "bench/benchpages.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QApplication>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
@@ -18,28 +17,6 @@
 namespace {
 
 constexpr int ObjectCount = 1000;
-
-// A page file of short lines of text, written by hand.
-QByteArray handWrittenPage()
-{
-    QJsonArray objects;
-    for (int i = 0; i < ObjectCount; ++i) {
-        QJsonObject object;
-        object.insert(QStringLiteral("kind"), QStringLiteral("rich_text"));
-        object.insert(QStringLiteral("x"), 40 * (i % 25));
-        object.insert(QStringLiteral("y"), 20 * (i / 25));
-        object.insert(QStringLiteral("text"), QStringLiteral("object %1").arg(i));
-        objects.append(object);
-    }
-    QJsonObject page;
-    page.insert(QStringLiteral("format"), QStringLiteral("vxpage"));
-    page.insert(QStringLiteral("version"), 1);
-    page.insert(QStringLiteral("page"), QJsonObject{{QStringLiteral("width"), 1000},
-                                                    {QStringLiteral("height"), 800},
-                                                    {QStringLiteral("dpi"), 96}});
-    page.insert(QStringLiteral("objects"), objects);
-    return QJsonDocument(page).toJson();
-}
 
 struct Files {
     QTemporaryDir folder;
@@ -63,8 +40,23 @@ std::unique_ptr<OpenPage> openPage(benchmark::State &state, Files &files, const 
 void load(benchmark::State &state, Files &files, const QString &path)
 {
     for ([[maybe_unused]] auto _ : state) {
-        if (!openPage(state, files, path))
+        std::unique_ptr<OpenPage> page = openPage(state, files, path);
+        if (!page)
             return;
+        state.PauseTiming(); // its end is no part of its opening
+        page.reset();
+        state.ResumeTiming();
+    }
+    state.SetItemsProcessed(state.iterations() * ObjectCount);
+}
+
+// The part of load() that makes no objects.
+void read(benchmark::State &state, Files &files, const QString &path)
+{
+    for ([[maybe_unused]] auto _ : state) {
+        PageFile file;
+        if (!readPageFile(path, file, files.error))
+            state.SkipWithError(qPrintable(files.error));
     }
     state.SetItemsProcessed(state.iterations() * ObjectCount);
 }
@@ -99,17 +91,6 @@ void snapshot(benchmark::State &state, Files &files, const QString &from, bool i
     state.SetItemsProcessed(state.iterations() * ObjectCount);
 }
 
-// Moves every object, so that all are written as records.
-bool writeRecords(Files &files, const QString &from, const QString &to)
-{
-    const std::unique_ptr<OpenPage> page = OpenPage::load(files.loader, from, files.error);
-    if (!page)
-        return false;
-    for (CVXRootObject *object : page->page()->objects())
-        object->setPos(object->getPos() + QPointF(1, 1), false);
-    return page->save(to, files.error);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -120,43 +101,37 @@ int main(int argc, char **argv)
         return 2;
     Framework framework;
     Files files;
-    QFile hand(files.path("hand.json"));
-    if (!files.loader.load() || !hand.open(QIODevice::WriteOnly)
-        || hand.write(handWrittenPage()) < 0) {
+    const QString hand = files.path("hand.json");
+    const QString json = files.path("mixed.json");
+    const QString binary = files.path("mixed.vxpage");
+    if (!files.loader.load()) {
         qCritical("bench_page: %s", qPrintable(files.loader.errorString()));
         return 1;
     }
-    hand.close();
-    const QString json = files.path("records.json");
-    const QString binary = files.path("records.vxpage");
-    if (!writeRecords(files, hand.fileName(), json) || !writeRecords(files, json, binary)) {
+    if (!writeBytes(hand, plainPage(ObjectCount))
+        || !writeMixedPage(files.loader, ObjectCount, json, files.error)
+        || !writeMixedPage(files.loader, ObjectCount, binary, files.error)) {
         qCritical("bench_page: %s", qPrintable(files.error));
         return 1;
     }
-    using benchmark::RegisterBenchmark;
-    const auto inMilliseconds = [](benchmark::internal::Benchmark *registered) {
-        registered->Unit(benchmark::kMillisecond);
+    const auto add = [](const char *name, auto run) {
+        return benchmark::RegisterBenchmark(name, run)->Unit(benchmark::kMillisecond);
     };
-    inMilliseconds(RegisterBenchmark("load/by hand", [&](benchmark::State &s) {
-        load(s, files, hand.fileName());
-    }));
-    inMilliseconds(
-        RegisterBenchmark("load/records.json", [&](benchmark::State &s) { load(s, files, json); }));
-    inMilliseconds(RegisterBenchmark("load/records.vxpage",
-                                     [&](benchmark::State &s) { load(s, files, binary); }));
-    inMilliseconds(RegisterBenchmark("save/json", [&](benchmark::State &s) {
-        save(s, files, json, files.path("out.json"));
-    }));
-    inMilliseconds(RegisterBenchmark("save/vxpage", [&](benchmark::State &s) {
-        save(s, files, binary, files.path("out.vxpage"));
-    }));
-    // On another thread, whose time the processor's clock of this one does not count.
-    inMilliseconds(RegisterBenchmark("snapshot/unchanged", [&](benchmark::State &s) {
-                       snapshot(s, files, json, /*isChanged=*/false);
-                   })->UseRealTime());
-    inMilliseconds(RegisterBenchmark("snapshot/all changed", [&](benchmark::State &s) {
-                       snapshot(s, files, json, /*isChanged=*/true);
-                   })->UseRealTime());
+    using State = benchmark::State;
+    add("load/by hand", [&](State &s) { load(s, files, hand); });
+    add("load/mixed.json", [&](State &s) { load(s, files, json); });
+    add("load/mixed.vxpage", [&](State &s) { load(s, files, binary); });
+    add("read/mixed.json", [&](State &s) { read(s, files, json); });
+    add("read/mixed.vxpage", [&](State &s) { read(s, files, binary); });
+    add("save/json", [&](State &s) { save(s, files, json, files.path("out.json")); });
+    add("save/vxpage", [&](State &s) { save(s, files, binary, files.path("out.vxpage")); });
+    // On another thread, which the processor's clock of this one does not count.
+    add("snapshot/unchanged", [&](State &s) {
+        snapshot(s, files, json, /*isChanged=*/false);
+    })->MeasureProcessCPUTime();
+    add("snapshot/all changed", [&](State &s) {
+        snapshot(s, files, json, /*isChanged=*/true);
+    })->MeasureProcessCPUTime();
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
