@@ -2,6 +2,7 @@
 #include "app/page/outputfile.h"
 
 #include "app/page/pagetext.h"
+#include "app/page/unfinishedfile.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -61,8 +62,12 @@ QString formerFileName(const QString &name)
 bool writeFile(const QString &name, const QByteArray &bytes, QString &reason, FormerFile former,
                const FileCheck &check)
 {
+    removeUnfinished(name);
     QSaveFile output(name);
-    if (!output.open(QIODevice::WriteOnly) || output.write(bytes) != bytes.size())
+    if (!output.open(QIODevice::WriteOnly))
+        return fail(reason, output.errorString());
+    UnfinishedMark mark(output.handle());
+    if (output.write(bytes) != bytes.size())
         return fail(reason, output.errorString());
     QByteArray written;
     if (!readBack(output, written) || written != bytes)
@@ -72,5 +77,8 @@ bool writeFile(const QString &name, const QByteArray &bytes, QString &reason, Fo
     if (former == FormerFile::Kept && QFileInfo(name).isFile() && !holds(name, bytes)
         && !keepFormer(name, reason))
         return false;
-    return output.commit() || fail(reason, output.errorString());
+    if (!output.commit())
+        return fail(reason, output.errorString());
+    mark.remove();
+    return true;
 }

@@ -56,6 +56,7 @@ QString PageRenderer::suffixOf(Format format)
 bool PageRenderer::check(Format format)
 {
     m_error.clear();
+    m_isGivenUp = false;
     return measure() && checkSize(format);
 }
 
@@ -63,6 +64,12 @@ QByteArray PageRenderer::render(Format format)
 {
     if (!check(format))
         return {};
+    const QByteArray bytes = made(format);
+    return m_isGivenUp ? QByteArray() : bytes;
+}
+
+QByteArray PageRenderer::made(Format format)
+{
     switch (format) {
     case Format::Png:
         return pngPicture(picture(), m_error);
@@ -72,6 +79,14 @@ QByteArray PageRenderer::render(Format format)
         return pdfPicture(picture(), m_error);
     }
     return {};
+}
+
+QImage PageRenderer::renderImage()
+{
+    if (!check(Format::Png))
+        return {};
+    const QImage image = pngImage(picture(), m_error);
+    return m_isGivenUp ? QImage() : image;
 }
 
 bool PageRenderer::renderToFile(Format format, const QString &fileName)
@@ -88,6 +103,7 @@ bool PageRenderer::renderToFile(Format format, const QString &fileName)
 bool PageRenderer::paint(QPainter &painter)
 {
     m_error.clear();
+    m_isGivenUp = false;
     if (!measure())
         return false;
     painter.save();
@@ -96,7 +112,7 @@ bool PageRenderer::paint(QPainter &painter)
     painter.translate(-m_area.topLeft());
     paintObjects(painter);
     painter.restore();
-    return true;
+    return !m_isGivenUp;
 }
 
 bool PageRenderer::fail(const QString &error)
@@ -117,6 +133,8 @@ bool PageRenderer::measure()
     QPainter painter(&bounds);
     paintObjects(painter);
     painter.end();
+    if (m_isGivenUp)
+        return false;
     const QRectF ink = bounds.ink();
     if (isFinite(ink) && ink.isEmpty())
         return fail(QStringLiteral("the page is empty"));
@@ -135,7 +153,7 @@ bool PageRenderer::measure()
     return true;
 }
 
-Picture PageRenderer::picture() const
+Picture PageRenderer::picture()
 {
     Picture picture;
     picture.size = m_area.size();
@@ -183,11 +201,20 @@ QList<CVXRootObject *> PageRenderer::shownObjects() const
     return shown;
 }
 
-void PageRenderer::paintObjects(QPainter &painter) const
+bool PageRenderer::isStillWanted(int done, int total)
+{
+    m_isGivenUp = m_isGivenUp || !isWanted(m_options.progress, done, total);
+    return !m_isGivenUp;
+}
+
+void PageRenderer::paintObjects(QPainter &painter)
 {
     painter.setRenderHint(QPainter::Antialiasing);
     const QList<CVXRootObject *> objects = shownObjects();
+    int done = 0;
     for (CVXRootObject *object : objects) {
+        if (!isStillWanted(done++, objects.size()))
+            return;
         painter.save();
         painter.setTransform(object->GetGraphicsItemPtr()->sceneTransform(), true);
         object->paintContent(&painter);

@@ -32,6 +32,7 @@ public:
         bool hints = false;      ///< of the foreground what is said about missing fonts
         QList<CVXRootObject *> objects; ///< of the page what is shown; empty: all
         PictureMetadata metadata;
+        Progress progress; ///< asked ahead of each object
     };
 
     /// Sides in pixels above which no picture is made.
@@ -47,12 +48,16 @@ public:
     /// The suffix of files of \a format: "png".
     static QString suffixOf(Format format);
 
-    /// Renders the page. An empty array, with errorString(), when the page is empty or too large.
+    /// Renders the page. An empty array, with errorString(), when the page is empty or too large; with an
+    /// empty errorString() when it is not wanted any more.
     QByteArray render(Format format);
+    /// The pixels of the PNG that render() makes, with its metadata; null in place of an empty array.
+    QImage renderImage();
     /// True when render() has something to show that is not too large; else with errorString().
     bool check(Format format);
     /// Paints the page with its background, in page pixels, the upper left corner at the origin of
-    /// \a painter. False, with errorString(), when the page is empty.
+    /// \a painter. False, with errorString(), when the page is empty, and without when it is not wanted
+    /// any more: what is painted then is a part.
     bool paint(QPainter &painter);
     /// Of the last picture that render() made or check() approved: pixels of a PNG, page pixels else.
     QSize pictureSize() const { return m_size; }
@@ -65,15 +70,18 @@ private:
     bool measure();
     bool checkSize(Format format);
     bool fail(const QString &error);
-    void paintObjects(QPainter &painter) const;
+    QByteArray made(Format format);
+    bool isStillWanted(int done, int total);
+    void paintObjects(QPainter &painter);
     void paintForeground(QPainter &painter) const;
     QList<CVXRootObject *> shownObjects() const;
-    Picture picture() const;
+    Picture picture();
 
     Page *m_page;
     Options m_options;
     QRect m_area; ///< the part of the page that is shown, in page pixels
     QSize m_size;
+    bool m_isGivenUp = false;
     QString m_error;
 };
 

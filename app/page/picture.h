@@ -3,9 +3,12 @@
 #ifndef APP_PICTURE_H
 #define APP_PICTURE_H
 
+#include "app/page/progress.h"
+
 #include <QByteArray>
 #include <QColor>
 #include <QDateTime>
+#include <QImage>
 #include <QSize>
 #include <QString>
 
@@ -43,6 +46,13 @@ struct Picture {
 
 /// Pixels of the PNG of \a picture.
 QSize pngSize(const Picture &picture);
+
+/// The pixels of the PNG of \a picture, with its metadata. Null, with a sentence in \a error, without
+/// the memory for it.
+QImage pngImage(const Picture &picture, QString &error);
+/// \a image as a PNG; for any thread. Empty, with a sentence in \a error, when that cannot be, and
+/// without one when it is not wanted any more.
+QByteArray pngBytes(const QImage &image, QString &error, const Progress &progress = nullptr);
 
 /// Each writes the same picture to the same bytes every time. Empty, with a sentence in \a error, when
 /// that cannot be.

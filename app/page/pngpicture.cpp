@@ -28,6 +28,28 @@ void addMetadata(QImage &image, const PictureMetadata &metadata)
     }
 }
 
+/// Takes bytes as long as they are wanted.
+class WantedBuffer : public QBuffer
+{
+public:
+    explicit WantedBuffer(const Progress &progress)
+        : m_progress(progress)
+    {
+    }
+    bool wasWanted() const { return m_wasWanted; }
+
+protected:
+    qint64 writeData(const char *bytes, qint64 size) override
+    {
+        m_wasWanted = m_wasWanted && isWanted(m_progress, 0, 0);
+        return m_wasWanted ? QBuffer::writeData(bytes, size) : -1;
+    }
+
+private:
+    Progress m_progress;
+    bool m_wasWanted = true;
+};
+
 } // namespace
 
 QSize pngSize(const Picture &picture)
@@ -36,7 +58,7 @@ QSize pngSize(const Picture &picture)
             qCeil(picture.size.height() * picture.scale)};
 }
 
-QByteArray pngPicture(const Picture &picture, QString &error)
+QImage pngImage(const Picture &picture, QString &error)
 {
     QImage image(pngSize(picture), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
@@ -52,12 +74,23 @@ QByteArray pngPicture(const Picture &picture, QString &error)
     picture.paint(painter);
     painter.end();
     addMetadata(image, picture.metadata);
+    return image;
+}
 
-    QBuffer buffer;
+QByteArray pngBytes(const QImage &image, QString &error, const Progress &progress)
+{
+    error.clear();
+    WantedBuffer buffer(progress);
     QImageWriter writer(&buffer, QByteArrayLiteral("png"));
-    if (!writer.write(image)) {
+    if (writer.write(image) && buffer.wasWanted())
+        return buffer.data();
+    if (buffer.wasWanted())
         error = QStringLiteral("cannot write the picture: %1").arg(writer.errorString());
-        return {};
-    }
-    return buffer.data();
+    return {};
+}
+
+QByteArray pngPicture(const Picture &picture, QString &error)
+{
+    const QImage image = pngImage(picture, error);
+    return image.isNull() ? QByteArray() : pngBytes(image, error);
 }

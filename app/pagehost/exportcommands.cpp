@@ -2,6 +2,7 @@
 #include "app/pagehost/exportcommands.h"
 
 #include "app/page/page.h"
+#include "app/pagehost/busysign.h"
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pictureexport.h"
@@ -31,15 +32,6 @@ QString suffixOfFilter(const QString &filter)
 {
     return filter.section(QLatin1String("*."), 1).section(QLatin1Char(')'), 0, 0);
 }
-
-class BusyPointer
-{
-public:
-    BusyPointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer &) = delete;
-    BusyPointer &operator=(const BusyPointer &) = delete;
-};
 
 } // namespace
 
@@ -99,15 +91,21 @@ void ExportCommands::exportPicture()
     double scale = 1;
     if (format == PageRenderer::Format::Png && !askForResolution(scale))
         return;
+    exportTo(format, fileName, scale);
+}
+
+void ExportCommands::exportTo(PageRenderer::Format format, const QString &fileName, double scale)
+{
     QString error;
     bool isWritten = false;
     {
-        const BusyPointer busy;
-        isWritten = PictureExport::write(*session, format, fileName, scale, error);
+        BusySign work(m_window, tr("Exporting %1").arg(QFileInfo(fileName).fileName()));
+        isWritten = PictureExport::write(*m_window->session(), format, fileName, scale, error,
+                                         work);
     }
     if (isWritten)
         m_window->statusBar()->showMessage(tr("Exported %1").arg(fileName), statusTime);
-    else
+    else if (!error.isEmpty()) // not given up by the user
         QMessageBox::critical(m_window, tr("Export"),
                               tr("The picture is not written.\n\n%1").arg(error));
 }
@@ -134,10 +132,16 @@ void ExportCommands::print()
     dialog.setWindowTitle(tr("Print"));
     if (dialog.exec() != QDialog::Accepted)
         return;
-    const BusyPointer busy;
-    if (!PictureExport::print(*session, printer))
-        m_window->statusBar()
-            ->showMessage(tr("The page is not printed: the printer does not begin"), statusTime);
+    printOn(printer);
+}
+
+void ExportCommands::printOn(QPrinter &printer)
+{
+    QString error;
+    BusySign work(m_window, tr("Printing"));
+    if (!PictureExport::print(*m_window->session(), printer, error, work) && !error.isEmpty())
+        m_window->statusBar()->showMessage(tr("The page is not printed: %1").arg(error),
+                                           statusTime);
 }
 
 void ExportCommands::copyPicture()
@@ -145,8 +149,8 @@ void ExportCommands::copyPicture()
     QString error;
     std::unique_ptr<QMimeData> picture;
     {
-        const BusyPointer busy;
-        picture = PictureExport::selectionPicture(*m_window->session(), error);
+        BusySign work(m_window, tr("Copying"));
+        picture = PictureExport::selectionPicture(*m_window->session(), error, work);
     }
     if (picture)
         QApplication::clipboard()->setMimeData(picture.release()); // which owns it now

@@ -17,6 +17,8 @@ public:
     virtual bool isWanted() const = 0;
     /// Does \a part, which touches nothing that the GUI thread knows, and returns when it is done.
     virtual void aside(const std::function<void()> &part) = 0;
+    /// What begins now cannot be given up any more.
+    virtual void beginLastPart() = 0;
 };
 
 /// Work that nobody watches: it is done at once.
@@ -26,6 +28,7 @@ public:
     bool step(int /*done*/, int /*total*/) override { return true; }
     bool isWanted() const override { return true; }
     void aside(const std::function<void()> &part) override { part(); }
+    void beginLastPart() override {}
 };
 
 #endif

@@ -4,6 +4,7 @@
 
 #include "app/page/document.h"
 #include "app/page/pagestorage.h"
+#include "app/page/unfinishedfile.h"
 #include "app/pagehost/longwork.h"
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
@@ -53,7 +54,10 @@ std::unique_ptr<PageSession> PageSession::open(const PluginLoader *loader, const
     const QString stamp = stampOf(fileName);
     PageFile file;
     bool isRead = false;
-    work.aside([&] { isRead = readPageFile(fileName, file, error); });
+    work.aside([&] {
+        removeUnfinished(fileName);
+        isRead = readPageFile(fileName, file, error);
+    });
     if (!isRead)
         return nullptr;
     const Progress progress = [&](int done, int total) { return work.step(done, total); };

@@ -110,6 +110,7 @@ void RecoveryCopy::remove()
 
 Recovery::Recovery(QObject *parent)
     : QObject(parent)
+    , m_timer(this)
 {
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, [this] {
@@ -160,10 +161,10 @@ bool Recovery::copyNow()
         return true;
     if (BusySign::isAnywhere())
         return false; // the page is being read or written: soon
+    waitForWriting();
     const QString mark = m_session->contentMark();
     if (m_copy && mark == m_mark && m_session->fileName() == m_originalName)
         return true;
-    waitForWriting();
     QElapsedTimer clock;
     clock.start();
     PageFile file;
@@ -182,6 +183,7 @@ bool Recovery::copyNow()
         QString problem;
         return writePageFile(name, file, problem);
     });
+    m_timer.start(m_delay); // to see whether it has been written
     return true;
 }
 

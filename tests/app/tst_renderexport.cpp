@@ -2,6 +2,7 @@
 // What the picture files hold: the same picture as the screen, whoever draws them, the text in plain
 // form beside it, and the same bytes every time.
 #include "tests/app/pdfstreams.h"
+#include "tests/app/picturedifference.h"
 #include "tests/app/renderfolder.h"
 
 #include "app/page/document.h"
@@ -51,33 +52,6 @@ QByteArray pageWithText(const QByteArray &text)
                     "{'kind':'rich_text','text':'"
                     + text + "','attributes':{'font_family':'BoxTest','font_pointsize':12}}]}");
     return json.replace('\'', '"');
-}
-
-struct Difference {
-    double mean = 0; ///< of all channels of all pixels, from 0 to 255
-    double far = 0;  ///< share of the pixels of which a channel differs by more than 96
-};
-
-Difference difference(const QImage &one, const QImage &other)
-{
-    Difference result;
-    double sum = 0;
-    int far = 0;
-    for (int y = 0; y < one.height(); ++y) {
-        for (int x = 0; x < one.width(); ++x) {
-            const QColor a = one.pixelColor(x, y);
-            const QColor b = other.pixelColor(x, y);
-            const int channels[] = {qAbs(a.red() - b.red()), qAbs(a.green() - b.green()),
-                                    qAbs(a.blue() - b.blue())};
-            for (int channel : channels)
-                sum += channel;
-            far += *std::max_element(std::begin(channels), std::end(channels)) > 96;
-        }
-    }
-    const double pixels = double(one.width()) * one.height();
-    result.mean = sum / (3 * pixels);
-    result.far = far / pixels;
-    return result;
 }
 
 /// The text of the first element \a name of \a xml; null when there is none or it is no XML.

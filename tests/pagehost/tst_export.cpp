@@ -1,35 +1,34 @@
 // SPDX-License-Identifier: MIT
 // Clipboard, pictures and paper.
+#include "tests/app/picturedifference.h"
 #include "tests/pagehost/objectwindow.h"
+#include "tests/pagehost/slowclock.h"
 
+#include "app/pagehost/exportcommands.h"
 #include "app/pagehost/pictureexport.h"
 
 #include <QClipboard>
 #include <QMimeData>
 #include <QPainter>
 #include <QPrinter>
+#include <QProcess>
 #include <QScrollBar>
+#include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QTemporaryDir>
-
-#include <cstdlib>
 
 namespace {
 
 const QRectF firstPlace(60, 60, 220, 60);
 const QRectF secondPlace(100, 160, 260, 90);
 
-/// The part of all pixels, in percent, by which two pictures differ clearly.
-double difference(const QImage &a, const QImage &b)
+/// Drawn by the same engine: all but rounding is equal.
+void checkSame(const QImage &one, const QImage &other)
 {
-    if (a.size() != b.size())
-        return 100;
-    int count = 0;
-    for (int y = 0; y < a.height(); ++y) {
-        for (int x = 0; x < a.width(); ++x)
-            count += std::abs(qGray(a.pixel(x, y)) - qGray(b.pixel(x, y))) > 48;
-    }
-    return 100.0 * count / (a.width() * a.height());
+    QCOMPARE(one.size(), other.size());
+    const Difference apart = difference(one, other);
+    QVERIFY2(apart.mean < 0.1, qPrintable(QString::number(apart.mean)));
+    QVERIFY2(apart.far < 0.0001, qPrintable(QString::number(apart.far)));
 }
 
 int darkPixels(const QImage &image, const QRect &place)
@@ -46,6 +45,15 @@ QByteArray contentOf(const QString &fileName)
 {
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void bend(CVXRootObject *object, int style, double value)
+{
+    QByteArray bytes;
+    QDataStream out(&bytes, QIODevice::WriteOnly);
+    out << style << value << 0.0 << 0.0 << 1 << true;
+    QDataStream in(bytes);
+    object->SetSpecialProperty(/*property=*/118, in, /*undo=*/false);
 }
 
 bool isBold(CVXRootObject *object)
@@ -71,6 +79,12 @@ private Q_SLOTS:
     void pngHasTheResolutionAskedFor();
     void svgHasOutlinesAndTheTextBeside();
     void pdfHasOutlinesAndATitle();
+    void wholePageLooksLikeTheScreen_data();
+    void wholePageLooksLikeTheScreen();
+    void otherProgramsDrawTheSame_data();
+    void otherProgramsDrawTheSame();
+    void noTextNeedsAFont_data();
+    void noTextNeedsAFont();
     void exportEndsTheEdit();
     void failedExportLeavesTheFileBefore();
 
@@ -82,8 +96,23 @@ private Q_SLOTS:
 
     // Paper
     void pageIsPrintedOnOneSheet();
+    void paperShowsThePageInItsSize();
+
+    // Long work
+    void workThatIsGivenUpLeavesFile_data();
+    void workThatIsGivenUpLeavesFile();
+    void slowWorkCanBeCancelled_data();
+    void slowWorkCanBeCancelled();
+    void slowCopyCanBeCancelled();
 
 private:
+    enum Kind { Png, Svg, Pdf, Paper };
+    static void addKinds();
+    static const char *fileNameOf(Kind kind);
+    void openWhole(ObjectWindow &window, const QString &page);
+    bool make(ObjectWindow &window, Kind kind, const QString &fileName, QString &error,
+              LongWork &work);
+    QImage drawnBy(const QString &program, const QStringList &arguments) const;
     QString pictureFile(ObjectWindow &window, PageRenderer::Format format, const char *name,
                         double scale = 1);
     static void makeTwo(ObjectWindow &window);
@@ -116,7 +145,8 @@ QString TestExport::pictureFile(ObjectWindow &window, PageRenderer::Format forma
 {
     const QString fileName = m_folder->filePath(QLatin1String(name));
     QString error;
-    if (PictureExport::write(*window.session(), format, fileName, scale, error))
+    PlainWork work;
+    if (PictureExport::write(*window.session(), format, fileName, scale, error, work))
         return fileName;
     qWarning("%s", qPrintable(error));
     return {};
@@ -150,8 +180,7 @@ void TestExport::pngIsWhatTheScreenShows()
     QVERIFY(window.canvas()->rect().contains(onScreen));
     const QImage screen = window.canvas()->grab(onScreen).toImage();
     QVERIFY(darkPixels(screen, screen.rect()) > 500);
-    const double different = difference(screen, picture.copy(inPicture));
-    QVERIFY2(different < 0.1, qPrintable(QString::number(different)));
+    checkSame(screen, picture.copy(inPicture));
 }
 
 void TestExport::pngHasTheResolutionAskedFor()
@@ -182,8 +211,7 @@ void TestExport::svgHasOutlinesAndTheTextBeside()
     QPainter painter(&drawn);
     renderer.render(&painter, drawn.rect());
     painter.end();
-    const double different = difference(png, drawn);
-    QVERIFY2(different < 0.1, qPrintable(QString::number(different)));
+    checkSame(png, drawn);
 }
 
 void TestExport::pdfHasOutlinesAndATitle()
@@ -195,6 +223,141 @@ void TestExport::pdfHasOutlinesAndATitle()
     QVERIFY(!pdf.contains("/FontFile"));
     QVERIFY(pdf.contains("<dc:title>") && pdf.contains("Outlines"));
     QVERIFY(pdf.contains("Words &amp; more"));
+}
+
+/// Shows \a page whole at the zoom 2 and less: a sample of that name, or the sample of art texts with two
+/// warped texts on it.
+void TestExport::openWhole(ObjectWindow &window, const QString &page)
+{
+    const bool isBent = page == QLatin1String("art and warps");
+    const QString name = isBent ? QStringLiteral("art.json") : page;
+    QVERIFY(window.window()->openFile(QStringLiteral(VX_SOURCE_DIR "/samples/") + name));
+    if (isBent) {
+        bend(window.writeBox({280, 350, 320, 60}, QStringLiteral("flying flags")), 8, 0.5);
+        bend(window.writeBox({280, 420, 320, 60}, QStringLiteral("arcs of words")), 1, -0.4);
+        window.select({});
+    }
+    window.window()->resize(2400, 1500);
+    window.settle();
+}
+
+static void addPages(const std::initializer_list<int> &scales)
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<int>("scale");
+    for (const char *page : {"page.json", "art and warps"}) {
+        for (int scale : scales)
+            QTest::addRow("%s, %d times", page, scale) << QString::fromLatin1(page) << scale;
+    }
+}
+
+void TestExport::wholePageLooksLikeTheScreen_data()
+{
+    addPages({1, 2});
+}
+
+void TestExport::wholePageLooksLikeTheScreen()
+{
+    QFETCH(QString, page);
+    QFETCH(int, scale);
+    ObjectWindow window(&m_loader);
+    openWhole(window, page);
+    window.view()->setZoom(scale);
+    window.settle();
+    const QRect onScreen(window.view()->mapFromScene(QPointF(0, 0)),
+                         window.session()->size() * scale);
+    QVERIFY(window.canvas()->rect().contains(onScreen));
+    const QImage screen = window.canvas()->grab(onScreen).toImage();
+    const QImage picture(pictureFile(window, PageRenderer::Format::Png, "page.png", scale));
+    const QRect inside = screen.rect().adjusted(2, 2, -2,
+                                                -2); // of the line that the view draws around
+    checkSame(screen.copy(inside), picture.copy(inside));
+    QCOMPARE(picture.size(), screen.size());
+    QImage blank(screen.size(), QImage::Format_RGB32);
+    blank.fill(window.session()->background());
+    QVERIFY(difference(screen, blank).mean > 5); // the measure tells a page from none
+}
+
+void TestExport::otherProgramsDrawTheSame_data()
+{
+    addPages({1, 2});
+}
+
+QImage TestExport::drawnBy(const QString &program, const QStringList &arguments) const
+{
+    const QString drawn = m_folder->filePath(QStringLiteral("drawn.png"));
+    QFile::remove(drawn);
+    QProcess process;
+    process.setWorkingDirectory(m_folder->path());
+    process.start(program, arguments);
+    if (!process.waitForFinished() || process.exitCode() != 0)
+        qWarning("%s", process.readAllStandardError().constData());
+    return QImage(drawn);
+}
+
+/// Along slanted edges each program has its own way of smoothing.
+static void checkAlike(const QImage &png, const QImage &drawn)
+{
+    QVERIFY(drawn.width() >= png.width() && drawn.width() <= png.width() + 4);
+    QVERIFY(drawn.height() >= png.height() && drawn.height() <= png.height() + 4);
+    const Difference apart = difference(png, drawn.copy(png.rect()));
+    QVERIFY2(apart.mean < 1.5, qPrintable(QString::number(apart.mean)));
+    QVERIFY2(apart.far < 0.002, qPrintable(QString::number(apart.far)));
+}
+
+void TestExport::otherProgramsDrawTheSame()
+{
+    QFETCH(QString, page);
+    QFETCH(int, scale);
+    const QString rsvg = QStringLiteral("rsvg-convert");
+    const QString pdftoppm = QStringLiteral("pdftoppm");
+    for (const QString &program : {rsvg, pdftoppm}) {
+        if (QStandardPaths::findExecutable(program).isEmpty())
+            QSKIP(qPrintable(QStringLiteral("%1 is not installed").arg(program)));
+    }
+    ObjectWindow window(&m_loader);
+    openWhole(window, page);
+    const QImage png(pictureFile(window, PageRenderer::Format::Png, "page.png", scale));
+    const QString svg = pictureFile(window, PageRenderer::Format::Svg, "page.svg");
+    checkAlike(png, drawnBy(rsvg, {QStringLiteral("-z"), QString::number(scale), svg,
+                                   QStringLiteral("-o"), QStringLiteral("drawn.png")}));
+    const QString pdf = pictureFile(window, PageRenderer::Format::Pdf, "page.pdf");
+    checkAlike(png, drawnBy(pdftoppm, {QStringLiteral("-r"), QString::number(96 * scale),
+                                       QStringLiteral("-png"), QStringLiteral("-singlefile"), pdf,
+                                       QStringLiteral("drawn")}));
+}
+
+void TestExport::noTextNeedsAFont_data()
+{
+    QTest::addColumn<QString>("page");
+    for (const char *page : {"page.json", "art and warps", "missing-font.json"})
+        QTest::newRow(page) << QString::fromLatin1(page);
+}
+
+void TestExport::noTextNeedsAFont()
+{
+    QFETCH(QString, page);
+    ObjectWindow window(&m_loader);
+    openWhole(window, page);
+    const QByteArray svg = contentOf(pictureFile(window, PageRenderer::Format::Svg, "page.svg"));
+    QVERIFY(svg.contains("<path "));
+    QVERIFY(!svg.contains("<text"));
+    const QString fileName = pictureFile(window, PageRenderer::Format::Pdf, "page.pdf");
+    const QByteArray pdf = contentOf(fileName);
+    QVERIFY(!pdf.contains("/FontFile"));
+    QVERIFY(!pdf.contains("/Type /Font"));
+    const QString first = window.text(0).section(QLatin1Char('\n'), 0, 0);
+    QVERIFY(svg.contains("<title>" + first.toUtf8().replace('&', "&amp;")));
+    QVERIFY(pdf.contains(first.toUtf8().replace('&', "&amp;")));
+    const QImage png(pictureFile(window, PageRenderer::Format::Png, "page.png"));
+    QVERIFY(png.text(QStringLiteral("Description")).startsWith(window.text(0)));
+    if (QStandardPaths::findExecutable(QStringLiteral("pdffonts")).isEmpty())
+        QSKIP("pdffonts is not installed");
+    QProcess fonts;
+    fonts.start(QStringLiteral("pdffonts"), {fileName});
+    QVERIFY(fonts.waitForFinished());
+    QCOMPARE(fonts.exitCode(), 0);
+    QCOMPARE(fonts.readAllStandardOutput().count('\n'), 2); // the head of a list without entries
 }
 
 void TestExport::exportEndsTheEdit()
@@ -215,14 +378,17 @@ void TestExport::failedExportLeavesTheFileBefore()
     makeTwo(window);
     const QString folder = m_folder->filePath(QStringLiteral("none/page.png"));
     QString error;
-    QVERIFY(!PictureExport::write(*window.session(), PageRenderer::Format::Png, folder, 1, error));
+    PlainWork work;
+    QVERIFY(!PictureExport::write(*window.session(), PageRenderer::Format::Png, folder, 1, error,
+                                  work));
     QVERIFY(!error.isEmpty());
 
     const QString fileName = pictureFile(window, PageRenderer::Format::Png, "page.png");
     const QByteArray before = contentOf(fileName);
     error.clear();
     QVERIFY(!PictureExport::write(*window.session(), PageRenderer::Format::Png, fileName, 1e6,
-                                  error)); // too many pixels
+                                  error,
+                                  work)); // too many pixels
     QVERIFY(!error.isEmpty());
     QCOMPARE(contentOf(fileName), before);
 }
@@ -305,7 +471,10 @@ void TestExport::pageIsPrintedOnOneSheet()
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(fileName);
     printer.setPageSize(QPageSize(QPageSize::A6)); // smaller than the page
-    QVERIFY(PictureExport::print(*window.session(), printer));
+    QString error;
+    PlainWork work;
+    QVERIFY2(PictureExport::print(*window.session(), printer, error, work), qPrintable(error));
+    QCOMPARE(printer.outputFileName(), fileName);
     const QByteArray pdf = contentOf(fileName);
     QVERIFY(pdf.startsWith("%PDF-"));
     QCOMPARE(pdf.count("/Type /Page\n"), 1);
@@ -314,7 +483,145 @@ void TestExport::pageIsPrintedOnOneSheet()
     QPrinter nowhere(QPrinter::HighResolution);
     nowhere.setOutputFormat(QPrinter::PdfFormat);
     nowhere.setOutputFileName(m_folder->filePath(QStringLiteral("none/paper.pdf")));
-    QVERIFY(!PictureExport::print(*window.session(), nowhere));
+    QVERIFY(!PictureExport::print(*window.session(), nowhere, error, work));
+    QVERIFY(!error.isEmpty());
+}
+
+/// A picture of the paper shows the page, in its own size in the corner that the printer prints.
+void TestExport::paperShowsThePageInItsSize()
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftoppm")).isEmpty())
+        QSKIP("pdftoppm is not installed");
+    ObjectWindow window(&m_loader);
+    openWhole(window, QStringLiteral("page.json"));
+    const QImage png(pictureFile(window, PageRenderer::Format::Png, "page.png"));
+    QPrinter printer(QPrinter::HighResolution);
+    const QString fileName = m_folder->filePath(QStringLiteral("paper.pdf"));
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(fileName);
+    printer.setPageSize(QPageSize(QPageSize::A3));
+    printer.setPageMargins(QMarginsF(0, 0, 0, 0));
+    QString error;
+    PlainWork work;
+    QVERIFY2(PictureExport::print(*window.session(), printer, error, work), qPrintable(error));
+    const QImage paper = drawnBy(QStringLiteral("pdftoppm"),
+                                 {QStringLiteral("-r"), QStringLiteral("96"),
+                                  QStringLiteral("-png"), QStringLiteral("-singlefile"), fileName,
+                                  QStringLiteral("drawn")});
+    QVERIFY(paper.width() > png.width() && paper.height() > png.height());
+    checkAlike(png, paper.copy(png.rect()));
+    QCOMPARE(paper.pixelColor(png.width() + 3, 10), QColor(Qt::white));
+}
+
+// Long work
+
+void TestExport::addKinds()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("PNG") << int(Png);
+    QTest::newRow("SVG") << int(Svg);
+    QTest::newRow("PDF") << int(Pdf);
+    QTest::newRow("printing to a file") << int(Paper);
+}
+
+const char *TestExport::fileNameOf(Kind kind)
+{
+    constexpr const char *names[] = {"page.png", "page.svg", "page.pdf", "paper.pdf"};
+    return names[kind];
+}
+
+bool TestExport::make(ObjectWindow &window, Kind kind, const QString &fileName, QString &error,
+                      LongWork &work)
+{
+    if (kind != Paper) {
+        return PictureExport::write(*window.session(), PageRenderer::Format(kind), fileName, 1,
+                                    error, work);
+    }
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(fileName);
+    return PictureExport::print(*window.session(), printer, error, work);
+}
+
+void TestExport::workThatIsGivenUpLeavesFile_data()
+{
+    addKinds();
+}
+
+void TestExport::workThatIsGivenUpLeavesFile()
+{
+    QFETCH(int, kind);
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    const QString fileName = m_folder->filePath(QLatin1String(fileNameOf(Kind(kind))));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("old") == 3);
+    file.close();
+    int steps = 0;
+    for (bool isDone = false; !isDone; ++steps) { // wherever it is
+        QString error;
+        ImpatientWork work(steps);
+        isDone = make(window, Kind(kind), fileName, error, work);
+        QCOMPARE(error, QString());
+        QCOMPARE(contentOf(fileName) == "old", !isDone);
+        QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden).size(), 1);
+    }
+    QVERIFY(steps > window.objects().size() + 1);
+}
+
+void TestExport::slowWorkCanBeCancelled_data()
+{
+    addKinds();
+}
+
+void TestExport::slowWorkCanBeCancelled()
+{
+    QFETCH(int, kind);
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    const QString fileName = m_folder->filePath(QLatin1String(fileNameOf(Kind(kind))));
+    auto *commands = window.window()->findChild<ExportCommands *>();
+    const auto command = [&] {
+        if (kind == Paper) {
+            QPrinter printer(QPrinter::HighResolution);
+            printer.setOutputFormat(QPrinter::PdfFormat);
+            printer.setOutputFileName(fileName);
+            commands->printOn(printer);
+        } else {
+            commands->exportTo(PageRenderer::Format(kind), fileName, 1);
+        }
+    };
+    const QStringList texts = window.texts();
+    const int steps = window.steps()->index();
+    const SlowClock clock(1000);
+    const QString words = kind == Paper
+                              ? QStringLiteral("Printing")
+                              : QStringLiteral("Exporting ") + QFileInfo(fileName).fileName();
+    {
+        const ProgressWatch user(ProgressWatch::Manner::Cancels);
+        command(); // and no message
+        QCOMPARE(user.words(), words);
+        QVERIFY(!QFile::exists(fileName));
+        QCOMPARE(window.texts(), texts);
+        QCOMPARE(window.steps()->index(), steps);
+    }
+    const ProgressWatch user(ProgressWatch::Manner::Looks);
+    command();
+    QCOMPARE(user.words(), words);
+    QVERIFY(contentOf(fileName).size() > 500);
+}
+
+void TestExport::slowCopyCanBeCancelled()
+{
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    window.select({0});
+    QGuiApplication::clipboard()->setText(QStringLiteral("before"));
+    const SlowClock clock(1000);
+    const ProgressWatch user(ProgressWatch::Manner::Cancels);
+    window.trigger("copyPicture");
+    QCOMPARE(user.words(), QStringLiteral("Copying"));
+    QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("before"));
 }
 
 QTEST_MAIN(TestExport)

@@ -17,6 +17,7 @@
 #include "app/pagehost/translations.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
+#include "tests/pagehost/slowclock.h"
 
 #include <QAction>
 #include <QDir>
@@ -29,8 +30,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
-#include <QProgressDialog>
-#include <QPushButton>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
@@ -92,11 +91,18 @@ private Q_SLOTS:
     void closeQuestion();
 
     // Long work
-    void shortWorkShowsNothing();
-    void longWorkShowsSignFirst();
+    void timeDecidesWhatIsShown_data();
+    void timeDecidesWhatIsShown();
+    void workBesideTheWindowIsWatchedToo();
+    void longWorkHoldsOffTheRest();
     void longWorkCanBeGivenUp();
+    void dialogThatIsClosedGivesUpAndComesBack();
+    void lastPartCannotBeGivenUp();
     void openingThatIsGivenUpLeavesPage();
     void savingThatIsGivenUpLeavesFile();
+    void slowOpeningCanBeCancelled();
+    void slowSavingCanBeCancelled();
+    void slowWorkThatIsWaitedForIsDone();
 
     // Languages
     void hostStringsOfObjectsAreKnown();
@@ -798,69 +804,118 @@ void TestFiles::closeQuestion()
 
 // Long work
 
-void TestFiles::shortWorkShowsNothing()
+void TestFiles::timeDecidesWhatIsShown_data()
 {
-    BusySign work(m_window.get(), QStringLiteral("Short"));
-    bool done = false;
-    work.aside([&] { done = true; });
-    QVERIFY(done);
-    QVERIFY(work.step(1, 2));
+    QTest::addColumn<int>("time");
+    QTest::addColumn<bool>("hasSign");
+    QTest::addColumn<bool>("hasProgress");
+    QTest::newRow("at once") << 0 << false << false;
+    QTest::newRow("under half a second") << 499 << false << false;
+    QTest::newRow("half a second") << 500 << true << false;
+    QTest::newRow("under two seconds") << 1999 << true << false;
+    QTest::newRow("two seconds") << 2000 << true << true;
+    QTest::newRow("an hour") << 3600000 << true << true;
+}
+
+void TestFiles::timeDecidesWhatIsShown()
+{
+    QFETCH(int, time);
+    QFETCH(bool, hasSign);
+    QFETCH(bool, hasProgress);
+    SlowClock clock(0);
+    {
+        BusySign work(m_window.get(), QStringLiteral("Work"));
+        clock.setTime(time);
+        QVERIFY(work.step(1, 4));
+        QCOMPARE(QApplication::overrideCursor() != nullptr, hasSign);
+        if (hasSign)
+            QCOMPARE(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
+        auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+        QCOMPARE(dialog != nullptr, hasProgress);
+        if (hasProgress) {
+            QCOMPARE(dialog->labelText(), QStringLiteral("Work"));
+            QCOMPARE(dialog->maximum(), 4);
+            QCOMPARE(dialog->value(), 1);
+            clock.setTime(time + 100);
+            QVERIFY(work.step(2, 4));
+            QCOMPARE(dialog->value(), 2);
+        }
+    }
     QVERIFY(!QApplication::overrideCursor());
     QVERIFY(!QApplication::activeModalWidget());
 }
 
-void TestFiles::longWorkShowsSignFirst()
+void TestFiles::workBesideTheWindowIsWatchedToo()
 {
+    SlowClock clock(0);
+    BusySign work(m_window.get(), QStringLiteral("Work"));
+    clock.setTime(2000);
+    bool isDone = false;
+    work.aside([&] { isDone = true; });
+    QVERIFY(isDone);
+    QVERIFY(qobject_cast<QProgressDialog *>(QApplication::activeModalWidget()));
+}
+
+void TestFiles::longWorkHoldsOffTheRest()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
     {
-        BusySign work(m_window.get(), QStringLiteral("Long"), BusyTimes{0, 3600000});
-        QVERIFY(work.step(1, 2));
-        QVERIFY(QApplication::overrideCursor());
-        QCOMPARE(QApplication::overrideCursor()->shape(), Qt::BusyCursor);
-        QVERIFY(!QApplication::activeModalWidget());
+        const BusySign work(m_window.get(), QStringLiteral("Long"));
         QVERIFY(BusySign::isAnywhere());
         QVERIFY(!m_window->files()->mayLeavePage()); // not in the middle of it
+        QVERIFY(!m_window->close());
+        QVERIFY(!m_window->files()->recovery()->copyNow());
     }
-    QVERIFY(!QApplication::overrideCursor());
     QVERIFY(!BusySign::isAnywhere());
+    QVERIFY(m_window->files()->recovery()->copyNow());
 }
 
 void TestFiles::longWorkCanBeGivenUp()
 {
-    BusySign work(m_window.get(), QStringLiteral("Very long"), BusyTimes{0, 0});
+    SlowClock clock(1000);
+    BusySign work(m_window.get(), QStringLiteral("Very long"));
+    QVERIFY(work.step(1, 4));
     QVERIFY(work.step(1, 4));
     auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
     QVERIFY(dialog);
-    QCOMPARE(dialog->labelText(), QStringLiteral("Very long"));
-    QCOMPARE(dialog->maximum(), 4);
-    QCOMPARE(dialog->value(), 1);
-    QVERIFY(work.step(2, 4));
-    QCOMPARE(dialog->value(), 2);
-    QTest::mouseClick(dialog->findChild<QPushButton *>(), Qt::LeftButton);
+    auto *cancel = dialog->findChild<QPushButton *>();
+    QCOMPARE(cancel->text(), QStringLiteral("Cancel"));
+    QTest::mouseClick(cancel, Qt::LeftButton);
     QVERIFY(!work.step(3, 4));
     QVERIFY(!work.isWanted());
+    // What goes on for a while still shuts out the window behind it.
+    QCOMPARE(QApplication::activeModalWidget(), dialog);
+    QCOMPARE(dialog->labelText(), QStringLiteral("Cancelling..."));
+    QVERIFY(!cancel->isEnabled());
 }
 
-namespace {
-/// Work that is given up after some steps.
-class ImpatientWork : public LongWork
+void TestFiles::dialogThatIsClosedGivesUpAndComesBack()
 {
-public:
-    explicit ImpatientWork(int steps)
-        : m_left(steps)
-    {
-    }
-    bool step(int /*done*/, int /*total*/) override { return --m_left >= 0; }
-    bool isWanted() const override { return m_left >= 0; }
-    void aside(const std::function<void()> &part) override
-    {
-        --m_left;
-        part();
-    }
+    SlowClock clock(2000);
+    BusySign work(m_window.get(), QStringLiteral("Very long"));
+    QVERIFY(work.step(1, 4));
+    auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+    QVERIFY(dialog);
+    dialog->close();
+    QVERIFY(!work.step(2, 4));
+    QCOMPARE(QApplication::activeModalWidget(), dialog);
+}
 
-private:
-    int m_left;
-};
-} // namespace
+void TestFiles::lastPartCannotBeGivenUp()
+{
+    SlowClock clock(2000);
+    BusySign work(m_window.get(), QStringLiteral("Very long"));
+    QVERIFY(work.step(1, 4));
+    auto *dialog = qobject_cast<QProgressDialog *>(QApplication::activeModalWidget());
+    QVERIFY(dialog);
+    work.beginLastPart();
+    QVERIFY(!dialog->findChild<QPushButton *>()->isEnabled());
+    Q_EMIT dialog->canceled(); // Escape
+    QVERIFY(work.step(2, 4));
+    QVERIFY(work.isWanted());
+}
 
 void TestFiles::openingThatIsGivenUpLeavesPage()
 {
@@ -895,6 +950,68 @@ void TestFiles::savingThatIsGivenUpLeavesFile()
     ImpatientWork patient(3);
     QVERIFY2(session()->save(fileName, error, patient), qPrintable(error));
     QVERIFY(contentOf(fileName) != before);
+}
+
+void TestFiles::slowOpeningCanBeCancelled()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    const PageSession *before = session();
+    const QString other = writePage("many.json", written + ',' + written + ',' + written);
+    const SlowClock clock(1000);
+    const ProgressWatch user(ProgressWatch::Manner::Cancels);
+    QVERIFY(!m_window->openFile(other)); // and no message
+    QCOMPARE(user.words(), QStringLiteral("Opening many.json"));
+    QCOMPARE(session(), before);
+    QCOMPARE(session()->editedObject(), first());
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
+    QVERIFY(!RecentFiles::list().contains(other));
+}
+
+void TestFiles::slowSavingCanBeCancelled()
+{
+    const QString fileName = writePage("many.json", written + ',' + written + ',' + written);
+    QVERIFY(m_window->openFile(fileName));
+    const QByteArray before = contentOf(fileName);
+    edit();
+    type(QStringLiteral("!"));
+    const int steps = session()->undoStack()->count();
+    const SlowClock clock(1000);
+    const ProgressWatch user(ProgressWatch::Manner::Cancels);
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QCOMPARE(user.words(), QStringLiteral("Saving many.json"));
+    QCOMPARE(contentOf(fileName), before);
+    QCOMPARE(QDir(m_folder->path()).entryList({QStringLiteral("many*")}, QDir::Files),
+             QStringList(QStringLiteral("many.json"))); // no former version, nothing half done
+    QVERIFY(session()->isModified());
+    QCOMPARE(session()->editedObject(), first());
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
+    QVERIFY(session()->undoStack()->count() <= steps + 1); // the edit's own
+    type(QStringLiteral("?"));
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!?"));
+}
+
+void TestFiles::slowWorkThatIsWaitedForIsDone()
+{
+    const QString fileName = writePage("many.json", written + ',' + written + ',' + written);
+    const SlowClock clock(1000);
+    {
+        const ProgressWatch user(ProgressWatch::Manner::Looks);
+        QVERIFY(m_window->openFile(fileName));
+        QCOMPARE(user.words(), QStringLiteral("Opening many.json"));
+    }
+    QCOMPARE(session()->page()->objects().size(), 3);
+    edit();
+    type(QStringLiteral("!"));
+    const QByteArray before = contentOf(fileName);
+    const ProgressWatch user(ProgressWatch::Manner::Looks);
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QCOMPARE(user.words(), QStringLiteral("Saving many.json"));
+    QVERIFY(contentOf(fileName) != before);
+    QCOMPARE(contentOf(formerFileName(fileName)), before);
+    session()->endEdit();
+    QVERIFY(!session()->isModified());
 }
 
 // Languages

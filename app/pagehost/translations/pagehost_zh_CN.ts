@@ -185,12 +185,24 @@
         <translation>打印</translation>
     </message>
     <message>
-        <source>The page is not printed: the printer does not begin</source>
-        <translation>页面未打印：打印机无法开始</translation>
-    </message>
-    <message>
         <source>No picture is copied: %1</source>
         <translation>未复制图片：%1</translation>
+    </message>
+    <message>
+        <source>Exporting %1</source>
+        <translation>正在导出 %1</translation>
+    </message>
+    <message>
+        <source>Printing</source>
+        <translation>正在打印</translation>
+    </message>
+    <message>
+        <source>The page is not printed: %1</source>
+        <translation>页面未打印：%1</translation>
+    </message>
+    <message>
+        <source>Copying</source>
+        <translation>正在复制</translation>
     </message>
 </context>
 <context>
@@ -1154,6 +1166,13 @@ The page that is open stays as it is.</source>
     <message>
         <source>pt</source>
         <translation>磅</translation>
+    </message>
+</context>
+<context>
+    <name>PictureExport</name>
+    <message>
+        <source>the printer does not begin</source>
+        <translation>打印机无法开始</translation>
     </message>
 </context>
 <context>
