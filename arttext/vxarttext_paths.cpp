@@ -5,6 +5,7 @@
 
 #include "arttext/arttexthelper.h"
 #include "arttext/wholenumbers.h"
+#include "common/glyphoffset.h"
 
 #include <QFontMetrics>
 #include <QRegularExpression>
@@ -163,6 +164,7 @@ private:
 QVector<QPainterPath> CVxArtText::OutlineMaker::outlines(const QStringList &texts)
 {
     const Lines all = measured(texts, m_metrics, m_vertical);
+    takeGlyphOffsetsAway(m_font, texts.join(QLatin1Char(' ')));
     const int alignment = m_art.m_textAlignment;
     qint64 start = 0; // deliberate: an alignment of another value keeps that of the line before
     for (int i = 0; i < all.lines.size(); ++i) {

@@ -66,6 +66,8 @@ private Q_SLOTS:
     void emptyTextHasNoPaths();
     void defaultWordStandsForEmptyText();
     void fontFollowsItsFields();
+    void outlinesForgetWhereGlyphsWerePaintedBefore_data();
+    void outlinesForgetWhereGlyphsWerePaintedBefore();
     void sizeBeyondEveryFontStaysFinite();
     void linesBeyondTheLastNumberStayThere();
     void outlinesArePouredIntoTheStyle_data();
@@ -279,6 +281,40 @@ void TestArtTextPaths::fontFollowsItsFields()
     art.m_fontBold = true;
     art.setPlainText(QStringLiteral("a"));
     QVERIFY(art.m_pathRect.width() > 6);
+}
+
+void TestArtTextPaths::outlinesForgetWhereGlyphsWerePaintedBefore_data()
+{
+    QTest::addColumn<QString>("family");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("squares") << loadBoxTestFont() << QStringLiteral("ab");
+    QTest::newRow("Latin") << QStringLiteral("Noto Sans") << QStringLiteral("Art Text");
+    QTest::newRow("lines") << QStringLiteral("Noto Sans") << QStringLiteral("Art\nText");
+    QTest::newRow("a font that stands in")
+        << QStringLiteral("Noto Sans") << QString::fromUtf8("T\u0E01\u05E9");
+}
+
+void TestArtTextPaths::outlinesForgetWhereGlyphsWerePaintedBefore()
+{
+    QFETCH(QString, family);
+    QFETCH(QString, text);
+    OpenArtObject art;
+    art.m_fontFamily = family;
+    art.m_fontSize = 192;
+    art.setPlainText(text);
+    const QVector<QPainterPath> outlines = art.m_charPaths;
+    QFont font(family);
+    font.setHintingPreference(QFont::PreferNoHinting); // glyphs stand at fractions of a pixel
+    QImage image(300, 40, QImage::Format_ARGB32_Premultiplied);
+    for (const int pixels : {11, 13, 17}) { // whatever the fraction of the last glyph is
+        font.setPixelSize(pixels);
+        QPainter painter(&image);
+        painter.setFont(font);
+        painter.drawText(QPointF(3, 30), QStringLiteral("abcd") + text);
+        painter.end();
+        art.setPlainText(text);
+        QCOMPARE(art.m_charPaths, outlines);
+    }
 }
 
 void TestArtTextPaths::sizeBeyondEveryFontStaysFinite()
