@@ -3,6 +3,7 @@
 #include "app/page/framework.h"
 #include "app/page/pagestorage.h"
 #include "app/page/pluginloader.h"
+#include "app/page/unfinishedfile.h"
 #include "app/pagehost/busysign.h"
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/mainwindow.h"
@@ -52,9 +53,14 @@ private Q_SLOTS:
     void sameContentLeavesFormerVersion();
     void linkedFileKeepsItsLink();
     void formerVersionThatIsInTheWayStopsTheSave();
+    void unknownKeysAndKindsComeBack_data();
     void unknownKeysAndKindsComeBack();
     void fileThatAnotherProgramChangedIsAskedAbout();
     void pageThatIsReadBackWrongIsNotWritten();
+    void leftoversOfDeadWritersGo_data();
+    void leftoversOfDeadWritersGo();
+    void leftoversOfOthersStay();
+    void finishedFileBearsNoMark();
 
     // Snapshots
     void snapshotHoldsWhatIsTyped_data();
@@ -72,6 +78,8 @@ private Q_SLOTS:
     void copyGoesWhenPageIsSaved();
     void copyGoesWithItsPage();
     void copyComesByItself();
+    void changesDoNotPutTheCopyOff();
+    void copyThatWasNotWrittenIsWrittenAgain();
     void copyOfRunningProgramIsNotOffered();
     void abandonedCopyIsOffered();
     void recoveredPageIsModifiedPageOfItsFile();
@@ -123,6 +131,8 @@ private:
     void compose(const QString &preedit, const QString &commit = QString());
     void abandonCopy();
     void answer(QMessageBox::StandardButton button, QString *text = nullptr);
+    QJsonObject changedAndSaved(const QString &name);
+    QTimer *copyTimer() const { return m_window->files()->recovery()->findChild<QTimer *>(); }
 
     PluginLoader m_loader;
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -339,33 +349,92 @@ void TestFiles::formerVersionThatIsInTheWayStopsTheSave()
     QVERIFY(session()->isModified());
 }
 
-void TestFiles::unknownKeysAndKindsComeBack()
+/// Changes the text of the first object and saves the page as \a name, of which the root comes back.
+QJsonObject TestFiles::changedAndSaved(const QString &name)
 {
-    const QByteArray chart = R"(, { "kind": "chart", "name": "sales", "data": [1, 2.5, null] })";
-    const QString fileName =
-        writePage("strange.json",
-                  QByteArray(written).replace("\"kind\"", "\"later\": {\"a\": [true]}, \"kind\"")
-                      + chart);
-    QVERIFY(m_window->openFile(fileName));
-    QCOMPARE(session()->page()->objects().size(), 1);
     edit();
     type(QStringLiteral("!"));
+    session()->endEdit();
     QString error;
-    QVERIFY2(session()->save(inFolder("again.vxpage"), error), qPrintable(error));
-    QVERIFY(m_window->openFile(inFolder("again.vxpage")));
-    QVERIFY2(session()->save(inFolder("again.json"), error), qPrintable(error));
-    const QJsonArray objects = QJsonDocument::fromJson(contentOf(inFolder("again.json")))
-                                   .object()
-                                   .value(QLatin1String("objects"))
-                                   .toArray();
-    QCOMPARE(objects.size(), 2);
-    QCOMPARE(objects.at(0).toObject().value(QLatin1String("later")),
-             QJsonValue(QJsonObject{{QStringLiteral("a"), QJsonArray({true})}}));
-    const QJsonObject expected{{QStringLiteral("kind"), QStringLiteral("chart")},
-                               {QStringLiteral("name"), QStringLiteral("sales")},
-                               {QStringLiteral("data"),
-                                QJsonArray({1, 2.5, QJsonValue(QJsonValue::Null)})}};
-    QCOMPARE(objects.at(1).toObject(), expected);
+    PageFile file;
+    if (!session()->save(name, error) || !readPageFile(name, file, error))
+        qWarning("%s", qPrintable(error));
+    return file.toJson();
+}
+
+void TestFiles::unknownKeysAndKindsComeBack_data()
+{
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("second");
+    QTest::newRow("JSON to JSON") << QStringLiteral("a.json") << QStringLiteral("b.json");
+    QTest::newRow("JSON to binary") << QStringLiteral("a.json") << QStringLiteral("b.vxpage");
+    QTest::newRow("binary to JSON") << QStringLiteral("a.vxpage") << QStringLiteral("b.json");
+    QTest::newRow("binary to binary") << QStringLiteral("a.vxpage") << QStringLiteral("b.vxpage");
+}
+
+void TestFiles::unknownKeysAndKindsComeBack()
+{
+    QFETCH(QString, first);
+    QFETCH(QString, second);
+    const auto sheetOf = [](const QJsonObject &root) {
+        return root.value(QLatin1String("page")).toObject();
+    };
+    const auto objectOf = [](const QJsonObject &root, int place) {
+        return root.value(QLatin1String("objects")).toArray().at(place).toObject();
+    };
+    const QString later = QStringLiteral("later");
+    const QJsonValue kept(
+        QJsonObject{{QStringLiteral("a"), QJsonArray({true, 2.5, QJsonValue()})}});
+    const QJsonObject chart{{QStringLiteral("kind"), QStringLiteral("chart")},
+                            {QStringLiteral("name"), QStringLiteral("sales")},
+                            {QStringLiteral("data"), QJsonArray({1, 2.5, QJsonValue()})}};
+    // Written by hand at first, with what is not known in each of its parts.
+    QJsonObject text = QJsonDocument::fromJson(written).object();
+    text.insert(later, kept);
+    QJsonObject attributes = text.value(QLatin1String("attributes")).toObject();
+    attributes.insert(later, kept);
+    text.insert(QStringLiteral("attributes"), attributes);
+    const QJsonObject page{{QStringLiteral("format"), QStringLiteral("vxpage")},
+                           {QStringLiteral("version"), 1},
+                           {QStringLiteral("page"), QJsonObject{{QStringLiteral("width"), 400},
+                                                                {QStringLiteral("height"), 300},
+                                                                {later, kept}}},
+                           {QStringLiteral("objects"), QJsonArray({text, chart})},
+                           {later, kept}};
+    QVERIFY(write(inFolder("hand.json"), QJsonDocument(page).toJson()));
+    QVERIFY(m_window->openFile(inFolder("hand.json")));
+    QCOMPARE(session()->page()->objects().size(), 1);
+    QJsonObject root = changedAndSaved(m_folder->filePath(first));
+
+    // A record from now on: what is not known in it too.
+    QJsonArray objects = root.value(QLatin1String("objects")).toArray();
+    QJsonObject object = objects.at(0).toObject();
+    QJsonObject record = object.value(QLatin1String("record")).toObject();
+    QVERIFY(!record.isEmpty());
+    QJsonObject parameters = record.value(QLatin1String("params")).toObject();
+    parameters.insert(later, QStringLiteral("kept"));
+    record.insert(QStringLiteral("params"), parameters);
+    record.insert(later, kept);
+    object.insert(QStringLiteral("record"), record);
+    objects.replace(0, object);
+    root.insert(QStringLiteral("objects"), objects);
+    PageFile file;
+    QString error;
+    QVERIFY2(file.read(root, error), qPrintable(error));
+    QVERIFY2(writePageFile(m_folder->filePath(first), file, error), qPrintable(error));
+    QVERIFY(m_window->openFile(m_folder->filePath(first)));
+    root = changedAndSaved(m_folder->filePath(second));
+
+    QCOMPARE(textIn(file), QStringLiteral("before!"));
+    QCOMPARE(root.value(later), kept);
+    QCOMPARE(sheetOf(root).value(later), kept);
+    QCOMPARE(objectOf(root, 0).value(later), kept);
+    QCOMPARE(objectOf(root, 0).value(QLatin1String("attributes")).toObject().value(later), kept);
+    record = objectOf(root, 0).value(QLatin1String("record")).toObject();
+    QCOMPARE(record.value(later), kept);
+    QCOMPARE(record.value(QLatin1String("params")).toObject().value(later).toString(),
+             QStringLiteral("kept"));
+    QCOMPARE(objectOf(root, 1), chart);
 }
 
 void TestFiles::fileThatAnotherProgramChangedIsAskedAbout()
@@ -407,6 +476,80 @@ void TestFiles::pageThatIsReadBackWrongIsNotWritten()
     QVERIFY(!QFileInfo::exists(formerFileName(fileName)));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files),
              QStringList(QStringLiteral("whole.txt"))); // nothing is left lying about
+}
+
+/// A file as a writer that is killed leaves it behind. False where files cannot be marked.
+static bool leaveUnfinished(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::WriteOnly) || file.write("half") != 4 || !file.flush())
+        qWarning("cannot write %s", qPrintable(name));
+    return UnfinishedMark(file.handle()).isSet();
+}
+
+void TestFiles::leftoversOfDeadWritersGo_data()
+{
+    QTest::addColumn<bool>("saves");
+    QTest::newRow("when the file is saved") << true;
+    QTest::newRow("when the file is opened") << false;
+}
+
+void TestFiles::leftoversOfDeadWritersGo()
+{
+    QFETCH(bool, saves);
+    openText();
+    const QString fileName = session()->fileName();
+    const QString link = inFolder("link.json");
+    QVERIFY(QFile::link(fileName, link));
+    for (const QString &name : {fileName, link}) {
+        if (!leaveUnfinished(fileName + QStringLiteral(".AbCdeF")))
+            QSKIP("the disk takes no marks");
+        QString error;
+        if (saves)
+            QVERIFY2(session()->save(name, error), qPrintable(error));
+        else
+            QVERIFY(m_window->openFile(name));
+        QVERIFY(!QFile::exists(fileName + QStringLiteral(".AbCdeF")));
+    }
+}
+
+void TestFiles::leftoversOfOthersStay()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    const QStringList unlike{fileName + QStringLiteral(".AbCdeFg"),
+                             fileName + QStringLiteral(".AbCde1"),
+                             fileName + QStringLiteral(".AbCde"),
+                             fileName + QStringLiteral("AbCdeF"), inFolder("other.json.AbCdeF")};
+    for (const QString &name : unlike) {
+        if (!leaveUnfinished(name))
+            QSKIP("the disk takes no marks");
+    }
+    const QString unmarked = fileName + QStringLiteral(".notOur");
+    QVERIFY(write(unmarked, "of another program"));
+    QFile busy(fileName + QStringLiteral(".Living"));
+    QVERIFY(busy.open(QIODevice::WriteOnly));
+    const UnfinishedMark mark(busy.handle());
+    QVERIFY(mark.isSet());
+    QString error;
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+    QVERIFY(m_window->openFile(fileName));
+    for (const QString &name : unlike + QStringList{unmarked, busy.fileName()})
+        QVERIFY2(QFile::exists(name), qPrintable(name));
+}
+
+/// Under its name it is a file like any other: a copy of it made under the name of a leftover stays.
+void TestFiles::finishedFileBearsNoMark()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    QString error;
+    edit();
+    type(QStringLiteral("!"));
+    QVERIFY2(session()->save(fileName, error), qPrintable(error));
+    QVERIFY(QDir().rename(fileName, fileName + QStringLiteral(".AbCdeF")));
+    removeUnfinished(fileName);
+    QVERIFY(QFile::exists(fileName + QStringLiteral(".AbCdeF")));
 }
 
 // Snapshots
@@ -584,12 +727,55 @@ void TestFiles::copyGoesWithItsPage()
 void TestFiles::copyComesByItself()
 {
     openText();
+    QVERIFY(!copyTimer()->isActive());
+    edit();
+    type(QStringLiteral("!"));
+    QTRY_VERIFY(copyTimer()->isActive());
+    QVERIFY(copyTimer()->interval() <= Recovery::longestDelay);
+    copyTimer()->start(0); // the time has come
+    Recovery *recovery = m_window->files()->recovery();
+    QTRY_VERIFY(QFileInfo::exists(recovery->copyName()));
+    QCOMPARE(session()->editedObject(), first());
+    QVERIFY(Recovery::longestDelay < 60000);
+}
+
+/// While the user goes on and on the copy comes all the same.
+void TestFiles::changesDoNotPutTheCopyOff()
+{
+    openText();
+    edit();
+    compose(QStringLiteral("ni"));
+    QTRY_VERIFY(copyTimer()->isActive());
+    const int id = copyTimer()->timerId();
+    for (int i = 0; i < 20; ++i) {
+        compose(QStringLiteral("ni'hao"), i % 2 == 0 ? QStringLiteral("x") : QString());
+        type(QStringLiteral("y"));
+        QCoreApplication::processEvents();
+    }
+    QCOMPARE(copyTimer()->timerId(), id); // the same run of the clock
+}
+
+void TestFiles::copyThatWasNotWrittenIsWrittenAgain()
+{
+    openText();
     edit();
     type(QStringLiteral("!"));
     Recovery *recovery = m_window->files()->recovery();
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(recovery->copyName()), 20000);
-    QCOMPARE(session()->editedObject(), first());
-    QVERIFY(Recovery::longestDelay < 60000);
+    QVERIFY(recovery->copyNow());
+    const QString name = recovery->copyName();
+    QTRY_VERIFY(QFileInfo::exists(name));
+    QVERIFY(recovery->copyNow()); // has waited for it
+    QVERIFY(QFile::remove(name) && QDir().mkpath(name + QStringLiteral("/full"))); // a bad disk
+    type(QStringLiteral("?"));
+    QVERIFY(recovery->copyNow());
+    QVERIFY(copyTimer()->isActive()); // nothing else changes, and it looks once more
+    QVERIFY(recovery->copyNow());     // fails too; has waited for the first
+    QVERIFY(QDir(name).removeRecursively());
+    copyTimer()->start(0);
+    PageFile file;
+    QString error;
+    QTRY_VERIFY(QFileInfo::exists(name) && readPageFile(name, file, error));
+    QCOMPARE(textIn(file), QStringLiteral("before!?"));
 }
 
 void TestFiles::copyOfRunningProgramIsNotOffered()
@@ -695,7 +881,8 @@ void TestFiles::problemOfFileIsNamed_data()
     row("empty", "", PageProblem::Foreign, "line 1");
     row("other JSON", "{\"name\": \"package\"}", PageProblem::Foreign, "format");
     row("newer JSON", "{\"format\": \"vxpage\", \"version\": 2}", PageProblem::Newer, "newer");
-    row("cut JSON", "{\"format\": \"vxpage\",\n \"version\": ", PageProblem::Damaged, "line 2");
+    row("cut JSON", "{\"format\": \"vxpage\",\n \"version\": ", PageProblem::Damaged,
+        "line 2, column 13");
     row("wrong field", "{\"format\": \"vxpage\", \"version\": 1, \"page\": {\"width\": -1}}",
         PageProblem::Damaged, "page.width");
     row("newer binary", binary + QByteArray("\0\0\0\2", 4), PageProblem::Newer, "newer");
