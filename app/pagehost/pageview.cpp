@@ -245,11 +245,16 @@ void PageView::drawForeground(QPainter *painter, const QRectF &rect)
 {
     if (!m_session)
         return;
+    const bool hasHints = viewportUpdateMode() == FullViewportUpdate; // which reach out of objects
+    const CVXRootObject *edited = m_session->editedObject();
     for (CVXRootObject *object : m_session->page()->objects()) {
-        if (!object->isVisible())
+        QGraphicsItem *item = object->GetGraphicsItemPtr();
+        const bool isSeen = hasHints || object == edited
+                            || item->sceneBoundingRect().intersects(rect);
+        if (!isSeen || !object->isVisible())
             continue;
         painter->save();
-        object->paintHandlersInScene(object->GetGraphicsItemPtr(), painter);
+        object->paintHandlersInScene(item, painter);
         object->drawForeground(painter, rect);
         painter->restore();
     }
