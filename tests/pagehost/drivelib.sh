@@ -24,10 +24,12 @@ cd "$work"
 editor=
 screen=
 window=
+helpers=() # other programs, to be ended
 
 stop()
 {
     [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
+    [ "${#helpers[@]}" -eq 0 ] || kill "${helpers[@]}" 2>/dev/null || true
     [ -z "$screen" ] || kill "$screen" 2>/dev/null || true
 }
 trap stop EXIT
@@ -42,13 +44,12 @@ fail()
 # wait_for WHAT COMMAND...: until the command ends well, a minute at most.
 wait_for()
 {
-    local what=$1
+    local what=$1 end=$((SECONDS + 60))
     shift
-    for _ in $(seq 600); do
-        "$@" && return
+    until "$@"; do
+        [ "$SECONDS" -lt "$end" ] || fail "waited in vain for $what"
         sleep 0.1
     done
-    fail "waited in vain for $what"
 }
 
 start_screen()
