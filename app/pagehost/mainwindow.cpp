@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/mainwindow.h"
 
-#include "app/page/artobject.h"
 #include "app/page/framework.h"
+#include "app/pagehost/canvasmenu.h"
 #include "app/pagehost/exportcommands.h"
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/hoststrings.h"
@@ -11,8 +11,10 @@
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
 #include "app/pagehost/panels.h"
+#include "app/pagehost/stylenames.h"
 #include "app/pagehost/textcommands.h"
 #include "app/pagehost/viewmenu.h"
+#include "app/pagehost/windowplace.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -35,6 +37,7 @@ constexpr int statusTime = 10000;    // ms
 constexpr QSize firstSize(1300, 800);
 
 const QLatin1String textOperation("text_operation");
+const QLatin1String artProperties("arttext_prop");
 
 /// "sub_operator" of a text operation.
 enum TextOperation {
@@ -54,6 +57,7 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     , m_files(new FileCommands(this, loader))
     , m_exports(new ExportCommands(this))
     , m_panels(new Panels(this, m_view, loader))
+    , m_canvasMenu(new CanvasMenu(this))
     , m_tools(new QActionGroup(this))
     , m_zoomLabel(new QLabel(this))
 {
@@ -90,6 +94,8 @@ MainWindow::~MainWindow()
 
 void MainWindow::fitScreen()
 {
+    if (WindowPlace::restore(*this))
+        return;
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
     const QSize room = screen()->availableSize() - QSize(0, title);
     resize(firstSize.boundedTo(room));
@@ -165,8 +171,7 @@ void MainWindow::addTool(const char *name, const QString &text, const QKeySequen
     action->setCheckable(true);
     action->setData(tool);
     connect(action, &QAction::triggered, this, [this, tool] {
-        if (tool == EditorTool::Select)
-            m_session->endEdit();
+        m_session->endEdit();
         setTool(tool);
     });
 }
@@ -174,11 +179,10 @@ void MainWindow::addTool(const char *name, const QString &text, const QKeySequen
 /// The styles of art text by name; that of the selection is checked.
 void MainWindow::makeStyleMenu(QMenu *menu)
 {
-    const QStringList &names = ArtObject::styleNames();
     auto *styles = new QActionGroup(menu);
     styles->setExclusive(false); // none is checked while the selection has several
-    for (int style = 0; style < names.size(); ++style) {
-        QAction *action = styles->addAction(names.at(style));
+    for (int style = 0; style < artStyleCount; ++style) {
+        QAction *action = styles->addAction(artStyleName(style));
         action->setObjectName(QStringLiteral("artStyle%1").arg(style));
         action->setCheckable(true);
         connect(action, &QAction::triggered, this,
@@ -224,6 +228,8 @@ bool MainWindow::openFile(const QString &fileName)
 void MainWindow::closeEvent(QCloseEvent *event)
 {
     event->setAccepted(m_files->mayLeavePage());
+    if (event->isAccepted())
+        WindowPlace::keep(*this);
 }
 
 void MainWindow::refresh()
@@ -280,12 +286,12 @@ void MainWindow::copy()
 
 void MainWindow::paste()
 {
-    m_session->paste(m_view->visibleCentre());
+    m_session->paste(m_canvasMenu->pastePlace());
 }
 
 void MainWindow::pastePlain()
 {
-    m_session->pastePlainText(m_view->visibleCentre());
+    m_session->pastePlainText(m_canvasMenu->pastePlace());
 }
 
 void MainWindow::remove()
@@ -312,7 +318,11 @@ void MainWindow::showZoom(double zoom)
 void MainWindow::notifyObjectEvent(CVXRootObject *object, const QString &key,
                                    const AttributeMap &values)
 {
-    if (key != textOperation || !m_session)
+    if (!m_session)
+        return;
+    if (key == artProperties)
+        m_panels->takeAttributes(object, values);
+    if (key != textOperation)
         return;
     switch (values.value(QStringLiteral("sub_operator")).toInt()) {
     case Attributes:

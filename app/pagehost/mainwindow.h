@@ -11,6 +11,7 @@
 
 #include <memory>
 
+class CanvasMenu;
 class ExportCommands;
 class FileCommands;
 class Framework;
@@ -32,8 +33,8 @@ public:
     MainWindow(const PluginLoader *loader, Framework *framework);
     ~MainWindow() override;
 
-    /// Makes the window as large as it is at first, and never larger than its screen. A screen that is
-    /// too narrow for the panels shows the page alone.
+    /// Puts window and panels where they were when the program ended last. At the first start the window
+    /// is never larger than its screen, and one that is too narrow for the panels shows the page alone.
     void fitScreen();
     /// Opens the page of a file in place of the present one, without asking. False, after a message,
     /// for a file that cannot be opened: the present page stays.
@@ -93,6 +94,7 @@ private:
     FileCommands *m_files;
     ExportCommands *m_exports;
     Panels *m_panels;
+    CanvasMenu *m_canvasMenu;
     std::unique_ptr<PageSession> m_session;
     QActionGroup *m_tools;
     QAction *m_undo = nullptr;

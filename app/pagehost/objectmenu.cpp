@@ -25,9 +25,9 @@ ObjectMenu::ObjectMenu(MainWindow *window, QMenu *menu)
         ObjectCommands::setLocked(session, !ObjectCommands::isLocked(session));
     });
     menu->addSeparator();
-    addOrder(menu->addMenu(tr("&Order")));
-    addAlignment(menu->addMenu(tr("&Align")));
-    QMenu *turns = menu->addMenu(tr("&Rotate"));
+    addOrder(addMenu(menu, "order", tr("&Order")));
+    addAlignment(addMenu(menu, "align", tr("&Align")));
+    QMenu *turns = addMenu(menu, "rotate", tr("&Rotate"));
     add(turns, "rotateRight", tr("90° to the &Right"), Qt::CTRL + Qt::Key_R,
         [](PageSession &session) { ObjectCommands::rotate(session, 90); });
     add(turns, "rotateLeft", tr("90° to the &Left"), Qt::CTRL + Qt::SHIFT + Qt::Key_R,
@@ -37,6 +37,13 @@ ObjectMenu::ObjectMenu(MainWindow *window, QMenu *menu)
         connect(session, &PageSession::stateChanged, this, &ObjectMenu::refresh);
         refresh();
     });
+}
+
+QMenu *ObjectMenu::addMenu(QMenu *menu, const char *name, const QString &text)
+{
+    QMenu *added = menu->addMenu(text);
+    added->menuAction()->setObjectName(QLatin1String(name));
+    return added;
 }
 
 QAction *ObjectMenu::add(QMenu *menu, const char *name, const QString &text,

@@ -33,6 +33,7 @@ private:
 
     QAction *add(QMenu *menu, const char *name, const QString &text, const QKeySequence &shortcut,
                  const std::function<void(PageSession &)> &command, Needs needs = One);
+    static QMenu *addMenu(QMenu *menu, const char *name, const QString &text);
     void addOrder(QMenu *menu);
     void addAlignment(QMenu *menu);
     void editText();

@@ -19,6 +19,7 @@
 #include <QTextCursor>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -91,7 +92,9 @@ PageSession::~PageSession()
 
 bool PageSession::isModified() const
 {
-    if (!undoStack()->isClean())
+    // The steps of a new text go with it when it stays empty.
+    const bool abandoned = isNewTextAbandoned();
+    if (undoStack()->cleanIndex() != (abandoned ? m_stepsAheadOfNewText : undoStack()->index()))
         return true;
     CVXRootObject *edited = editedObject();
     return edited && TextCommands::plainText(edited) != m_editStartText;
@@ -140,7 +143,7 @@ void PageSession::objectChanged(CVXRootObject *object)
 void PageSession::editingChanged(CVXRootObject *object, bool editing)
 {
     if (editing)
-        m_editStartText = TextCommands::storedText(object);
+        m_editStartText = TextObject::plainText(object);
     announce();
 }
 
@@ -365,6 +368,9 @@ bool PageSession::addCopies(const QJsonArray &copies, const QString &name)
     }
     if (objects.isEmpty())
         return false;
+    const QPointF way = wayOfCopies(objects);
+    for (CVXRootObject *object : qAsConst(objects))
+        object->setPos(object->getPos() + way, /*undo=*/false);
     undoStack()->beginGroup(name);
     for (CVXRootObject *object : qAsConst(objects))
         adopt(object);
@@ -391,8 +397,27 @@ CVXRootObject *PageSession::objectOfCopy(const QJsonObject &copy)
         return nullptr;
     }
     object->setZorder(page()->objects().size() - 1); // on top, wherever the original lies
-    object->setPos(object->getPos() + QPointF(copyOffset, copyOffset), /*undo=*/false);
     return object;
+}
+
+/// How far copies that lie where their originals do have to move, that none hides another object.
+QPointF PageSession::wayOfCopies(const QList<CVXRootObject *> &copies) const
+{
+    const QList<CVXRootObject *> &objects = page()->objects();
+    const QPointF step(copyOffset, copyOffset);
+    QPointF way = step;
+    const auto hidesOne = [&](CVXRootObject *copy) {
+        const QPointF place = copy->getPos() + way;
+        return std::any_of(objects.begin(), objects.end(), [&](CVXRootObject *other) {
+            return other->getPos() == place && !copies.contains(other);
+        });
+    };
+    for (int tries = 0; tries < objects.size(); ++tries) { // a step is nothing very far off
+        if (std::none_of(copies.begin(), copies.end(), hidesOne))
+            break;
+        way += step;
+    }
+    return way;
 }
 
 void PageSession::pasteText(const QPointF &place, bool rich)

@@ -117,6 +117,7 @@ private:
     bool pasteObjects(const QMimeData &data);
     bool addCopies(const QJsonArray &copies, const QString &name);
     CVXRootObject *objectOfCopy(const QJsonObject &copy);
+    QPointF wayOfCopies(const QList<CVXRootObject *> &copies) const;
     void pasteText(const QPointF &place, bool rich);
 
     const PluginLoader *m_loader;

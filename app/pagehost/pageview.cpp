@@ -258,6 +258,7 @@ void PageView::drawForeground(QPainter *painter, const QRectF &rect)
         object->drawForeground(painter, rect);
         painter->restore();
     }
+    announceCaret();
 }
 
 // The pointer
@@ -323,7 +324,7 @@ void PageView::mousePressEvent(QMouseEvent *event)
         taker = m_drawn;
     }
     if (!taker) {
-        QGraphicsView::mousePressEvent(event);
+        pressOnScene(*event);
         return;
     }
     grab(taker);
@@ -332,6 +333,17 @@ void PageView::mousePressEvent(QMouseEvent *event)
     setDragMode(NoDrag);
     QGraphicsView::mousePressEvent(event);
     setDragMode(mode);
+}
+
+/// Objects and selection frames know Ctrl as what adds to a selection: Shift does so as well.
+void PageView::pressOnScene(const QMouseEvent &event)
+{
+    Qt::KeyboardModifiers modifiers = event.modifiers();
+    if (m_tool == EditorTool::Select && modifiers.testFlag(Qt::ShiftModifier))
+        modifiers |= Qt::ControlModifier;
+    QMouseEvent press(event.type(), event.localPos(), event.windowPos(), event.screenPos(),
+                      event.button(), event.buttons(), modifiers, event.source());
+    QGraphicsView::mousePressEvent(&press);
 }
 
 void PageView::mouseMoveEvent(QMouseEvent *event)
@@ -408,11 +420,15 @@ void PageView::cancelDrawing()
     viewport()->update();
 }
 
+bool PageView::isDragging() const
+{
+    return isDrawing() || (scene() && scene()->mouseGrabberItem());
+}
+
 /// While the pointer drags something no command of the menus may take it away.
 bool PageView::event(QEvent *event)
 {
-    const bool isDragging = isDrawing() || (scene() && scene()->mouseGrabberItem());
-    if (event->type() == QEvent::ShortcutOverride && isDragging) {
+    if (event->type() == QEvent::ShortcutOverride && isDragging()) {
         event->accept();
         return true;
     }
@@ -424,6 +440,11 @@ void PageView::keyPressEvent(QKeyEvent *event)
     if (isDrawing()) {
         if (event->key() == Qt::Key_Escape)
             cancelDrawing();
+        event->accept();
+        return;
+    }
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
+        openMenuByKey();
         event->accept();
         return;
     }
@@ -446,7 +467,7 @@ void PageView::keyPressEvent(QKeyEvent *event)
 
 bool PageView::isIdle() const
 {
-    return m_session && !m_session->editedObject() && !isDrawing() && !scene()->mouseGrabberItem();
+    return m_session && !m_session->editedObject() && !isDragging();
 }
 
 /// The arrow keys move the selection by a pixel, with Shift by ten.
@@ -465,6 +486,53 @@ bool PageView::nudge(const QKeyEvent &event)
         return true;
     }
     return false;
+}
+
+// The menu of the canvas
+
+/// The key of the keyboard for it comes as an event of this kind as well.
+void PageView::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    if (!m_session || isDragging())
+        return;
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        return openMenuByKey();
+    chooseForMenu(mapToScene(event->pos()));
+    Q_EMIT menuWanted(event->globalPos());
+}
+
+void PageView::openMenuByKey()
+{
+    if (m_session)
+        Q_EMIT menuWanted(viewport()->mapToGlobal(keyboardPlace()));
+}
+
+/// As a press does, but what is selected stays so.
+void PageView::chooseForMenu(const QPointF &scenePos)
+{
+    prepareEdit(scenePos);
+    if (m_session->editedObject())
+        return;
+    CVXRootObject *owner = handleOwner(scenePos);
+    CVXRootObject *object = owner ? owner : objectUnder(scenePos);
+    if (!object)
+        scene()->clearSelection();
+    else if (!object->graphicsItem()->isSelected())
+        m_session->select(object);
+}
+
+QPoint PageView::keyboardPlace() const
+{
+    const QRect shown = viewport()->rect();
+    QRect wanted = shown;
+    if (m_session && m_session->editedObject())
+        wanted = inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    else if (m_session)
+        wanted = mapFromScene(ObjectCommands::selectionBounds(*m_session)).boundingRect() & shown;
+    const QPoint place = wanted.isEmpty() ? shown.center() : wanted.center();
+    return {qBound(shown.left(), place.x(), shown.right()),
+            qBound(shown.top(), place.y(), shown.bottom())};
 }
 
 // Pointer shapes

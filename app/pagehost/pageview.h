@@ -42,6 +42,11 @@ public:
     void fitSelection();
     /// True while a page is shown, and no text is edited and nothing dragged.
     bool isIdle() const;
+    /// Where something of the keyboard's is to appear (viewport): the caret of an edit, otherwise the
+    /// middle of what is selected and shown, otherwise the middle of the view.
+    QPoint keyboardPlace() const;
+    /// The caret of an edited rich text, as far as it has been painted; what other items tell.
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
     /// Shows the pointer for what an object says it is over: "direction" of its notification.
     void setDirection(const QString &direction, bool horizontal);
@@ -52,6 +57,9 @@ Q_SIGNALS:
     /// The user has drawn \a object.
     void objectDrawn(CVXRootObject *object);
     void zoomChanged(double zoom);
+    /// The user asks for the commands of what is edited, otherwise of what is selected, otherwise of the
+    /// page. A pointer has chosen its object before.
+    void menuWanted(const QPoint &globalPos);
 
 protected:
     bool event(QEvent *event) override;
@@ -63,13 +71,22 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
     bool isDrawing() const { return m_drawn != nullptr; }
+    bool isDragging() const;
+    CVXRootObject *editedRichText() const;
+    QRect caretRectangle() const;
+    void announceCaret();
     CVXRootObject *objectUnder(const QPointF &scenePos) const;
     CVXRootObject *handleOwner(const QPointF &scenePos, int *handle = nullptr) const;
     CVXRootObject *takerOfPress(const QPointF &scenePos) const;
     void prepareEdit(const QPointF &scenePos);
+    void pressOnScene(const QMouseEvent &event);
+    void chooseForMenu(const QPointF &scenePos);
+    void openMenuByKey();
     bool drawsAt(const QPointF &scenePos) const;
     bool startDrawing(const QPointF &scenePos);
     void finishDrawing();
@@ -86,6 +103,7 @@ private:
     double m_zoom = 1;
     CVXRootObject *m_drawn = nullptr;    ///< between press and release
     QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
+    QRect m_announcedCaret;              ///< what the input method has been told
 };
 
 #endif

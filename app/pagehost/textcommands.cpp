@@ -18,10 +18,10 @@ constexpr int artTextType = 75747;
 
 namespace Property {
 constexpr int StateFlag = 101; // to read
-constexpr int PlainText = 116;
 constexpr int Cut = 125;
 constexpr int Copy = 126;
 constexpr int Paste = 127;
+constexpr int CaretLine = 128; // to read
 } // namespace Property
 
 constexpr int isEditingFlag = 0; // of StateFlag
@@ -32,11 +32,20 @@ void command(CVXRootObject *object, int property, const QByteArray &arguments = 
     object->SetSpecialProperty(property, stream, false);
 }
 
-QString attributeText(CVXRootObject *object)
+/// What \a object answers to a property; \a fallback when it does not know it.
+template<typename Value, typename... Question>
+Value answer(CVXRootObject *object, int property, Value fallback, Question... question)
 {
-    AttributeMap attributes;
-    object->getAllAttributes(attributes);
-    return attributes.value(QStringLiteral("text")).toString();
+    QBuffer buffer;
+    buffer.open(QIODevice::ReadWrite);
+    QDataStream stream(&buffer);
+    (stream << ... << question);
+    buffer.seek(0);
+    if (!object->GetSpecialProperty(property, stream))
+        return fallback;
+    buffer.seek(0);
+    stream >> fallback;
+    return fallback;
 }
 
 void sendKey(CVXRootObject *object, Qt::Key key)
@@ -85,39 +94,19 @@ QGraphicsTextItem *TextCommands::editItem(CVXRootObject *object)
 QString TextCommands::plainText(CVXRootObject *object)
 {
     const QGraphicsTextItem *item = isEditing(object) ? editItem(object) : nullptr;
-    return item ? item->toPlainText() : storedText(object);
-}
-
-QString TextCommands::storedText(CVXRootObject *object)
-{
-    if (isArtText(object))
-        return attributeText(object);
-    QBuffer buffer;
-    buffer.open(QIODevice::ReadWrite);
-    QDataStream stream(&buffer);
-    QString text;
-    if (!object->GetSpecialProperty(Property::PlainText, stream))
-        return text;
-    buffer.seek(0);
-    stream >> text;
-    return text;
+    return item ? item->toPlainText() : TextObject::plainText(object);
 }
 
 bool TextCommands::isEditing(CVXRootObject *object)
 {
     if (isArtText(object))
         return object->actionState()->editing != 0;
-    QBuffer buffer;
-    buffer.open(QIODevice::ReadWrite);
-    QDataStream stream(&buffer);
-    stream << isEditingFlag;
-    buffer.seek(0);
-    if (!object->GetSpecialProperty(Property::StateFlag, stream))
-        return false;
-    buffer.seek(0);
-    bool editing = false;
-    stream >> editing;
-    return editing;
+    return answer(object, Property::StateFlag, false, isEditingFlag);
+}
+
+QLineF TextCommands::caretLine(CVXRootObject *object)
+{
+    return answer(object, Property::CaretLine, QLineF());
 }
 
 void TextCommands::beginEdit(CVXRootObject *object)

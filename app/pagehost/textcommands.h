@@ -3,6 +3,7 @@
 #ifndef PAGEHOST_TEXTCOMMANDS_H
 #define PAGEHOST_TEXTCOMMANDS_H
 
+#include <QLineF>
 #include <QString>
 
 class CVXRootObject;
@@ -16,9 +17,10 @@ bool isRichText(const CVXRootObject *object);
 bool isArtText(const CVXRootObject *object);
 /// The text as the user sees it, in an edit too.
 QString plainText(CVXRootObject *object);
-/// The text that a record would hold: an art text takes over what is typed when its edit ends.
-QString storedText(CVXRootObject *object);
 bool isEditing(CVXRootObject *object);
+/// Where the caret of a rich text was painted last (scene), from its upper to its lower end as the text
+/// runs; null before that.
+QLineF caretLine(CVXRootObject *object);
 /// Enters edit state; an art text has to be the only selected object of its page.
 void beginEdit(CVXRootObject *object);
 

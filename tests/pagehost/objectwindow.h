@@ -47,16 +47,17 @@ public:
         return all;
     }
 
-    void drag(const QPoint &from, const QPoint &to, Qt::MouseButton button = Qt::LeftButton)
+    void drag(const QPoint &from, const QPoint &to, Qt::MouseButton button = Qt::LeftButton,
+              Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        QTest::mousePress(canvas(), button, {}, from);
+        QTest::mousePress(canvas(), button, modifiers, from);
         for (int step = 1; step <= 4; ++step) { // QTest::mouseMove() tells no buttons
             const QPoint pos = from + (to - from) * step / 4;
             QMouseEvent move(QEvent::MouseMove, pos, canvas()->mapToGlobal(pos), Qt::NoButton,
-                             button, Qt::NoModifier);
+                             button, modifiers);
             QCoreApplication::sendEvent(canvas(), &move);
         }
-        QTest::mouseRelease(canvas(), button, {}, to);
+        QTest::mouseRelease(canvas(), button, modifiers, to);
     }
     /// A box in edit.
     CVXRootObject *startBox(const QRectF &place, const QString &words)

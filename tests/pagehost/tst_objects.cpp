@@ -2,6 +2,7 @@
 // What is done with objects and with the view of a page.
 #include "tests/pagehost/objectwindow.h"
 
+#include "app/pagehost/objectcommands.h"
 #include "app/pagehost/objectlist.h"
 
 #include <QAccessible>
@@ -24,11 +25,18 @@ private Q_SLOTS:
     void zoomStaysWithinLimits();
     void zoomByCommandHoldsTheMiddle();
     void selectionFitsTheView();
+    void pageFitsTheView();
     void middleButtonPans();
     void spacePansOutsideEditAlone();
     void viewKeysReachTheProgramInEdit();
 
     // Objects
+    void shiftAddsToTheSelection();
+    void frameSelectsWhatItTouches();
+    void selectedObjectsAreDraggedTogether();
+    void handleResizesAndIsUndone();
+    void handleTurnsAndIsUndone();
+    void lockedObjectStaysUnderThePointer();
     void arrowKeysMoveSelection_data();
     void arrowKeysMoveSelection();
     void heldArrowKeyIsOneStep();
@@ -44,6 +52,8 @@ private Q_SLOTS:
     void oneObjectIsAlignedToThePage();
     void gapsBecomeEqual();
     void objectCommandsAreOffInEdit();
+    void eachPasteLiesBesideTheLast();
+    void copiedObjectsGoToAnotherWindow();
 
     // List of objects
     void listNamesObjectsTopmostFirst();
@@ -151,6 +161,17 @@ void TestObjects::selectionFitsTheView()
     QCOMPARE(window.view()->zoom(), zoom);
 }
 
+void TestObjects::pageFitsTheView()
+{
+    ObjectWindow window(&m_loader);
+    window.view()->setZoom(20);
+    window.trigger("fitPage");
+    const QRectF page(QPointF(0, 0), window.session()->size());
+    const QRectF shown = window.view()->mapToScene(window.canvas()->rect()).boundingRect();
+    QVERIFY(shown.contains(page));
+    QVERIFY(shown.height() < 1.5 * page.height() || shown.width() < 1.5 * page.width());
+}
+
 void TestObjects::middleButtonPans()
 {
     ObjectWindow window(&m_loader);
@@ -201,6 +222,117 @@ void TestObjects::viewKeysReachTheProgramInEdit()
 }
 
 // Objects
+
+void TestObjects::shiftAddsToTheSelection()
+{
+    ObjectWindow window(&m_loader);
+    makeThree(window);
+    const auto press = [&](const QPointF &pos, Qt::KeyboardModifiers modifiers) {
+        QTest::mouseClick(window.canvas(), Qt::LeftButton, modifiers, window.at(pos));
+        return window.session()->page()->getSelectedObjects();
+    };
+    const QList<CVXRootObject *> &objects = window.objects();
+    QCOMPARE(press({70, 85}, {}), objects.mid(1, 1));
+    for (Qt::KeyboardModifier modifier : {Qt::ShiftModifier, Qt::ControlModifier}) {
+        QCOMPARE(press({230, 230}, modifier), objects.mid(1));
+        QCOMPARE(press({230, 230}, modifier), objects.mid(1, 1)); // and leaves it
+        QCOMPARE(press({400, 400}, modifier), objects.mid(1, 1)); // beside all of them
+    }
+    QCOMPARE(press({230, 230}, {}), objects.mid(2));
+    QVERIFY(press({400, 400}, {}).isEmpty());
+}
+
+void TestObjects::frameSelectsWhatItTouches()
+{
+    ObjectWindow window(&m_loader);
+    makeThree(window);
+    const QList<CVXRootObject *> &objects = window.objects();
+    window.drag(window.at({-20, -20}), window.at({60, 70}));
+    QCOMPARE(window.session()->page()->getSelectedObjects(), objects.mid(0, 2));
+    window.drag(window.at({300, 300}), window.at({220, 220}));
+    QCOMPARE(window.session()->page()->getSelectedObjects(), objects.mid(2));
+    window.drag(window.at({-20, -20}), window.at({15, 15}), Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(window.session()->page()->getSelectedObjects(),
+             (QList<CVXRootObject *>{objects.at(0), objects.at(2)}));
+    QCOMPARE(objects.at(0)->getPos(), QPointF(10, 10)); // nothing has been moved
+}
+
+void TestObjects::selectedObjectsAreDraggedTogether()
+{
+    ObjectWindow window(&m_loader);
+    makeThree(window);
+    window.select({0, 2});
+    const int steps = window.steps()->index();
+    window.drag(window.at({230, 230}), window.at({250, 200}));
+    QCOMPARE(window.objects().at(0)->getPos(), QPointF(30, -20));
+    QCOMPARE(window.objects().at(1)->getPos(), QPointF(50, 60));
+    QCOMPARE(window.objects().at(2)->getPos(), QPointF(220, 170));
+    QCOMPARE(window.steps()->index(), steps + 1);
+    window.trigger("undo");
+    QCOMPARE(window.objects().at(0)->getPos(), QPointF(10, 10));
+    QCOMPARE(window.objects().at(2)->getPos(), QPointF(200, 200));
+}
+
+void TestObjects::handleResizesAndIsUndone()
+{
+    ObjectWindow window(&m_loader);
+    CVXRootObject *box = window.writeBox({100, 100, 200, 80}, QStringLiteral("a"));
+    window.select({0});
+    window.drag(window.at({300, 180}), window.at({340, 220})); // the lower right corner
+    QCOMPARE(box->getPos(), QPointF(100, 100));
+    QCOMPARE(box->getSize(), QSizeF(240, 120));
+    window.drag(window.at({100, 100}), window.at({120, 110})); // the upper left one
+    QCOMPARE(box->getPos(), QPointF(120, 110));
+    QCOMPARE(box->getSize(), QSizeF(220, 110));
+    window.trigger("undo");
+    window.trigger("undo");
+    QCOMPARE(box->getPos(), QPointF(100, 100));
+    QCOMPARE(box->getSize(), QSizeF(200, 80));
+}
+
+void TestObjects::handleTurnsAndIsUndone()
+{
+    ObjectWindow window(&m_loader);
+    CVXRootObject *box = window.writeBox({100, 100, 200, 80}, QStringLiteral("a"));
+    window.select({0});
+    const QPointF middle(200, 140);
+    const auto centre = [box] { return ObjectCommands::boundsOf(box).center(); };
+    window.drag(window.at({200, 76}), window.at({300, 140})); // from above the object to its right
+    QVERIFY(qAbs(box->getRotate() - 90) < 1.5);
+    QVERIFY((centre() - middle).manhattanLength() < 1);
+    window.trigger("undo");
+    QCOMPARE(box->getRotate(), 0.0);
+    window.drag(window.at({200, 76}), window.at({300, 50}), Qt::LeftButton, Qt::ShiftModifier);
+    QCOMPARE(std::fmod(box->getRotate(), 15.0), 0.0);
+    QVERIFY(box->getRotate() > 0);
+    window.trigger("undo");
+    QCOMPARE(box->getPos(), QPointF(100, 100));
+}
+
+void TestObjects::lockedObjectStaysUnderThePointer()
+{
+    ObjectWindow window(&m_loader);
+    CVXRootObject *box = window.writeBox({100, 100, 200, 80}, QStringLiteral("a"));
+    window.select({0});
+    window.trigger("lock");
+    const int steps = window.steps()->index();
+    for (const QPointF &from : {QPointF(200, 140), QPointF(300, 180), QPointF(200, 76)}) {
+        window.drag(window.at(from), window.at(from + QPointF(30, 20)));
+        window.select({0});
+    }
+    QCOMPARE(box->getPos(), QPointF(100, 100));
+    QCOMPARE(box->getSize(), QSizeF(200, 80));
+    QCOMPARE(box->getRotate(), 0.0);
+    QCOMPARE(window.steps()->index(), steps);
+    QTest::mouseDClick(window.canvas(), Qt::LeftButton, {}, window.at({200, 140}));
+    QVERIFY(!window.session()->editedObject());
+    QTest::keyClick(window.view(), Qt::Key_F2);
+    QVERIFY(!window.session()->editedObject());
+    QTest::mouseClick(window.canvas(), Qt::LeftButton, {}, window.at({200, 140}));
+    QVERIFY(box->graphicsItem()->isSelected()); // to be unlocked again
+    window.trigger("lock");
+    QVERIFY(!box->isLocked());
+}
 
 void TestObjects::arrowKeysMoveSelection_data()
 {
@@ -469,6 +601,49 @@ void TestObjects::objectCommandsAreOffInEdit()
     QVERIFY(window.action("duplicate")->isEnabled());
     QTest::keyClick(window.view(), Qt::Key_F2);
     QCOMPARE(window.session()->editedObject(), window.objects().at(0));
+}
+
+void TestObjects::eachPasteLiesBesideTheLast()
+{
+    ObjectWindow window(&m_loader);
+    window.writeBox({10, 10, 20, 20}, QStringLiteral("a"));
+    window.writeBox({42, 42, 100, 60}, QStringLiteral("b"));
+    window.select({0});
+    window.trigger("copy");
+    window.trigger("paste");
+    QCOMPARE(window.objects().size(), 3);
+    QCOMPARE(window.objects().at(2)->getPos(), QPointF(26, 26));
+    window.trigger("paste"); // "b" lies two steps away
+    QCOMPARE(window.objects().at(3)->getPos(), QPointF(58, 58));
+    window.trigger("undo");
+    window.trigger("undo");
+    QCOMPARE(window.objects().size(), 2);
+}
+
+void TestObjects::copiedObjectsGoToAnotherWindow()
+{
+    AttributeMap original;
+    QSizeF size;
+    {
+        ObjectWindow window(&m_loader);
+        makeThree(window);
+        window.objects().at(1)->setAllAttributes({{QStringLiteral("font_bold"), true}}, false);
+        QVERIFY(window.objects().at(1)->getAllAttributes(original));
+        size = window.objects().at(1)->getSize();
+        window.select({1, 2});
+        window.trigger("copy");
+    }
+    ObjectWindow window(&m_loader);
+    window.trigger("paste");
+    QCOMPARE(window.texts(), QStringList({QStringLiteral("b"), QStringLiteral("c")}));
+    QCOMPARE(window.objects().at(0)->getPos(), QPointF(66, 76));
+    AttributeMap copy;
+    QVERIFY(window.objects().at(0)->getAllAttributes(copy));
+    QCOMPARE(copy, original);
+    QVERIFY(copy.value(QStringLiteral("font_bold")).toBool());
+    QCOMPARE(window.objects().at(0)->getSize(), size);
+    window.trigger("undo");
+    QCOMPARE(window.objects().size(), 0);
 }
 
 // List of objects

@@ -2,6 +2,7 @@
 // The editor's window with events of pointer, keys and input methods.
 #include "app/page/framework.h"
 #include "app/page/pluginloader.h"
+#include "app/page/textobject.h"
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
@@ -763,18 +764,18 @@ void TestPageHost::doubleClickEditsArtText()
     QCOMPARE(session()->editedObject(), art);
     type(QStringLiteral("art"));
     QCOMPARE(TextCommands::plainText(art), QStringLiteral("art"));
-    QCOMPARE(TextCommands::storedText(art), QString());
+    QCOMPARE(TextObject::plainText(art), QString());
     QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500})); // away
     QVERIFY(!session()->editedObject());
     QVERIFY(!art->graphicsItem()->isSelected());
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("art"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("art"));
     QVERIFY(darkPixels(place) > 2000);
     // A second edit begins with the text; the pointer sets the caret.
     clickTwice(place.center());
     QTest::keyClick(m_window->view(), Qt::Key_Home, Qt::ControlModifier);
     type(QStringLiteral("p"));
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("part"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("part"));
 }
 
 void TestPageHost::doubleClickEditsArtTextAmongManySelected()
@@ -814,11 +815,11 @@ void TestPageHost::editOfArtTextEnds()
         QVERIFY(other->graphicsItem()->isSelected());
     } else {
         trigger("undo");
-        QCOMPARE(TextCommands::storedText(art), QString());
+        QCOMPARE(TextObject::plainText(art), QString());
         trigger("redo");
     }
     QVERIFY(!session()->editedObject());
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("x"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("x"));
     // Keys go to the program again.
     QTest::keyClick(m_window->view(), Qt::Key_T);
     QCOMPARE(m_framework->getCurrentTool(), int(EditorTool::Text));
@@ -842,18 +843,18 @@ void TestPageHost::editOfArtTextIsUndoneAndRedone()
     type(QStringLiteral("two"));
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
     QCOMPARE(session()->undoStack()->count(), 3); // drawn, written twice
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("two"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("two"));
     trigger("undo");
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("one"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("one"));
     QCOMPARE(QRectF(art->getPos(), art->getSize()), place);
     trigger("undo");
-    QCOMPARE(TextCommands::storedText(art), QString());
+    QCOMPARE(TextObject::plainText(art), QString());
     trigger("undo");
     QCOMPARE(objects().size(), 0);
     for (int i = 0; i < 3; ++i)
         trigger("redo");
     QCOMPARE(only(), art);
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("two"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("two"));
     QTRY_COMPARE(m_window->findChild<QAction *>(QStringLiteral("undo"))->text(),
                  QStringLiteral("&Undo Change Text"));
 }
@@ -868,7 +869,7 @@ void TestPageHost::editWithoutChangeLeavesNoStep()
     QTest::keyClick(m_window->view(), Qt::Key_Backspace);
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
     QCOMPARE(session()->undoStack()->count(), steps);
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("one"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("one"));
 }
 
 void TestPageHost::keysOfEditedArtTextDoNotReachMenus_data()
@@ -910,7 +911,7 @@ void TestPageHost::composedChineseEntersArtText()
     compose(QStringLiteral("ni'hao"));
     compose(QString(), QStringLiteral("你好"));
     QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({600, 500}));
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("你好"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("你好"));
 }
 
 void TestPageHost::menusActOnEditedArtText()
@@ -950,7 +951,7 @@ void TestPageHost::artTextIsMovedAndResizedByDrag()
     for (int i = 0; i < 3; ++i)
         trigger("undo");
     QCOMPARE(QRectF(art->getPos(), art->getSize()), QRectF(100, 150, 240, 120));
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("moved"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("moved"));
 }
 
 void TestPageHost::copiedArtTextIsPastedBesideOriginal()
@@ -964,7 +965,7 @@ void TestPageHost::copiedArtTextIsPastedBesideOriginal()
     QCOMPARE(objects().size(), 4);
     CVXRootObject *copy = objects().at(2);
     QVERIFY(TextCommands::isArtText(copy));
-    QCOMPARE(TextCommands::storedText(copy), QStringLiteral("twice"));
+    QCOMPARE(TextObject::plainText(copy), QStringLiteral("twice"));
     QCOMPARE(copy->getPos(), original->getPos() + QPointF(16, 16));
     QCOMPARE(copy->getSize(), original->getSize());
     QVERIFY(TextCommands::isRichText(objects().at(3)));
@@ -1007,7 +1008,7 @@ void TestPageHost::saveInEditOfArtTextGoesOnWithEdit()
     QVERIFY(!session()->isModified());
     type(QStringLiteral("b"));
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
-    QCOMPARE(TextCommands::storedText(art), QStringLiteral("abc"));
+    QCOMPARE(TextObject::plainText(art), QStringLiteral("abc"));
 }
 
 void TestPageHost::savedArtTextIsEqualAfterReopening_data()
@@ -1029,7 +1030,7 @@ void TestPageHost::savedArtTextIsEqualAfterReopening()
 
     QVERIFY(m_window->openFile(fileName));
     QCOMPARE(objects().size(), 2);
-    QCOMPARE(TextCommands::storedText(only()), QStringLiteral("lettering"));
+    QCOMPARE(TextObject::plainText(only()), QStringLiteral("lettering"));
     QVERIFY(!session()->isModified());
     QCOMPARE(shown(), before);
     // And once more.
