@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "layout/outlines.h"
 
+#include "common/glyphoffset.h"
+
 #include <QFontMetricsF>
 #include <QGlyphRun>
 #include <QTextLayout>
@@ -66,6 +68,7 @@ bool standsForItself(QChar character)
 
 QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &text)
 {
+    takeGlyphOffsetsAway(font, text);
     QPainterPath outline;
     outline.addText(pen, font, text);
     return outline;
@@ -140,6 +143,7 @@ QPainterPath OutlineSource::glyph(const QRawFont &font, quint32 index)
     const auto known = glyphs.find(index);
     if (known != glyphs.end())
         return *known;
+    takeGlyphOffsetAway(font, index);
     const QPainterPath outline = font.pathForGlyph(index);
     m_glyphElements += outline.elementCount();
     glyphs.insert(index, outline);

@@ -3,6 +3,7 @@
 #include "layout/outlines.h"
 #include "tests/support/testfont.h"
 
+#include <QPainter>
 #include <QtTest>
 
 namespace {
@@ -43,6 +44,8 @@ private Q_SLOTS:
     void characterIsThatOfAddText();
     void widthOfCharacterIsThatOfItsText();
     void glyphsOfEarlierLayoutsAreThoseOfTheFont();
+    void outlinesForgetWhereGlyphsWerePaintedBefore_data();
+    void outlinesForgetWhereGlyphsWerePaintedBefore();
     void neighboursChangeSimpleCharactersByKerningOnly_data();
     void neighboursChangeSimpleCharactersByKerningOnly();
 };
@@ -163,6 +166,34 @@ void TestOutlines::glyphsOfEarlierLayoutsAreThoseOfTheFont()
             QCOMPARE(differenceOf(source.text(pen, font, text), expected), QString());
             elements += expected.elementCount();
         }
+    }
+}
+
+void TestOutlines::outlinesForgetWhereGlyphsWerePaintedBefore_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("copied from glyphs") << QStringLiteral("Text");
+    QTest::newRow("shaped as a whole") << QString::fromUtf8("e\u0301");
+    QTest::newRow("a font that stands in") << QString::fromUtf8("T\u0E01\u05E9");
+}
+
+void TestOutlines::outlinesForgetWhereGlyphsWerePaintedBefore()
+{
+    QFETCH(QString, text);
+    QFont font(QStringLiteral("Noto Sans"));
+    font.setPixelSize(200);
+    const QPainterPath expected = OutlineSource().text(QPointF(5, 200), font, text);
+    QFont painted(font);
+    painted.setHintingPreference(QFont::PreferNoHinting); // glyphs stand at fractions of a pixel
+    QImage image(300, 40, QImage::Format_ARGB32_Premultiplied);
+    for (int pixels : {11, 13, 17}) { // whatever the fraction of the last glyph is
+        painted.setPixelSize(pixels);
+        QPainter painter(&image);
+        painter.setFont(painted);
+        painter.drawText(QPointF(3, 30), QStringLiteral("abcd") + text);
+        painter.end();
+        const QPainterPath found = OutlineSource().text(QPointF(5, 200), font, text);
+        QCOMPARE(differenceOf(found, expected), QString());
     }
 }
 
