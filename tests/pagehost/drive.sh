@@ -122,8 +122,7 @@ canvas 26-art-gone
 alike "the page after two undos" 20-art-empty-page 26-art-gone
 keys ctrl+shift+z ctrl+shift+z Escape
 canvas 27-art-redone
-# Known: after redo the outlines of an art text are a fraction of a pixel off, until the page is opened again.
-alike "the page after redo" 24-art-written 27-art-redone 12%
+alike "the page after redo" 24-art-written 27-art-redone
 
 echo "beside a rich text; save in the other form, close, open"
 keys t
@@ -136,7 +135,7 @@ save_as art.vxpage
 quit_editor
 start_editor "$work/art.vxpage"
 canvas 29-art-reopened
-alike "the page with an art text after opening" 28-art-and-text 29-art-reopened 12%
+alike "the page with an art text after opening" 28-art-and-text 29-art-reopened
 save_as art-copy.json
 same "art text after save, close, open, save" "$(art art-copy.json; strings art-copy.json)" "$whole"
 cmp art.json art-copy.json || fail "the page is not the same after it went through the other form"
