@@ -366,6 +366,7 @@ ParseResult parseArguments(const QStringList &arguments, Arguments &result)
     QStringList given = arguments;
     if (!takeMissingFontsPolicy(given, result))
         return ParseResult::Usage;
+    takeTextWithoutFile(given);
     if (!parser.parse(given)) {
         result.message = parser.errorText();
         return ParseResult::Usage;

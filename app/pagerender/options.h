@@ -11,7 +11,9 @@
 #include <QList>
 
 struct Options {
-    QCommandLineOption text{QStringLiteral("text"), QStringLiteral("Set the UTF-8 text <file>."),
+    QCommandLineOption text{QStringLiteral("text"),
+                            QStringLiteral(
+                                "Set the UTF-8 text <file>. Without a file: --dump-text."),
                             QStringLiteral("file")};
     QCommandLineOption document{QStringLiteral("document"),
                                 QStringLiteral("The same as a FILE without --document."),

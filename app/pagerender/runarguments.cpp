@@ -49,6 +49,18 @@ bool takeMissingFontsPolicy(QStringList &arguments, Arguments &result)
     return true;
 }
 
+void takeTextWithoutFile(QStringList &arguments)
+{
+    const auto isOption = [](const QString &argument) {
+        return argument.startsWith(QLatin1Char('-')) && argument != standardStream();
+    };
+    for (int i = 1; i < arguments.size() && arguments.at(i) != QLatin1String("--"); ++i) {
+        const bool hasFile = i + 1 < arguments.size() && !isOption(arguments.at(i + 1));
+        if (arguments.at(i) == QLatin1String("--text") && !hasFile)
+            arguments[i] = QStringLiteral("--dump-text");
+    }
+}
+
 QVector<const QCommandLineOption *> RunReader::ofManner() const
 {
     return {&m_options.plugin, &m_options.json, &m_options.timeout, &m_options.quiet,

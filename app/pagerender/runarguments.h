@@ -8,6 +8,8 @@
 /// Takes --missing-fonts=HOW out of \a arguments, since an option has a value always or never.
 /// \return false, with a sentence in \a result, when HOW is no word for it
 bool takeMissingFontsPolicy(QStringList &arguments, Arguments &result);
+/// Puts --dump-text in the place of a --text without a file: one at the end, or ahead of another option.
+void takeTextWithoutFile(QStringList &arguments);
 
 class RunReader : public OptionReader
 {

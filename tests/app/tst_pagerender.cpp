@@ -112,8 +112,8 @@ void TestPageRender::helpAndVersionAreShown_data()
                             << "--document <file>";
     QTest::newRow("-h") << "-h"
                         << "--vertical";
-    QTest::newRow("--version") << "--version"
-                               << "pagerender " PAGERENDER_VERSION "\n";
+    for (const char *option : {"--version", "-V"})
+        QTest::newRow(option) << option << "pagerender " PAGERENDER_VERSION "\n";
 }
 
 void TestPageRender::helpAndVersionAreShown()

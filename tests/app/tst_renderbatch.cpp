@@ -83,12 +83,15 @@ private Q_SLOTS:
     void checkWritesNothing();
     void textIsDumped();
     void dumpedTextGoesWhereItIsTold();
+    void textWithoutAFileDumps_data();
+    void textWithoutAFileDumps();
     void missingFontsByPolicy_data();
     void missingFontsByPolicy();
     void pictureStandsWithoutALabel();
     void missingFontsOfAllInputsAreListed();
     void reportTellsOfEachInput();
     void quietAndVerbose();
+    void longNamesMeanTheSame();
     void exitCodeTellsTheMost_data();
     void exitCodeTellsTheMost();
     void foreignLibraryIsRefused();
@@ -441,6 +444,31 @@ void TestRenderBatch::dumpedTextGoesWhereItIsTold()
     QCOMPARE(entry(reportOf(run), 1, "text").toString(), QStringLiteral("b"));
 }
 
+void TestRenderBatch::textWithoutAFileDumps_data()
+{
+    QTest::addColumn<QString>("arguments");
+    QTest::addColumn<QString>("output");
+    const QString fromPage = QStringLiteral("page\n");
+    const QString fromText = QStringLiteral("text\n");
+    QTest::newRow("at the end") << "page.json --text" << fromPage;
+    QTest::newRow("ahead of another option") << "--text -q page.json" << fromPage;
+    QTest::newRow("ahead of the end of options") << "--text -- page.json" << fromPage;
+    QTest::newRow("beside a text") << "--text a.txt --text" << fromText;
+    QTest::newRow("of the standard input") << "--text - --dump-text" << QStringLiteral("stream\n");
+}
+
+void TestRenderBatch::textWithoutAFileDumps()
+{
+    QFETCH(QString, arguments);
+    QFETCH(QString, output);
+    m_folder->write("page.json", page("page"));
+    m_folder->write("a.txt", "text");
+    const Run run = m_folder->run(qPrintable(arguments), "stream");
+    QVERIFY2(run.exitCode == 0, qPrintable(run.err));
+    QCOMPARE(run.out, output);
+    QCOMPARE(m_folder->run("-- --text").exitCode, 2); // a file of that name, and no output
+}
+
 void TestRenderBatch::missingFontsByPolicy_data()
 {
     QTest::addColumn<QByteArray>("input");
@@ -553,6 +581,22 @@ void TestRenderBatch::quietAndVerbose()
              qPrintable(verbose.err));
     QVERIFY2(verbose.err.contains(QLatin1String("100 x 60 pixels")), qPrintable(verbose.err));
     QVERIFY(m_folder->run("a.json -v --check").err.contains(QLatin1String("'a.json' is good")));
+}
+
+void TestRenderBatch::longNamesMeanTheSame()
+{
+    m_folder->write("a.json", page("a", "Missing"));
+    for (const char *letter : {"q", "v"}) {
+        const char *word = *letter == 'q' ? "quiet" : "verbose";
+        const Run brief = m_folder->run(
+            qPrintable(QStringLiteral("a.json -f svg -o one -%1").arg(QLatin1String(letter))));
+        const Run full = m_folder->run(qPrintable(
+            QStringLiteral("a.json --format svg --output two --%1").arg(QLatin1String(word))));
+        QVERIFY2(brief.exitCode == 0 && full.exitCode == 0, qPrintable(full.err));
+        QVERIFY(m_folder->read("one").startsWith("<?xml"));
+        QCOMPARE(m_folder->read("two"), m_folder->read("one"));
+        QCOMPARE(QString(full.err).replace(QLatin1String("two"), QLatin1String("one")), brief.err);
+    }
 }
 
 void TestRenderBatch::exitCodeTellsTheMost_data()
