@@ -51,19 +51,18 @@ CanvasMenu::CanvasMenu(MainWindow *window)
 
 QPointF CanvasMenu::pastePlace() const
 {
-    return m_place.value_or(m_window->view()->visibleCentre());
+    return m_menu ? m_place : m_window->view()->visibleCentre();
 }
 
 void CanvasMenu::open(const QPoint &globalPos)
 {
     PageView *const view = m_window->view();
-    auto *menu = new QMenu(view);
-    menu->setObjectName(QStringLiteral("canvasMenu"));
-    menu->setAttribute(Qt::WA_DeleteOnClose); // once the chosen command has been carried out
-    fill(menu);
+    m_menu = new QMenu(view);
+    m_menu->setObjectName(QStringLiteral("canvasMenu"));
+    m_menu->setAttribute(Qt::WA_DeleteOnClose); // once the chosen command has been carried out
     m_place = view->mapToScene(view->viewport()->mapFromGlobal(globalPos));
-    connect(menu, &QObject::destroyed, this, [this] { m_place.reset(); });
-    menu->popup(globalPos);
+    fill(m_menu);
+    m_menu->popup(globalPos);
 }
 
 void CanvasMenu::fill(QMenu *menu) const

@@ -5,8 +5,7 @@
 
 #include <QObject>
 #include <QPointF>
-
-#include <optional>
+#include <QPointer>
 
 class MainWindow;
 class QMenu;
@@ -29,7 +28,8 @@ private:
     void fill(QMenu *menu) const;
 
     MainWindow *m_window;
-    std::optional<QPointF> m_place; ///< of the open menu
+    QPointer<QMenu> m_menu; ///< that is open, or that has just closed for a command
+    QPointF m_place;        ///< of m_menu (scene)
 };
 
 #endif
