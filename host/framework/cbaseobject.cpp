@@ -11,8 +11,10 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QLineF>
 #include <QPainter>
+#include <QPointer>
 
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -70,8 +72,16 @@ struct CBaseObject::Drag {
     QPointF fixedPoint;      ///< where that corner lies, scene
     QPointF centre;          ///< of the client rectangle, scene
     bool moving = false;     ///< the pointer has left the threshold
-    QVector<QPair<CVXRootObject *, ObjectGeometry>>
-        companions; ///< selected objects that move along
+
+    /// A selected object that moves along. It may end or leave its scene meanwhile.
+    struct Companion {
+        CVXRootObject *object;
+        QPointer<QGraphicsObject> item;
+        ObjectGeometry geometry; ///< at the start
+
+        bool isThere() const { return item && item->scene(); }
+    };
+    QVector<Companion> companions;
 };
 
 CBaseObject::CBaseObject(int id, bool finished, QGraphicsItem *parent, IVxPage *page)
@@ -264,7 +274,9 @@ void CBaseObject::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const QList<CVXRootObject *> selected = GetPage()->getSelectedObjects();
     for (CVXRootObject *object : selected) {
         if (object && object != this && !object->isLocked())
-            m_drag->companions.append({object, ObjectGeometry::of(object)});
+            m_drag->companions.append({object,
+                                       object->GetGraphicsItemPtr()->toGraphicsObject(),
+                                       ObjectGeometry::of(object)});
     }
 }
 
@@ -317,13 +329,9 @@ void CBaseObject::moveTo(const QPointF &scenePos)
         return;
     m_drag->moving = true;
     setPos(m_drag->geometry.pos + way, /*undo=*/false);
-    if (m_drag->companions.isEmpty())
-        return;
-    const QList<CVXRootObject *> present = GetPage() ? GetPage()->getSelectedObjects()
-                                                     : QList<CVXRootObject *>();
-    for (const auto &companion : qAsConst(m_drag->companions)) {
-        if (present.contains(companion.first)) // it may have gone since the press
-            companion.first->setPos(companion.second.pos + way, /*undo=*/false);
+    for (const Drag::Companion &companion : qAsConst(m_drag->companions)) {
+        if (companion.isThere())
+            companion.object->setPos(companion.geometry.pos + way, /*undo=*/false);
     }
 }
 
@@ -359,6 +367,20 @@ void CBaseObject::rotateTo(const QPointF &scenePos, bool inSteps)
     rotateObj(target - getRotate(), /*undo=*/false);
 }
 
+void CBaseObject::cancelDrag()
+{
+    const std::unique_ptr<Drag> drag = std::move(m_drag);
+    m_activeHandle = CObjAction::ACT_None;
+    if (!drag)
+        return;
+    if (ObjectGeometry::of(this) != drag->geometry)
+        applyGeometry(this, drag->geometry);
+    for (const Drag::Companion &companion : qAsConst(drag->companions)) {
+        if (companion.isThere() && ObjectGeometry::of(companion.object) != companion.geometry)
+            applyGeometry(companion.object, companion.geometry);
+    }
+}
+
 /// One undo step for the whole drag; a group of steps when several objects moved.
 void CBaseObject::finishDrag()
 {
@@ -373,12 +395,9 @@ void CBaseObject::finishDrag()
             changes.append({object, before, after});
     };
     note(this, m_drag->geometry);
-    if (!m_drag->companions.isEmpty() && GetPage()) {
-        const QList<CVXRootObject *> present = GetPage()->getSelectedObjects();
-        for (const auto &companion : qAsConst(m_drag->companions)) {
-            if (present.contains(companion.first))
-                note(companion.first, companion.second);
-        }
+    for (const Drag::Companion &companion : qAsConst(m_drag->companions)) {
+        if (companion.isThere())
+            note(companion.object, companion.geometry);
     }
     if (changes.isEmpty())
         return;

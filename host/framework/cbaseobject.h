@@ -56,6 +56,12 @@ public:
     void enableLayerEffect(bool enable);
     bool isLayerEffectEnabled() const { return m_layerEffect; }
 
+    /// True from the press that may become a move, resize or rotation to the release.
+    bool isDragged() const { return m_drag != nullptr; }
+    /// Gives up the move, resize or rotation: all objects in it get the geometry that they had at the
+    /// press. What the pointer does until its release changes nothing any more. Without one: nothing.
+    void cancelDrag();
+
     // The host's input handling is open to those who send events without a scene.
     void mousePressEvent(QGraphicsSceneMouseEvent *event) override;
     void mouseMoveEvent(QGraphicsSceneMouseEvent *event) override;
