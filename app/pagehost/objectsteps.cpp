@@ -2,7 +2,18 @@
 #include "app/pagehost/objectsteps.h"
 
 #include "app/page/page.h"
+#include "app/page/textobject.h"
+#include "app/pagehost/textcommands.h"
 #include "host/framework/cvxrootobject.h"
+
+#include <utility>
+
+namespace {
+
+const QString wordWrapKey = QStringLiteral("text_wordwrap");
+const QString autoWordWrapKey = QStringLiteral("text_auto_wordwrap");
+
+} // namespace
 
 PresenceStep::PresenceStep(Change change, Page *page, CVXRootObject *object)
     : m_change(change)
@@ -136,6 +147,79 @@ bool MoveStep::mergeWith(const QUndoCommand *next)
     for (int i = 0; i < childCount(); ++i)
         part(i)->join(*step->part(i));
     return true;
+}
+
+// ShiftStep
+
+ShiftStep::ShiftStep(CVXRootObject *object, const QPointF &way)
+    : m_way(way)
+{
+    m_object = object;
+    setText(QStringLiteral("IDS_ITEM_MOVE"));
+}
+
+void ShiftStep::undo()
+{
+    m_isDone = false;
+    move(-m_way);
+}
+
+void ShiftStep::redo()
+{
+    if (!std::exchange(m_isDone, true))
+        move(m_way);
+}
+
+void ShiftStep::move(const QPointF &way)
+{
+    if (!m_object)
+        return;
+    m_object->setPos(m_object->getPos() + way, /*undo=*/false);
+    m_object->updatePreview();
+}
+
+// TextBoxStep
+
+TextBox TextBox::of(CVXRootObject *object)
+{
+    AttributeMap attributes;
+    object->getAllAttributes(attributes);
+    return {object->getPos(), object->getSize(), attributes.value(autoWordWrapKey).toBool()};
+}
+
+void TextBox::giveTo(CVXRootObject *object) const
+{
+    const bool wasEdited = TextCommands::isEditing(object);
+    if (!wasEdited)
+        TextObject::beginEdit(object);
+    object->setSize(size, /*undo=*/false, /*notify=*/true); // the box does not follow any more
+    if (follows)
+        object->setAllAttributes({{wordWrapKey, true}, {autoWordWrapKey, true}},
+                                 /*withUndo=*/false);
+    object->setPos(pos, /*undo=*/false);
+    if (!wasEdited)
+        TextObject::endEdit(object);
+}
+
+TextBoxStep::TextBoxStep(CVXRootObject *object, const TextBox &before, const TextBox &after)
+    : m_before(before)
+    , m_after(after)
+{
+    m_object = object;
+    setText(QStringLiteral("IDS_ITEM_RESIZE"));
+}
+
+void TextBoxStep::undo()
+{
+    m_isDone = false;
+    if (m_object)
+        m_before.giveTo(m_object);
+}
+
+void TextBoxStep::redo()
+{
+    if (!std::exchange(m_isDone, true) && m_object)
+        m_after.giveTo(m_object);
 }
 
 // OrderStep

@@ -8,6 +8,7 @@
 
 #include <QList>
 #include <QPointF>
+#include <QSizeF>
 #include <QVector>
 
 class Page;
@@ -78,6 +79,51 @@ private:
     One *part(int index) const;
 
     bool m_continues;
+};
+
+/// Moves a text by the margin of its edit. Within the edit and outside it the text has its place from
+/// different boxes: the step knows the way alone.
+class ShiftStep : public CWbUndoCmd
+{
+public:
+    /// \param way that \a object has gone already when the step is pushed, scene
+    ShiftStep(CVXRootObject *object, const QPointF &way);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void move(const QPointF &way);
+
+    QPointF m_way;
+    bool m_isDone = true;
+};
+
+/// The box of a text as it stands within an edit.
+struct TextBox {
+    QPointF pos;
+    QSizeF size;
+    bool follows = false; ///< grows with its text
+
+    static TextBox of(CVXRootObject *object);
+    /// The words are wrapped anew. Enters edit state for it where \a object is outside.
+    void giveTo(CVXRootObject *object) const;
+};
+
+/// Resizes the box of a text within its edit.
+class TextBoxStep : public CWbUndoCmd
+{
+public:
+    /// \param after that \a object has already when the step is pushed
+    TextBoxStep(CVXRootObject *object, const TextBox &before, const TextBox &after);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    TextBox m_before;
+    TextBox m_after;
+    bool m_isDone = true;
 };
 
 /// Puts the objects of a page in another order, the lowest first. The step says nothing of objects that
