@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|art|count FILE"""
+"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|places|art|count FILE"""
 import json
 import sys
 
@@ -18,6 +18,12 @@ def documents(objects):
 def print_art_texts(objects):
     for record in (item["record"] for item in objects if item["kind"] == "art_text"):
         print(f'{record["width"]:g}x{record["height"]:g} "{record["textWord"]}"')
+
+
+def print_places(objects):
+    for record in (item["record"] for item in objects if item["kind"] == "rich_text"):
+        form = "box" if record["params"]["text_wordwrap"] else "line"
+        print(f'{form} {record["width"]:.0f}x{record["height"]:.0f} at {record["x"]:.0f},{record["y"]:.0f}')
 
 
 def runs_with(document, key, is_set):
@@ -38,6 +44,8 @@ def main():
     objects = read(name)
     if question == "count":
         print(len(objects))
+    elif question == "places":
+        print_places(objects)
     elif question == "art":
         print_art_texts(objects)
     for document in documents(objects):
