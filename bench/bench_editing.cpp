@@ -13,21 +13,31 @@
 namespace {
 
 constexpr qreal LineLength = 600;
+constexpr int ParagraphLength = 200; // of many paragraphs
 constexpr qreal Across = 1000000; // holds all lines
 
 struct Case {
     BenchScript script;
     Qt::Orientation orientation;
     bool isBox;
+    bool isDivided; // into many paragraphs
     int length;
 };
+
+QString textOf(const Case &chosen)
+{
+    QString text = benchText(chosen.script, chosen.length);
+    for (int end = ParagraphLength; chosen.isDivided && end < text.size(); end += ParagraphLength)
+        text[end - 1] = QLatin1Char('\n');
+    return text;
+}
 
 // A text in edit state with the caret in its middle.
 class EditedText : public BenchTextObject
 {
 public:
     explicit EditedText(const Case &chosen)
-        : BenchTextObject(benchText(chosen.script, chosen.length), chosen.orientation)
+        : BenchTextObject(textOf(chosen), chosen.orientation)
     {
         if (chosen.isBox) {
             m_wordWrap = true;
@@ -96,7 +106,8 @@ void registerCase(const Case &chosen)
 {
     const std::string name = std::string(benchScriptName(chosen.script))
                              + (chosen.orientation == Qt::Horizontal ? "/horizontal" : "/vertical")
-                             + (chosen.isBox ? "/box/" : "/line/") + std::to_string(chosen.length);
+                             + (chosen.isBox ? "/box/" : "/line/")
+                             + (chosen.isDivided ? "paragraphs/" : "") + std::to_string(chosen.length);
     benchmark::RegisterBenchmark(("keyPress/" + name).c_str(), pressKeys, chosen)
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("hitTest/" + name).c_str(), findPositions, chosen)
@@ -111,8 +122,10 @@ int main(int argc, char **argv)
     for (BenchScript script : {BenchScript::Latin, BenchScript::Cjk}) {
         for (Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
             for (bool isBox : {true, false}) {
-                for (int length : {100, 1000, 10000})
-                    registerCase({script, orientation, isBox, length});
+                for (bool isDivided : {false, true}) {
+                    for (int length : {100, 1000, 10000})
+                        registerCase({script, orientation, isBox, isDivided, length});
+                }
             }
         }
     }

@@ -247,20 +247,22 @@ void MainWindow::refresh()
     m_undo->setText(named(tr("&Undo"), stack->undoText()));
     m_redo->setText(named(tr("&Redo"), stack->redoText()));
     m_undo->setEnabled(isEditing || stack->canUndo());
-    m_redo->setEnabled(stack->canRedo());
+    m_redo->setEnabled(m_session->canRedo());
     for (QAction *action : {m_cut, m_copy, m_delete})
         action->setEnabled(isEditing || hasSelection);
 }
 
 // Edit
 
-/// Gives the edited text a key, as if it had been pressed. False when no text is edited.
+/// Gives the edited text a key, as if it had been pressed, wherever the focus is. False when no text is
+/// edited.
 bool MainWindow::sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    if (!m_session->editedObject())
+    CVXRootObject *edited = m_session->editedObject();
+    if (!edited)
         return false;
-    QKeyEvent press(QEvent::KeyPress, key, modifiers);
-    QApplication::sendEvent(m_session->page()->scene(), &press);
+    m_session->noteEditInput();
+    TextCommands::sendKey(edited, key, modifiers);
     return true;
 }
 

@@ -168,8 +168,16 @@ void ObjectList::edit(int row)
 
 bool ObjectList::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_list || event->type() != QEvent::KeyPress)
+    const bool isOverride = event->type() == QEvent::ShortcutOverride;
+    if (watched != m_list || !(isOverride || event->type() == QEvent::KeyPress))
         return QDockWidget::eventFilter(watched, event);
+    if (isOverride) { // the program's Delete would be that of an edited text
+        const int key = static_cast<QKeyEvent *>(event)->key();
+        if (key != Qt::Key_Delete && key != Qt::Key_Backspace)
+            return QDockWidget::eventFilter(watched, event);
+        event->accept();
+        return true;
+    }
     switch (static_cast<QKeyEvent *>(event)->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:

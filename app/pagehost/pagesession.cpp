@@ -77,7 +77,7 @@ PageSession::PageSession(const PluginLoader *loader, std::unique_ptr<OpenPage> p
     for (CVXRootObject *object : m_open->page()->objects())
         object->updateCursorColor(background());
     hintMissingFonts();
-    connect(undoStack(), &QUndoStack::indexChanged, this, &PageSession::announce);
+    connect(undoStack(), &QUndoStack::indexChanged, this, &PageSession::followSteps);
     connect(undoStack(), &QUndoStack::cleanChanged, this, &PageSession::announce);
     connect(m_open->page()->scene(), &QGraphicsScene::selectionChanged, this,
             &PageSession::announce);
@@ -96,8 +96,7 @@ bool PageSession::isModified() const
     const bool abandoned = isNewTextAbandoned();
     if (undoStack()->cleanIndex() != (abandoned ? m_stepsAheadOfNewText : undoStack()->index()))
         return true;
-    CVXRootObject *edited = editedObject();
-    return edited && TextCommands::plainText(edited) != m_editStartText;
+    return editedObject() && m_edit.isChanged();
 }
 
 CUndoRedo *PageSession::undoStack() const
@@ -137,17 +136,26 @@ void PageSession::objectChanged(CVXRootObject *object)
 {
     if (object != editedObject()) // whose caret blinks
         ++m_changes;
+    if (object == m_newText && !m_newTextIsRecorded && !TextCommands::plainText(object).isEmpty())
+        recordNewText();
     announce();
 }
 
 void PageSession::editingChanged(CVXRootObject *object, bool editing)
 {
     if (editing)
-        m_editStartText = TextObject::plainText(object);
+        m_edit.begin(object);
     announce();
 }
 
+/// A rich text comes to the steps with its first words: until then it may be given up.
 void PageSession::objectDrawn(CVXRootObject *object)
+{
+    if (!TextCommands::isRichText(object))
+        pushPresence(object);
+}
+
+void PageSession::pushPresence(CVXRootObject *object)
 {
     undoStack()->push(new PresenceStep(PresenceStep::Change::Adds, page(), object));
 }
@@ -202,6 +210,7 @@ void PageSession::takeDrawn(CVXRootObject *object)
         return;
     }
     m_newText = object;
+    m_newTextIsRecorded = false;
     TextObject::setAttributes(object, lookOfNewObject(object));
     TextObject::beginEdit(object);
 }
@@ -209,6 +218,7 @@ void PageSession::takeDrawn(CVXRootObject *object)
 bool PageSession::endEdit()
 {
     if (CVXRootObject *object = editedObject()) {
+        prepareEndOfEdit();
         TextObject::endEdit(object);
         announce();
     }
@@ -227,6 +237,8 @@ bool PageSession::settleNewText()
     if (!m_newText)
         return true;
     const bool abandoned = isNewTextAbandoned();
+    if (!abandoned)
+        recordNewText();
     CVXRootObject *const object = std::exchange(m_newText, nullptr);
     if (!abandoned)
         return true;
@@ -249,18 +261,6 @@ void PageSession::selectOnly(const QList<CVXRootObject *> &objects)
 }
 
 // Edit menu
-
-void PageSession::undo()
-{
-    if (endEdit()) // a text that was empty has gone: that was the undo
-        undoStack()->undo();
-}
-
-void PageSession::redo()
-{
-    if (endEdit())
-        undoStack()->redo();
-}
 
 QList<CVXRootObject *> PageSession::selectedObjects() const
 {
@@ -292,6 +292,7 @@ QJsonArray PageSession::copiesOf(const QList<CVXRootObject *> &objects) const
 void PageSession::cut()
 {
     if (CVXRootObject *object = editedObject()) {
+        noteEditInput();
         TextCommands::cut(object);
         return;
     }
@@ -321,6 +322,7 @@ void PageSession::copy()
 void PageSession::paste(const QPointF &place)
 {
     if (CVXRootObject *object = editedObject()) {
+        noteEditInput();
         TextCommands::paste(object, /*newObject=*/false);
         return;
     }
@@ -331,10 +333,12 @@ void PageSession::paste(const QPointF &place)
 
 void PageSession::pastePlainText(const QPointF &place)
 {
-    if (CVXRootObject *object = editedObject())
+    if (CVXRootObject *object = editedObject()) {
+        noteEditInput();
         TextCommands::paste(object, /*newObject=*/false, /*rich=*/false);
-    else
+    } else {
         pasteText(place, /*rich=*/false);
+    }
 }
 
 void PageSession::duplicate()
@@ -347,7 +351,7 @@ void PageSession::duplicate()
 void PageSession::adopt(CVXRootObject *object)
 {
     object->updateCursorColor(background());
-    undoStack()->push(new PresenceStep(PresenceStep::Change::Adds, page(), object));
+    pushPresence(object);
 }
 
 bool PageSession::pasteObjects(const QMimeData &data)

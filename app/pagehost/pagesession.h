@@ -5,6 +5,8 @@
 
 #include "app/page/openpage.h"
 #include "app/page/page.h"
+#include "app/pagehost/editchanges.h"
+#include "app/pagehost/objectsteps.h"
 
 #include <QObject>
 #include <QStringList>
@@ -75,11 +77,30 @@ public:
     /// Ends an open edit. A new text that is still empty goes, with all its steps.
     /// \return false when a text went that way
     bool endEdit();
+    /// To be called when the edited text is about to end its edit itself.
+    void prepareEndOfEdit();
     /// To be called when an object says that its edit has begun or ended.
     void noteEditState();
+    /// To be called for whatever may change the edited text beside a motion of the caret.
+    void noteEditInput();
+    /// To be called ahead of a step of an edit: the step by which a new text has come stands before it.
+    void recordNewText();
 
+    /// Brackets a drag that moves the edited text or resizes its box. Its end is one step.
+    void startEditDrag();
+    void finishEditDrag();
+    /// Without a drag these do nothing; giving it up brings back where the text was.
+    void giveUpEditDrag();
+    bool isInEditDrag() const { return m_editDragged != nullptr; }
+
+    /// Undoes the last step, and with it all that an open edit has changed. What the edit had undone
+    /// itself comes back by redo() as well.
     void undo();
     void redo();
+    /// As the keys for it do in an edit: what the text has to undo of its own, and otherwise the last step.
+    void undoInEdit();
+    void redoInEdit();
+    bool canRedo() const;
     void cut();
     void copy();
     /// Into the edited text, or as new objects; a text gets its upper left corner to \a place (scene).
@@ -110,6 +131,8 @@ private:
     void hintMissingFonts();
     bool isNewTextAbandoned() const;
     bool settleNewText();
+    void pushPresence(CVXRootObject *object);
+    void followSteps();
     QList<CVXRootObject *> selectedObjects() const;
     void selectOnly(const QList<CVXRootObject *> &objects);
     void adopt(CVXRootObject *object);
@@ -127,9 +150,14 @@ private:
     int m_changes = 0;   ///< that objects out of edit have told
     int m_lastId = 0;
     bool m_announced = false;
-    QString m_editStartText;            ///< of the object in edit state
+    EditChanges m_edit;                 ///< of the object in edit state
     CVXRootObject *m_newText = nullptr; ///< drawn last, in its first edit
+    bool m_newTextIsRecorded = false;   ///< there is a step of its coming
+    bool m_isRecordingNewText = false;
     int m_stepsAheadOfNewText = 0;
+    CVXRootObject *m_editDragged = nullptr; ///< whose edit the pointer moves or resizes
+    TextBox m_boxAheadOfDrag;
+    int m_stepsAheadOfDrag = 0;
 };
 
 #endif

@@ -143,6 +143,7 @@ QString PageSession::contentMark() const
         return mark;
     if (const QGraphicsTextItem *item = TextCommands::editItem(edited))
         mark += item->textCursor().block().layout()->preeditAreaText() + QLatin1Char(' ');
+    mark += QString::number(m_edit.inputs()) + QLatin1Char(' ');
     return mark + TextCommands::plainText(edited);
 }
 

@@ -5,7 +5,7 @@
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/textcommands.h"
 #include "app/pagehost/viewpanning.h"
-#include "host/framework/cvxrootobject.h"
+#include "host/framework/cbaseobject.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -101,6 +101,17 @@ QPixmap checkers()
     return tile;
 }
 
+/// A key that leaves the text as it is, whatever text that is.
+bool onlyMovesCaret(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Copy) || event.matches(QKeySequence::SelectAll))
+        return true;
+    const int key = event.key();
+    const bool isArrow = key >= Qt::Key_Home && key <= Qt::Key_PageDown;
+    const bool isModifier = key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
+    return key == Qt::Key_Escape || isModifier || (isArrow && !event.modifiers().testFlag(Qt::AltModifier));
+}
+
 QGraphicsObject *itemOf(CVXRootObject *object)
 {
     return object->GetGraphicsItemPtr()->toGraphicsObject();
@@ -126,6 +137,8 @@ void PageView::setSession(PageSession *session)
     m_session = session;
     m_drawn = nullptr;
     m_grabber.clear();
+    m_mayDragEdit = false;
+    m_isDragGivenUp = false;
     if (!session) {
         setScene(nullptr);
         return;
@@ -317,6 +330,8 @@ void PageView::mousePressEvent(QMouseEvent *event)
     }
     const QPointF scenePos = mapToScene(event->pos());
     prepareEdit(scenePos);
+    m_isDragGivenUp = false;
+    m_mayDragEdit = pressDragsEdit(scenePos);
     CVXRootObject *taker = takerOfPress(scenePos);
     if (!taker && drawsAt(scenePos)) {
         if (!startDrawing(scenePos))
@@ -348,7 +363,16 @@ void PageView::pressOnScene(const QMouseEvent &event)
 
 void PageView::mouseMoveEvent(QMouseEvent *event)
 {
-    QGraphicsView::mouseMoveEvent(event);
+    const bool isPressed = event->buttons().testFlag(Qt::LeftButton);
+    if (isPressed && m_isDragGivenUp)
+        return;
+    if (isPressed && m_mayDragEdit)
+        m_session->startEditDrag();
+    m_isCarryingText = false;
+    QGraphicsView::mouseMoveEvent(event); // may return when text has been carried away and dropped
+    if (m_isCarryingText || (m_grabber && event->buttons() == Qt::NoButton))
+        dropGrabber();
+    m_isCarryingText = false;
     if (isDrawing())
         viewport()->update(); // the frame of the drag reaches out of the object
     else if (m_session && event->buttons() == Qt::NoButton)
@@ -361,6 +385,10 @@ void PageView::mouseReleaseEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     releaseGrab();
+    m_mayDragEdit = false;
+    m_isDragGivenUp = false;
+    if (m_session)
+        m_session->finishEditDrag();
     if (isDrawing())
         finishDrawing();
 }
@@ -390,6 +418,55 @@ void PageView::releaseGrab()
     if (m_grabber && m_grabber->scene() && m_grabber->scene()->mouseGrabberItem() == m_grabber)
         m_grabber->ungrabMouse();
     m_grabber.clear();
+}
+
+/// The pointer grabs no more than it has grabbed by the press.
+void PageView::dropGrabber()
+{
+    releaseGrab();
+    if (QGraphicsItem *item = scene() ? scene()->mouseGrabberItem() : nullptr)
+        item->ungrabMouse();
+}
+
+// Drags
+
+/// True at a handle and at the margin of an edited rich text.
+bool PageView::pressDragsEdit(const QPointF &scenePos) const
+{
+    CVXRootObject *edited = editedRichText();
+    if (!edited)
+        return false;
+    const QPointF inItem = edited->GetGraphicsItemPtr()->mapFromScene(scenePos);
+    return edited->HitTestHandle(inItem) != CObjAction::ACT_None
+           || !edited->getClientRect().contains(inItem);
+}
+
+/// Brings back what the pointer has moved, resized or turned since its press. False when it is at
+/// something else.
+bool PageView::cancelDrag()
+{
+    auto *item = scene() ? dynamic_cast<CBaseObject *>(scene()->mouseGrabberItem()) : nullptr;
+    if (!m_session || !item || !(item->isDragged() || m_session->isInEditDrag()))
+        return false;
+    item->cancelDrag();
+    m_session->giveUpEditDrag();
+    m_isDragGivenUp = true;
+    return true;
+}
+
+/// An art text carries selected text away as data: whoever has asked for it hears no release.
+void PageView::dragEnterEvent(QDragEnterEvent *event)
+{
+    m_isCarryingText = true;
+    QGraphicsView::dragEnterEvent(event);
+}
+
+void PageView::dropEvent(QDropEvent *event)
+{
+    QGraphicsView::dropEvent(event);
+    dropGrabber();
+    if (m_session)
+        m_session->noteEditInput();
 }
 
 // Drawing an object
@@ -449,10 +526,16 @@ void PageView::keyPressEvent(QKeyEvent *event)
         return;
     }
     CVXRootObject *edited = m_session ? m_session->editedObject() : nullptr;
+    if ((event->key() == Qt::Key_Escape && cancelDrag()) || (edited && takeEditKey(*event))) {
+        event->accept();
+        return;
+    }
     if (m_session && event->key() == Qt::Key_Escape) {
         if (!edited) {
             m_session->page()->scene()->clearSelection();
-        } else if (TextCommands::isArtText(edited)) { // a rich text ends its edit itself
+        } else if (TextCommands::isRichText(edited)) {
+            m_session->prepareEndOfEdit(); // which is the text's own
+        } else {
             m_session->endEdit();
             event->accept();
             return;
@@ -463,6 +546,23 @@ void PageView::keyPressEvent(QKeyEvent *event)
         return;
     }
     QGraphicsView::keyPressEvent(event);
+}
+
+/// The keys for undo and redo are the page's once the text has nothing more of its own. True when the key
+/// is not the text's any more.
+bool PageView::takeEditKey(const QKeyEvent &event)
+{
+    if (event.matches(QKeySequence::Undo)) {
+        m_session->undoInEdit();
+        return true;
+    }
+    if (event.matches(QKeySequence::Redo)) {
+        m_session->redoInEdit();
+        return true;
+    }
+    if (!onlyMovesCaret(event))
+        m_session->noteEditInput();
+    return false;
 }
 
 bool PageView::isIdle() const
@@ -525,12 +625,14 @@ void PageView::chooseForMenu(const QPointF &scenePos)
 QPoint PageView::keyboardPlace() const
 {
     const QRect shown = viewport()->rect();
-    QRect wanted = shown;
-    if (m_session && m_session->editedObject())
-        wanted = inputMethodQuery(Qt::ImCursorRectangle).toRect();
-    else if (m_session)
-        wanted = mapFromScene(ObjectCommands::selectionBounds(*m_session)).boundingRect() & shown;
-    const QPoint place = wanted.isEmpty() ? shown.center() : wanted.center();
+    QPoint place = shown.center();
+    if (m_session && m_session->editedObject()) {
+        place = inputMethodQuery(Qt::ImCursorRectangle).toRect().bottomLeft();
+    } else if (m_session && !m_session->page()->getSelectedObjects().isEmpty()) {
+        const QRectF bounds = ObjectCommands::selectionBounds(*m_session);
+        const QRect selected = mapFromScene(bounds).boundingRect() & shown;
+        place = selected.isEmpty() ? place : selected.center();
+    }
     return {qBound(shown.left(), place.x(), shown.right()),
             qBound(shown.top(), place.y(), shown.bottom())};
 }

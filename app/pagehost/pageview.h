@@ -42,8 +42,8 @@ public:
     void fitSelection();
     /// True while a page is shown, and no text is edited and nothing dragged.
     bool isIdle() const;
-    /// Where something of the keyboard's is to appear (viewport): the caret of an edit, otherwise the
-    /// middle of what is selected and shown, otherwise the middle of the view.
+    /// Where something of the keyboard's is to appear (viewport): below the caret of an edit, otherwise
+    /// amid what is selected and shown, otherwise amid the view.
     QPoint keyboardPlace() const;
     /// The caret of an edited rich text, as far as it has been painted; what other items tell.
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
@@ -72,6 +72,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
 
 private:
@@ -91,8 +93,12 @@ private:
     bool startDrawing(const QPointF &scenePos);
     void finishDrawing();
     void cancelDrawing();
+    bool pressDragsEdit(const QPointF &scenePos) const;
+    bool cancelDrag();
+    bool takeEditKey(const QKeyEvent &event);
     void grab(CVXRootObject *object);
     void releaseGrab();
+    void dropGrabber();
     void showPointerOver(const QPointF &scenePos);
     void applyZoom(double zoom);
     void fit(const QRectF &area);
@@ -103,6 +109,9 @@ private:
     double m_zoom = 1;
     CVXRootObject *m_drawn = nullptr;    ///< between press and release
     QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
+    bool m_mayDragEdit = false;          ///< the press was at a handle or the margin of an edited text
+    bool m_isDragGivenUp = false;        ///< by Escape; the pointer has not been released yet
+    bool m_isCarryingText = false;       ///< text is dragged as data, whose drop eats the release
     QRect m_announcedCaret;              ///< what the input method has been told
 };
 

@@ -56,6 +56,8 @@ void PageView::announceCaret()
 /// A rich text takes either the committed part of an event or the preedit that follows it.
 void PageView::inputMethodEvent(QInputMethodEvent *event)
 {
+    if (m_session && m_session->editedObject())
+        m_session->noteEditInput();
     if (editedRichText() && !event->commitString().isEmpty() && !event->preeditString().isEmpty()) {
         QInputMethodEvent committed;
         committed.setCommitString(event->commitString(), event->replacementStart(),

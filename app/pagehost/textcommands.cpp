@@ -9,7 +9,10 @@
 #include <QGraphicsScene>
 #include <QGraphicsSceneMouseEvent>
 #include <QGraphicsTextItem>
+#include <QJsonObject>
 #include <QKeyEvent>
+
+#include <thread>
 
 namespace {
 
@@ -25,6 +28,7 @@ constexpr int CaretLine = 128; // to read
 } // namespace Property
 
 constexpr int isEditingFlag = 0; // of StateFlag
+const QLatin1String documentDataKey("document_data"); // of a record
 
 void command(CVXRootObject *object, int property, const QByteArray &arguments = QByteArray())
 {
@@ -46,15 +50,6 @@ Value answer(CVXRootObject *object, int property, Value fallback, Question... qu
     buffer.seek(0);
     stream >> fallback;
     return fallback;
-}
-
-void sendKey(CVXRootObject *object, Qt::Key key)
-{
-    QGraphicsItem *item = object->GetGraphicsItemPtr();
-    if (!item->scene())
-        return;
-    QKeyEvent press(QEvent::KeyPress, key, Qt::ControlModifier);
-    item->scene()->sendEvent(item, &press);
 }
 
 /// An art text enters its edit by a double click alone.
@@ -117,10 +112,38 @@ void TextCommands::beginEdit(CVXRootObject *object)
         TextObject::beginEdit(object);
 }
 
+QString TextCommands::documentString(CVXRootObject *object)
+{
+    IVxPage *page = object->GetPage();
+    object->setBelongPage(nullptr); // away from its page it stores no picture
+    QJsonObject record;
+    bool isWritten = false;
+    // Deliberate: a record asked for by another thread ends no edit.
+    std::thread([&] { isWritten = object->saveJson(record); }).join();
+    object->setBelongPage(page);
+    if (!isWritten)
+        return {};
+    for (const QJsonValue &member : qAsConst(record)) {
+        const QJsonValue data = member.toObject().value(documentDataKey);
+        if (data.isString())
+            return data.toString();
+    }
+    return {};
+}
+
+void TextCommands::sendKey(CVXRootObject *object, int key, Qt::KeyboardModifiers modifiers)
+{
+    QGraphicsItem *item = object->GetGraphicsItemPtr();
+    if (!item->scene())
+        return;
+    QKeyEvent press(QEvent::KeyPress, key, modifiers);
+    item->scene()->sendEvent(item, &press);
+}
+
 void TextCommands::cut(CVXRootObject *object)
 {
     if (isArtText(object))
-        sendKey(object, Qt::Key_X);
+        sendKey(object, Qt::Key_X, Qt::ControlModifier);
     else
         command(object, Property::Cut);
 }
@@ -128,7 +151,7 @@ void TextCommands::cut(CVXRootObject *object)
 void TextCommands::copy(CVXRootObject *object)
 {
     if (isArtText(object))
-        sendKey(object, Qt::Key_C);
+        sendKey(object, Qt::Key_C, Qt::ControlModifier);
     else
         command(object, Property::Copy);
 }
@@ -136,7 +159,7 @@ void TextCommands::copy(CVXRootObject *object)
 void TextCommands::paste(CVXRootObject *object, bool newObject, bool rich)
 {
     if (isArtText(object)) {
-        sendKey(object, Qt::Key_V);
+        sendKey(object, Qt::Key_V, Qt::ControlModifier);
         return;
     }
     QByteArray arguments;

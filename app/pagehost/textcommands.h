@@ -21,8 +21,14 @@ bool isEditing(CVXRootObject *object);
 /// Where the caret of a rich text was painted last (scene), from its upper to its lower end as the text
 /// runs; null before that.
 QLineF caretLine(CVXRootObject *object);
+/// The document of a rich text as its record tells it, with what is being typed: no edit ends. Empty for
+/// an object without one. Takes about as long as a key press.
+QString documentString(CVXRootObject *object);
 /// Enters edit state; an art text has to be the only selected object of its page.
 void beginEdit(CVXRootObject *object);
+
+/// Gives an edited text a key, as if it had been pressed; the focus may be elsewhere.
+void sendKey(CVXRootObject *object, int key, Qt::KeyboardModifiers modifiers);
 
 /// Of the selected text, in edit state.
 void cut(CVXRootObject *object);

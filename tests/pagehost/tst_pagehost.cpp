@@ -261,7 +261,8 @@ void TestPageHost::emptyTextThatIsLeftGoesWithItsSteps()
 {
     m_window->setTool(EditorTool::Text);
     QTest::mouseClick(canvas(), Qt::LeftButton, {}, at({100, 150}));
-    QCOMPARE(session()->undoStack()->count(), 1);
+    QCOMPARE(objects().size(), 1);
+    QCOMPARE(session()->undoStack()->count(), 0); // a step of its coming comes with its words
     QTest::keyClick(m_window->view(), Qt::Key_B, Qt::ControlModifier | Qt::ShiftModifier);
     QTest::keyClick(m_window->view(), Qt::Key_Escape);
     QTRY_COMPARE(objects().size(), 0);
