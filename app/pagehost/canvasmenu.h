@@ -22,9 +22,9 @@ public:
     /// Where a text that is pasted as an object gets its upper left corner (scene): where the menu has
     /// been opened, otherwise the middle of what is shown.
     QPointF pastePlace() const;
+    void open(const QPoint &globalPos);
 
 private:
-    void open(const QPoint &globalPos);
     void fill(QMenu *menu) const;
 
     MainWindow *m_window;

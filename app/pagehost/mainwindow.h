@@ -45,6 +45,7 @@ public:
     PageView *view() const { return m_view; }
     /// What is done with files: the commands of the File menu and the questions about the page.
     FileCommands *files() const { return m_files; }
+    CanvasMenu *canvasMenu() const { return m_canvasMenu; }
     /// The panels beside the page.
     Panels *panels() const { return m_panels; }
     void setTool(int tool);

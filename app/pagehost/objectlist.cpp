@@ -2,6 +2,7 @@
 #include "app/pagehost/objectlist.h"
 
 #include "app/page/page.h"
+#include "app/pagehost/canvasmenu.h"
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
@@ -47,6 +48,10 @@ ObjectList::ObjectList(MainWindow *window)
     connect(m_list, &QListWidget::itemSelectionChanged, this, &ObjectList::selectOnPage);
     connect(m_list, &QListWidget::itemDoubleClicked, this,
             [this](QListWidgetItem *item) { edit(m_list->row(item)); });
+    m_list->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(m_list, &QListWidget::customContextMenuRequested, this, [this](const QPoint &pos) {
+        m_window->canvasMenu()->open(m_list->viewport()->mapToGlobal(pos));
+    });
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool isVisible) {
         if (isVisible)
             refresh();

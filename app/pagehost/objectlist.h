@@ -14,7 +14,8 @@ class QListWidget;
 class QListWidgetItem;
 
 /// Names every object of the page, the topmost first. What is selected in the list is selected on the
-/// page, and the other way round. Return edits the text of an object, Delete removes what is selected.
+/// page, and the other way round. Return edits the text of an object, Delete removes what is selected, and
+/// the menu is that of the page.
 class ObjectList : public QDockWidget
 {
     Q_OBJECT

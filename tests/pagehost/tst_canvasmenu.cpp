@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDockWidget>
+#include <QListWidget>
 #include <QMenu>
 #include <QScreen>
 #include <QSettings>
@@ -35,6 +36,7 @@ private Q_SLOTS:
     void menuByKeyOpensAtTheCaret_data();
     void menuByKeyOpensAtTheCaret();
     void menuByKeyOpensAtTheSelection();
+    void listOfObjectsOpensTheMenuToo();
     void menuWaitsForTheEndOfADrag();
 
     void placeOfWindowAndPanelsIsRemembered();
@@ -265,6 +267,30 @@ void TestCanvasMenu::menuByKeyOpensAtTheSelection()
     window().select({});
     sendMenuKey();
     QVERIFY(namesIn(openMenu()).contains(QStringLiteral("zoomIn")));
+}
+
+void TestCanvasMenu::listOfObjectsOpensTheMenuToo()
+{
+    window().writeBox({50, 50, 100, 60}, QStringLiteral("a"));
+    window().writeBox({250, 50, 100, 60}, QStringLiteral("b"));
+    window().trigger("showObjects");
+    auto *list = window().window()->findChild<QListWidget *>(QStringLiteral("objectList"));
+    QVERIFY(list);
+    list->setFocus();
+    QTRY_COMPARE(list->count(), 2);
+    QTest::keyClick(list, Qt::Key_End); // the lowest
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(5, 5),
+                            list->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(list, &event);
+    window().settle();
+    QVERIFY(openMenu());
+    choose(openMenu(), "lock");
+    QVERIFY(window().objects().at(0)->isLocked());
+    QVERIFY(!window().objects().at(1)->isLocked());
+    QGuiApplication::clipboard()->setText(QStringLiteral("pasted"));
+    QCoreApplication::sendEvent(list, &event);
+    choose(openMenu(), "paste");
+    QCOMPARE(window().objects().at(2)->getPos(), window().view()->visibleCentre());
 }
 
 void TestCanvasMenu::menuWaitsForTheEndOfADrag()
