@@ -14,7 +14,7 @@ namespace {
 
 constexpr qreal LineLength = 600;
 constexpr int ParagraphLength = 200; // of many paragraphs
-constexpr qreal Across = 1000000; // holds all lines
+constexpr qreal Across = 1000000;    // holds all lines
 
 struct Case {
     BenchScript script;
@@ -107,7 +107,8 @@ void registerCase(const Case &chosen)
     const std::string name = std::string(benchScriptName(chosen.script))
                              + (chosen.orientation == Qt::Horizontal ? "/horizontal" : "/vertical")
                              + (chosen.isBox ? "/box/" : "/line/")
-                             + (chosen.isDivided ? "paragraphs/" : "") + std::to_string(chosen.length);
+                             + (chosen.isDivided ? "paragraphs/" : "")
+                             + std::to_string(chosen.length);
     benchmark::RegisterBenchmark(("keyPress/" + name).c_str(), pressKeys, chosen)
         ->Unit(benchmark::kMillisecond);
     benchmark::RegisterBenchmark(("hitTest/" + name).c_str(), findPositions, chosen)

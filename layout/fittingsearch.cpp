@@ -18,9 +18,11 @@ constexpr int longestJoin = 512;
 } // namespace
 
 MeasuredText::MeasuredText(const QString &text, const QFont &font, qreal scale,
-                           FittingSearch search)
+                           FittingSearch search, OutlineSource *source)
     : m_text(text)
+    , m_font(font)
     , m_metrics(font)
+    , m_source(source)
     , m_scale(scale)
     , m_letterSpacing(font.letterSpacing())
     , m_em(m_metrics.height())
@@ -55,7 +57,8 @@ qreal MeasuredText::measured(int count) const
     if (count != m_latest[0].count) {
         m_latest[1] = m_latest[0];
         const QString prefix = QString::fromRawData(m_text.constData() + m_start, count);
-        m_latest[0] = {count, m_metrics.horizontalAdvance(prefix)};
+        m_latest[0] = {count, m_source ? m_source->width(m_font, m_metrics, prefix)
+                                       : m_metrics.horizontalAdvance(prefix)};
     }
     return m_latest[0].width;
 }

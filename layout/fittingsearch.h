@@ -7,6 +7,8 @@
 #include <QHash>
 #include <QString>
 
+class OutlineSource;
+
 /// How the number of characters that fit on a line is found. Both give the same answer.
 enum class FittingSearch {
     Plain, ///< halves the whole rest of the text; its cost grows with the rest
@@ -23,8 +25,10 @@ public:
         int length = -1;      ///< otherwise: how many characters fit, see fit()
     };
 
-    /// \param scale  stretch of the text along the line, any number
-    MeasuredText(const QString &text, const QFont &font, qreal scale, FittingSearch search);
+    /// \param scale   stretch of the text along the line, any number
+    /// \param source  knows widths that were measured before; null for none, else it outlives this
+    MeasuredText(const QString &text, const QFont &font, qreal scale, FittingSearch search,
+                 OutlineSource *source = nullptr);
 
     bool isEmpty() const { return length() <= 0; }
     int length() const { return m_text.length() - m_start; } ///< of what is left
@@ -80,7 +84,9 @@ private:
     int surelyWideLength(int expected, const Line &line) const;
 
     QString m_text;
+    QFont m_font;
     QFontMetricsF m_metrics;
+    OutlineSource *m_source;
     qreal m_scale;
     qreal m_letterSpacing;
     qreal m_em;

@@ -138,7 +138,7 @@ int LineFiller::add(const Piece &piece, const CloseLine &closeLine)
 {
     const qreal scale = alongScale(piece.run, m_rules.orientation);
     MeasuredText rest(piece.run.text, piece.run.font, piece.run.isHalfPunct ? scale * 0.5 : scale,
-                      m_rules.search);
+                      m_rules.search, m_rules.source);
     if (piece.width)
         rest.presetWidth(*piece.width);
     MeasuredText::Fit fit = rest.fit(penPosition(), m_rules.limit);

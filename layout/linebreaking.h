@@ -30,6 +30,7 @@ struct LineRules {
     bool hyphenate = false; ///< words break with a hyphen instead of moving whole
     bool compressPunctuation = false;
     FittingSearch search = FittingSearch::Fast;
+    OutlineSource *source = nullptr; ///< knows widths that were measured before
 };
 
 /// A piece of a run on its way to the lines.

@@ -8,6 +8,7 @@
 #include "layout/texttools.h"
 
 #include <QTextCursor>
+#include <QTextDocument>
 
 namespace {
 
@@ -125,13 +126,18 @@ QList<QString> CMultiTextOjbect::CJKSplit(const QString &text) const
 
 BoxPass CMultiTextOjbect::startPass()
 {
-    m_outlines.startLayout();
+    if (m_outlines.startLayout())
+        m_blocks.clear();
     const TextScales factors = scales();
     BoxPass pass(box(), dpi(), factors.transformScaleX * factors.scaleX,
-                 factors.transformScaleY * factors.scaleY, orientation(), m_outlines);
+                 factors.transformScaleY * factors.scaleY, orientation(), m_outlines, m_blocks);
     pass.layout = startLayout();
     pass.followsText = autoWordWrap();
     pass.search = m_search;
+    m_blocks.startLayout({qreal(pass.layout.orientation), qreal(pass.dpi), pass.box.x(),
+                          pass.box.y(), pass.box.width(), pass.box.height(), pass.kx, pass.ky,
+                          qreal(pass.followsText), qreal(pass.search)},
+                         document()->blockCount());
     return pass;
 }
 
@@ -139,6 +145,7 @@ BoxPass CMultiTextOjbect::startPass()
 // memory. A pending stretch has taken effect now and is folded into the lasting one.
 void CMultiTextOjbect::publish(const BoxPass &pass, const QRectF &box)
 {
+    m_blocks.endLayout();
     updateData(pass.layout, box, unitedLineRects(pass.layout.lines), QPainterPath());
     setScales({1.0, 1.0, pass.kx, pass.ky});
 }

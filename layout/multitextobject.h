@@ -3,6 +3,7 @@
 #define MULTITEXTOBJECT_H
 
 #include "layout/fittingsearch.h"
+#include "layout/laidoutblocks.h"
 #include "layout/outlines.h"
 #include "layout/textobjectbase.h"
 
@@ -48,6 +49,7 @@ private:
 
     FittingSearch m_search = FittingSearch::Fast;
     OutlineSource m_outlines;
+    LaidOutBlocks m_blocks;
 };
 
 #endif // MULTITEXTOBJECT_H

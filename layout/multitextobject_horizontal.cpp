@@ -21,10 +21,29 @@ struct RowPass : BoxPass {
     {
     }
 
+    // What the rows of a block depend on beside its content, and what it leaves behind.
+    LayoutNumbers numbers() const;
+    void goOnFrom(const LayoutNumbers &numbers);
+
     qreal y = 0; // baseline of the latest row
     qreal previousDescent = 0;
     qreal textBottom;
 };
+
+LayoutNumbers RowPass::numbers() const
+{
+    return {y, previousDescent, afterSpace, textBottom, qreal(layout.lines.isEmpty()),
+            qreal(isFull)};
+}
+
+void RowPass::goOnFrom(const LayoutNumbers &numbers)
+{
+    y = numbers.at(0);
+    previousDescent = numbers.at(1);
+    afterSpace = numbers.at(2);
+    textBottom = numbers.at(3);
+    isFull = numbers.at(5) != 0;
+}
 
 // One block while its rows are made.
 struct RowBlock {
@@ -208,26 +227,50 @@ void outlineRun(TextFragment &run, qreal baseline, bool isLast, qreal &thickness
     extent.descent = qMax(extent.descent, descent);
 }
 
+void outlineRow(TextLine &line, qreal &thickness, RowPass &pass)
+{
+    RowExtent extent;
+    for (int i = 0; i < line.fragments.size(); ++i) {
+        TextFragment &run = line.fragments[i];
+        outlineRun(run, line.origin.y(), i == line.fragments.size() - 1, thickness, extent, pass);
+        addToLine(line, run.path);
+    }
+    line.rect = QRectF(extent.span.begin(), line.origin.y() - extent.ascent,
+                       extent.span.end() - extent.span.begin(),
+                       extent.ascent + extent.descent + thickness);
+}
+
 // Outline phase. Afterwards the rows that lie inside the box are part of the layout.
 void outlineRows(QList<TextLine> &lines, const RowBlock &rows, RowPass &pass)
 {
     qreal thickness = 0; // deliberate: grows over the rows of the block
-    for (TextLine &line : lines) {
+    for (int i = 0; i < lines.size(); ++i) {
+        TextLine &line = lines[i];
         if (!pass.followsText && pass.box.height() < line.origin.y())
             return;
-        RowExtent extent;
-        for (int i = 0; i < line.fragments.size(); ++i) {
-            TextFragment &run = line.fragments[i];
-            outlineRun(run, line.origin.y(), i == line.fragments.size() - 1, thickness, extent,
-                       pass);
-            addToLine(line, run.path);
-        }
+        const TextLine *former = pass.blocks.formerLine(i);
+        if (former && areAlike(*former, line))
+            line = movedTo(*former, line.position);
+        else
+            outlineRow(line, thickness, pass);
         line.alignment = rows.alignment;
-        line.rect = QRectF(extent.span.begin(), line.origin.y() - extent.ascent,
-                           extent.span.end() - extent.span.begin(),
-                           extent.ascent + extent.descent + thickness);
         pass.layout.lines.append(line);
     }
+}
+
+void layOutBlock(const QTextBlock &block, RowPass &pass)
+{
+    const RowBlock rows = readBlock(block, pass);
+    pass.y += rows.measures.before + pass.afterSpace;
+    pass.afterSpace = rows.measures.after.value_or(pass.afterSpace);
+    if (block.begin().atEnd()) {
+        addEmptyRow(rows, pass);
+    } else {
+        QList<TextLine> lines = breakIntoRows(rows, pass);
+        outlineRows(lines, rows, pass);
+    }
+    if (!pass.followsText && pass.box.height() < pass.y + pass.previousDescent)
+        pass.isFull = true;
 }
 
 } // namespace
@@ -236,19 +279,8 @@ void CMultiTextOjbect::horizontalLayout()
 {
     RowPass pass(startPass());
     for (QTextBlock block = document()->begin(); block.isValid() && !pass.isFull;
-         block = block.next()) {
-        const RowBlock rows = readBlock(block, pass);
-        pass.y += rows.measures.before + pass.afterSpace;
-        pass.afterSpace = rows.measures.after.value_or(pass.afterSpace);
-        if (block.begin().atEnd()) {
-            addEmptyRow(rows, pass);
-        } else {
-            QList<TextLine> lines = breakIntoRows(rows, pass);
-            outlineRows(lines, rows, pass);
-        }
-        if (!pass.followsText && pass.box.height() < pass.y + pass.previousDescent)
-            pass.isFull = true;
-    }
+         block = block.next())
+        layOutOrTake(block, pass, layOutBlock);
     QRectF client = pass.box;
     if (pass.followsText)
         client.setHeight(pass.textBottom - client.y());

@@ -20,6 +20,12 @@ struct ColumnPass : BoxPass {
     {
     }
 
+    // What the columns of a block depend on beside its content, and what it leaves behind.
+    LayoutNumbers numbers() const;
+    void goOnFrom(const LayoutNumbers &numbers);
+
+    void addInk(qreal left) { inkLeft = qMin(inkLeft.value_or(left), left); }
+
     // Height of "A" halved: centres text on its side. Neighbours of one font are measured once.
     qreal halfCapital(const QFont &font);
 
@@ -29,6 +35,27 @@ struct ColumnPass : BoxPass {
     std::optional<qreal> capital;
     QFont capitalFont;
 };
+
+LayoutNumbers ColumnPass::numbers() const
+{
+    return {cursor,
+            afterSpace,
+            leftEdge.value_or(0),
+            inkLeft.value_or(0),
+            qreal(leftEdge.has_value()),
+            qreal(inkLeft.has_value()),
+            qreal(layout.lines.isEmpty()),
+            qreal(isFull)};
+}
+
+void ColumnPass::goOnFrom(const LayoutNumbers &numbers)
+{
+    cursor = numbers.at(0);
+    afterSpace = numbers.at(1);
+    leftEdge = numbers.at(4) != 0 ? std::make_optional(numbers.at(2)) : std::nullopt;
+    inkLeft = numbers.at(5) != 0 ? std::make_optional(numbers.at(3)) : std::nullopt;
+    isFull = numbers.at(7) != 0;
+}
 
 qreal ColumnPass::halfCapital(const QFont &font)
 {
@@ -270,7 +297,7 @@ void outlineRun(TextFragment &run, qreal x, bool isLast, qreal &thickness, Colum
         const QRectF ink = outline.boundingRect();
         inkEnd = ink.bottom();
         extent.rightHalf = qMax(extent.rightHalf, ink.right() - x);
-        pass.inkLeft = qMin(pass.inkLeft.value_or(ink.left()), ink.left());
+        pass.addInk(ink.left());
     }
     extent.span.add(run, isLast, inkEnd);
 }
@@ -285,25 +312,60 @@ QRectF columnRect(const TextLine &line, const ColumnExtent &extent, qreal thickn
                   extent.span.end() - extent.span.begin());
 }
 
+void outlineColumn(TextLine &line, qreal &thickness, ColumnPass &pass)
+{
+    ColumnExtent extent;
+    for (int i = 0; i < line.fragments.size(); ++i) {
+        TextFragment &run = line.fragments[i];
+        outlineRun(run, line.origin.x(), i == line.fragments.size() - 1, thickness, extent, pass);
+        addToLine(line, run.path);
+    }
+    line.rect = columnRect(line, extent, thickness);
+}
+
+// A column that an earlier layout has outlined.
+void takeColumn(TextLine &line, const TextLine &former, ColumnPass &pass)
+{
+    line = movedTo(former, line.position);
+    for (const TextFragment &run : qAsConst(line.fragments)) {
+        if (!run.path.isEmpty())
+            pass.addInk(run.path.boundingRect().left());
+    }
+}
+
 // Outline phase. Afterwards the columns that lie inside the box are part of the layout.
 void outlineColumns(QList<TextLine> &lines, const ColumnBlock &columns, ColumnPass &pass)
 {
     qreal thickness = 0; // deliberate: grows over the columns of the block
-    for (TextLine &line : lines) {
+    for (int i = 0; i < lines.size(); ++i) {
+        TextLine &line = lines[i];
         const qreal half = QFontMetricsF(line.font).height() * pass.kx / 2;
         if (!pass.followsText && line.origin.x() - half < pass.box.x())
             return;
-        ColumnExtent extent;
-        for (int i = 0; i < line.fragments.size(); ++i) {
-            TextFragment &run = line.fragments[i];
-            outlineRun(run, line.origin.x(), i == line.fragments.size() - 1, thickness, extent,
-                       pass);
-            addToLine(line, run.path);
-        }
+        const TextLine *former = pass.blocks.formerLine(i);
+        if (former && areAlike(*former, line))
+            takeColumn(line, *former, pass);
+        else
+            outlineColumn(line, thickness, pass);
         line.alignment = columns.alignment;
-        line.rect = columnRect(line, extent, thickness);
         pass.layout.lines.append(line);
     }
+}
+
+void layOutBlock(const QTextBlock &block, ColumnPass &pass)
+{
+    ColumnBlock columns = readBlock(block, pass);
+    pass.cursor -= columns.measures.before + pass.afterSpace;
+    pass.afterSpace = columns.measures.after.value_or(pass.afterSpace);
+    if (block.begin().atEnd()) {
+        addEmptyColumn(columns, pass);
+    } else {
+        QList<TextLine> lines = breakIntoColumns(columns, pass);
+        outlineColumns(lines, columns, pass);
+    }
+    // Deliberate: also when the box follows its text.
+    if (pass.inkLeft && *pass.inkLeft < pass.box.x())
+        pass.isFull = true;
 }
 
 } // namespace
@@ -312,20 +374,8 @@ void CMultiTextOjbect::verticalLayout()
 {
     ColumnPass pass(startPass());
     for (QTextBlock block = document()->begin(); block.isValid() && !pass.isFull;
-         block = block.next()) {
-        ColumnBlock columns = readBlock(block, pass);
-        pass.cursor -= columns.measures.before + pass.afterSpace;
-        pass.afterSpace = columns.measures.after.value_or(pass.afterSpace);
-        if (block.begin().atEnd()) {
-            addEmptyColumn(columns, pass);
-        } else {
-            QList<TextLine> lines = breakIntoColumns(columns, pass);
-            outlineColumns(lines, columns, pass);
-        }
-        // Deliberate: also when the box follows its text.
-        if (pass.inkLeft && *pass.inkLeft < pass.box.x())
-            pass.isFull = true;
-    }
+         block = block.next())
+        layOutOrTake(block, pass, layOutBlock);
     QRectF client = pass.box;
     // Behind an empty first column the text stands left of the box however wide that is: a box that
     // followed it would grow with every layout.

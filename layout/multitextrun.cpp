@@ -39,7 +39,7 @@ QList<QString> uprightPieces(const QString &text)
 }
 
 LineRules lineRules(const BlockRules &rules, const BlockMeasures &measures, qreal length,
-                    const BoxPass &pass)
+                    BoxPass &pass)
 {
     LineRules result;
     result.orientation = pass.layout.orientation;
@@ -50,6 +50,7 @@ LineRules lineRules(const BlockRules &rules, const BlockMeasures &measures, qrea
     result.hyphenate = rules.hyphenate;
     result.compressPunctuation = rules.compressPunctuation;
     result.search = pass.search;
+    result.source = &pass.outlines;
     return result;
 }
 
@@ -78,13 +79,14 @@ const BoxRunStyle &BoxRunStyles::of(const QTextCharFormat &format)
 }
 
 BoxPass::BoxPass(const QRectF &clientRect, int documentDpi, qreal stretchX, qreal stretchY,
-                 Qt::Orientation orientation, OutlineSource &outlineSource)
+                 Qt::Orientation orientation, OutlineSource &outlineSource, LaidOutBlocks &laidOut)
     : box(clientRect)
     , dpi(documentDpi)
     , kx(stretchX)
     , ky(stretchY)
     , styles(documentDpi, stretchX, stretchY, orientation)
     , outlines(outlineSource)
+    , blocks(laidOut)
 {
 }
 

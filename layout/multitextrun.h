@@ -3,6 +3,7 @@
 #define MULTITEXTRUN_H
 
 #include "layout/blockmeasures.h"
+#include "layout/laidoutblocks.h"
 #include "layout/linebreaking.h"
 #include "layout/outlines.h"
 #include "layout/runstyle.h"
@@ -47,7 +48,7 @@ private:
 /// State across the blocks of one layout of box text.
 struct BoxPass {
     BoxPass(const QRectF &clientRect, int documentDpi, qreal stretchX, qreal stretchY,
-            Qt::Orientation orientation, OutlineSource &outlineSource);
+            Qt::Orientation orientation, OutlineSource &outlineSource, LaidOutBlocks &laidOut);
 
     const QRectF box;
     const int dpi;
@@ -61,6 +62,7 @@ struct BoxPass {
     bool isFull = false;  ///< no room for more: the rest of the document has no lines
     BoxRunStyles styles;
     OutlineSource &outlines;
+    LaidOutBlocks &blocks;
     UnderlineThickness thickness;
 };
 
@@ -72,7 +74,7 @@ QList<QString> uprightPieces(const QString &text);
 
 /// Rules for the lines of a block with \a measures in a box that is \a length long.
 LineRules lineRules(const BlockRules &rules, const BlockMeasures &measures, qreal length,
-                    const BoxPass &pass);
+                    BoxPass &pass);
 
 /// The start of a run on its way to the lines: what the document and the style say.
 TextFragment boxRun(const QTextFragment &fragment, const BoxRunStyle &style);

@@ -42,17 +42,16 @@ qreal onGrid(qreal coordinate)
 // Elements of the glyphs that are kept from layout to layout: about 24 bytes each, some 40 a glyph.
 constexpr int glyphElementLimit = 1 << 20;
 
+// Characters of the texts whose widths are kept, and glyphs of the texts that are kept shaped.
+constexpr int measuredLimit = 1 << 20;
+constexpr int shapedLimit = 1 << 17;
+
 // What addText() adds to the glyphs, or draws with glyphs of another size, is left to it.
 bool isPlain(const QFont &font)
 {
     return !font.underline() && !font.overline() && !font.strikeOut()
            && font.capitalization() == QFont::MixedCase;
 }
-
-struct PlacedGlyph {
-    QPainterPath outline;
-    QPointF place;
-};
 
 } // namespace
 
@@ -74,14 +73,44 @@ QPainterPath textOutline(const QPointF &pen, const QFont &font, const QString &t
     return outline;
 }
 
-void OutlineSource::startLayout()
+bool FontWatch::haveChanged()
 {
+    const QRawFont former = m_probe;
+    m_probe = QRawFont::fromFont(QFont());
+    return m_probe != former;
+}
+
+bool operator==(const FontText &a, const FontText &b)
+{
+    return a.text == b.text && a.font == b.font;
+}
+
+uint qHash(const FontText &key, uint seed)
+{
+    // Fonts are few: their size tells most of them apart.
+    return qHash(key.text, seed) ^ uint(key.font.pixelSize());
+}
+
+OutlineSource::OutlineSource()
+    : m_measured(measuredLimit)
+    , m_shaped(shapedLimit)
+{
+}
+
+bool OutlineSource::startLayout()
+{
+    const bool fontsHaveChanged = m_fonts.haveChanged();
+    if (fontsHaveChanged) {
+        m_measured.clear();
+        m_shaped.clear();
+    }
     m_characters.clear();
     m_widths.clear();
     if (m_glyphElements > glyphElementLimit) {
         m_glyphs.clear();
         m_glyphElements = 0;
     }
+    return fontsHaveChanged;
 }
 
 QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QString &text)
@@ -95,9 +124,8 @@ QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QS
     return outline.isEmpty() ? textOutline(pen, font, text) : outline;
 }
 
-// Shapes the text as addText() does and copies the glyphs to their places. Empty for text that has to
-// be left to addText().
-QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, const QString &text)
+// Shapes the text as addText() does.
+OutlineSource::ShapedText OutlineSource::shape(const QFont &font, const QString &text)
 {
     QTextLayout shaper(text, font);
     shaper.setCacheEnabled(true);
@@ -105,33 +133,48 @@ QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, co
     const QTextLine line = shaper.createLine();
     shaper.endLayout();
 
-    const QPointF base(onGrid(pen.x()), onGrid(pen.y()) - line.ascent());
-    QVector<PlacedGlyph> glyphs;
-    int elements = 0;
+    ShapedText shaped;
+    shaped.ascent = line.ascent();
     int withoutInk = 0;
     const QList<QGlyphRun> runs = shaper.glyphRuns();
+    shaped.hasSeveralRuns = runs.size() > 1;
     for (const QGlyphRun &run : runs) {
         const QRawFont rawFont = run.rawFont();
         const QVector<quint32> indexes = run.glyphIndexes();
         const QVector<QPointF> positions = run.positions();
         for (int i = 0; i < indexes.size(); ++i) {
-            glyphs.append({glyph(rawFont, indexes.at(i)), base + positions.at(i)});
-            elements += glyphs.last().outline.elementCount();
-            withoutInk += glyphs.last().outline.isEmpty() ? 1 : 0;
+            shaped.glyphs.append({glyph(rawFont, indexes.at(i)), positions.at(i)});
+            shaped.elements += shaped.glyphs.last().outline.elementCount();
+            withoutInk += shaped.glyphs.last().outline.isEmpty() ? 1 : 0;
         }
     }
     // More of them than blanks: glyphs that are pictures, which addText() traces.
     if (withoutInk > std::count_if(text.begin(), text.end(), [](QChar c) { return c.isSpace(); }))
-        return QPainterPath();
+        return ShapedText();
+    return shaped;
+}
+
+// Copies the glyphs to their places. Empty for text that has to be left to addText().
+QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, const QString &text)
+{
+    const FontText key{font, text};
+    const ShapedText *shaped = m_shaped.find(key);
+    if (!shaped)
+        shaped = m_shaped.insert(key, shape(font, text), text.length());
+
+    const QPointF base(onGrid(pen.x()), onGrid(pen.y()) - shaped->ascent);
+    QVector<PlacedGlyph> glyphs = shaped->glyphs;
+    for (PlacedGlyph &placed : glyphs)
+        placed.place = base + placed.place;
     // Runs come font by font; simple text reads from left to right.
-    if (runs.size() > 1) {
+    if (shaped->hasSeveralRuns) {
         std::stable_sort(glyphs.begin(), glyphs.end(),
                          [](const PlacedGlyph &a, const PlacedGlyph &b) {
                              return a.place.x() < b.place.x();
                          });
     }
     QPainterPath result;
-    result.reserve(elements);
+    result.reserve(shaped->elements);
     for (const PlacedGlyph &placed : qAsConst(glyphs))
         result.addPath(placed.outline.translated(placed.place));
     return result;
@@ -160,6 +203,14 @@ QPainterPath OutlineSource::character(const QPointF &pen, const QFont &font, con
         known = characters.insert(text, textOutline(QPointF(0, 0), font, text));
     // Blanks leave an element behind that stands for no ink and has no place.
     return known->isEmpty() ? *known : known->translated(onGrid(pen.x()), onGrid(pen.y()));
+}
+
+qreal OutlineSource::width(const QFont &font, const QFontMetricsF &metrics, const QString &text)
+{
+    if (const qreal *known = m_measured.find({font, text}))
+        return *known;
+    const FontText key{font, QString(text.constData(), text.length())}; // never raw data
+    return *m_measured.insert(key, metrics.horizontalAdvance(text), text.length());
 }
 
 qreal OutlineSource::characterWidth(const QFont &font, const QString &text)

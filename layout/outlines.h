@@ -2,22 +2,52 @@
 #ifndef OUTLINES_H
 #define OUTLINES_H
 
+#include "layout/recenthash.h"
+
 #include <QFont>
 #include <QHash>
 #include <QPainterPath>
 #include <QPointF>
 #include <QRawFont>
 #include <QString>
+#include <QVector>
+
+class QFontMetricsF;
+
+/// Notices that fonts have come to the program or gone: then those of the same description may no
+/// longer look alike.
+class FontWatch
+{
+public:
+    /// True when fonts have come or gone since the call before, and at the first one.
+    bool haveChanged();
+
+private:
+    QRawFont m_probe; // loaded anew whenever that happens
+};
+
+/// A text in a font.
+struct FontText {
+    QFont font;
+    QString text;
+};
+bool operator==(const FontText &a, const FontText &b);
+uint qHash(const FontText &key, uint seed = 0);
 
 /// Makes the outlines of layout after layout; a glyph or an upright character that comes again is
-/// copied and not made again. Shapes text with the shaper that addText() itself uses. The outlines
-/// are those of QPainterPath::addText(), to the last few bits.
+/// copied and not made again, and a text that comes again is neither measured nor shaped again.
+/// Shapes text with the shaper that addText() itself uses. The outlines are those of
+/// QPainterPath::addText(), to the last few bits; they depend on nothing but the arguments. What is
+/// kept has a bound.
 class OutlineSource
 {
 public:
-    /// Begins a layout: forgets what a font of the same description may no longer look like, and the
-    /// glyphs too when they have become many.
-    void startLayout();
+    OutlineSource();
+
+    /// Begins a layout: forgets everything when the program's fonts have changed, since a font of the
+    /// same description may no longer look alike, and the glyphs too when they have become many.
+    /// \return true when the fonts have changed since the layout before
+    bool startLayout();
 
     /// Outline of \a text in \a font with its pen at \a pen.
     QPainterPath text(const QPointF &pen, const QFont &font, const QString &text);
@@ -28,10 +58,30 @@ public:
     /// Width of \a text, one character. Makes no outline.
     qreal characterWidth(const QFont &font, const QString &text);
 
+    /// Advance of \a text in \a font, whose metrics are \a metrics. \a text may be raw data.
+    qreal width(const QFont &font, const QFontMetricsF &metrics, const QString &text);
+
 private:
+    struct PlacedGlyph {
+        QPainterPath outline;
+        QPointF place;
+    };
+
+    // A text as the shaper leaves it, its glyphs from the top left of the line.
+    struct ShapedText {
+        QVector<PlacedGlyph> glyphs; // none for text that has to be left to addText()
+        qreal ascent = 0;
+        int elements = 0;
+        bool hasSeveralRuns = false;
+    };
+
+    ShapedText shape(const QFont &font, const QString &text);
     QPainterPath fromGlyphs(const QPointF &pen, const QFont &font, const QString &text);
     QPainterPath glyph(const QRawFont &font, quint32 index);
 
+    FontWatch m_fonts;
+    RecentHash<FontText, qreal> m_measured;
+    RecentHash<FontText, ShapedText> m_shaped;
     QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs; // of loaded fonts: they never change
     int m_glyphElements = 0;
     QHash<QFont, QHash<QString, QPainterPath>> m_characters; // with their pens at (0, 0)

@@ -3,6 +3,7 @@
 #include "layout/singletextobject.h"
 
 #include "layout/blockmeasures.h"
+#include "layout/outlinesum.h"
 #include "layout/textrun.h"
 #include "layout/texttools.h"
 
@@ -15,15 +16,36 @@ namespace {
 
 // State across the blocks of one layout.
 struct RowPass {
-    QPointF anchor;
-    int dpi = 72;
+    RowPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut)
+        : anchor(at)
+        , dpi(start.dpi)
+        , layout(start)
+        , blocks(laidOut)
+    {
+    }
+
+    // What the row of a block depends on beside its content, and what it leaves behind.
+    LayoutNumbers numbers() const { return {y, previousDescent, afterSpace}; }
+    void goOnFrom(const LayoutNumbers &numbers);
+
+    const QPointF anchor;
+    const int dpi;
     qreal y = 0; // running offset of the baseline below the anchor
     qreal previousDescent = 0;
     qreal afterSpace = 0; // a block without the property repeats the last value
     bool isFirst = true;
     UnderlineThickness thickness;
-    QPainterPath outlines;
+    TextLayout layout;
+    LaidOutBlocks &blocks;
 };
+
+void RowPass::goOnFrom(const LayoutNumbers &numbers)
+{
+    y = numbers.at(0);
+    previousDescent = numbers.at(1);
+    afterSpace = numbers.at(2);
+    isFirst = false;
+}
 
 // How far the row stands below the one before it, as its runs ask for it.
 struct RowDistance {
@@ -144,7 +166,7 @@ void outlineRow(TextLine &line, const QVector<RunStyle> &styles, RowPass &pass, 
 }
 
 // Aligns the row at the anchor and collects its outlines.
-void shiftRow(TextLine &line, const BlockMeasures &measures, RowPass &pass, qreal pen)
+void shiftRow(TextLine &line, const BlockMeasures &measures, qreal pen)
 {
     qreal shift = measures.left;
     if (line.alignment == Qt::AlignRight)
@@ -157,7 +179,6 @@ void shiftRow(TextLine &line, const BlockMeasures &measures, RowPass &pass, qrea
         run.path.setFillRule(Qt::WindingFill);
         run.start += shift;
         line.path.addPath(run.path);
-        pass.outlines.addPath(run.path);
     }
 }
 
@@ -182,7 +203,7 @@ void closeRow(TextLine &line, const LineExtent &extent)
     line.rect = QRectF(left, top, right - left, height);
 }
 
-TextLine layoutRow(const QTextBlock &block, RowPass &pass)
+void layOutBlock(const QTextBlock &block, RowPass &pass)
 {
     const BlockMeasures measures = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
     pass.y += measures.before + pass.afterSpace;
@@ -199,21 +220,26 @@ TextLine layoutRow(const QTextBlock &block, RowPass &pass)
         line.alignment = horizontalLineAlignment(block.blockFormat());
         placeRow(line, distance, pass);
         outlineRow(line, styles, pass, extent);
-        shiftRow(line, measures, pass, extent.pen);
+        shiftRow(line, measures, extent.pen);
     }
     closeRow(line, extent);
     pass.afterSpace = measures.after.value_or(pass.afterSpace);
     pass.isFirst = false;
-    return line;
+    pass.layout.lines.append(line);
 }
 
 // Ink below the last box counts, ink beside or above the boxes does not.
-QRectF textRect(const TextLayout &layout, const QPainterPath &outlines)
+QRectF textRect(const TextLayout &layout)
 {
-    if (layout.lines.isEmpty())
-        return outlines.boundingRect();
+    QList<QPainterPath> outlines;
+    for (const TextLine &line : layout.lines) {
+        for (const TextFragment &run : line.fragments) {
+            if (!run.path.isEmpty())
+                outlines.append(run.path);
+        }
+    }
     QRectF rect = unitedLineRects(layout.lines);
-    const qreal inkBottom = outlines.boundingRect().bottom();
+    const qreal inkBottom = boundsOf(outlines).bottom();
     if (!outlines.isEmpty() && inkBottom > rect.bottom())
         rect.setBottom(inkBottom);
     return rect;
@@ -226,14 +252,22 @@ CSingleTextObject::CSingleTextObject(CWordProcess *object)
 {
 }
 
+void CSingleTextObject::startBlocks()
+{
+    if (m_fonts.haveChanged())
+        m_blocks.clear();
+    const QPointF anchor = textOffset();
+    m_blocks.startLayout({qreal(orientation()), qreal(dpi()), anchor.x(), anchor.y()},
+                         document()->blockCount());
+}
+
 void CSingleTextObject::horizontalLayout()
 {
-    RowPass pass;
-    pass.anchor = textOffset();
-    pass.dpi = dpi();
-    TextLayout layout = startLayout();
+    startBlocks();
+    RowPass pass(startLayout(), textOffset(), m_blocks);
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        layout.lines.append(layoutRow(block, pass));
-    const QRectF rect = textRect(layout, pass.outlines);
-    updateData(layout, rect, rect, pass.outlines);
+        layOutOrTake(block, pass, layOutBlock);
+    m_blocks.endLayout();
+    const QRectF rect = textRect(pass.layout);
+    updateData(pass.layout, rect, rect, QPainterPath());
 }

@@ -2,7 +2,9 @@
 #ifndef SINGLETEXTOBJECT_H
 #define SINGLETEXTOBJECT_H
 
+#include "layout/laidoutblocks.h"
 #include "layout/textobjectbase.h"
+#include "layout/outlines.h"
 
 /// Layout of line text: each block is exactly one line (a column in vertical text), however long.
 /// There is no box to fit. The text hangs at the anchor textOffset(): the first block's baseline
@@ -21,8 +23,13 @@ public:
     void defaultWordLayout() override;
 
 private:
+    void startBlocks();
+
     QPainterPath horizontalPlaceholder(QRectF &rect) const;
     QPainterPath verticalPlaceholder(QRectF &rect) const;
+
+    FontWatch m_fonts;
+    LaidOutBlocks m_blocks;
 };
 
 #endif // SINGLETEXTOBJECT_H

@@ -16,14 +16,34 @@ namespace {
 
 // State across the blocks of one layout.
 struct ColumnPass {
-    QPointF anchor;
-    int dpi = 72;
+    ColumnPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut)
+        : anchor(at)
+        , dpi(start.dpi)
+        , layout(start)
+        , blocks(laidOut)
+    {
+    }
+
+    // What the column of a block depends on beside its content, and what it leaves behind.
+    LayoutNumbers numbers() const { return {x, afterSpace}; }
+    void goOnFrom(const LayoutNumbers &numbers);
+
+    const QPointF anchor;
+    const int dpi;
     qreal x = 0;          // cursor from column to column
     qreal afterSpace = 0; // a block without the property repeats the last value
     bool isFirst = true;
     UnderlineThickness thickness;
-    QPainterPath outlines;
+    TextLayout layout;
+    LaidOutBlocks &blocks;
 };
+
+void ColumnPass::goOnFrom(const LayoutNumbers &numbers)
+{
+    x = numbers.at(0);
+    afterSpace = numbers.at(1);
+    isFirst = false;
+}
 
 // Style and metrics of one run of the document, shared by the pieces that it is cut into.
 struct PieceStyle : RunStyle {
@@ -209,7 +229,7 @@ void outlineColumn(Column &column, ColumnPass &pass)
 }
 
 // Aligns the column at the anchor and collects its outlines.
-void shiftColumn(TextLine &line, const BlockMeasures &measures, ColumnPass &pass, qreal pen)
+void shiftColumn(TextLine &line, const BlockMeasures &measures, qreal pen)
 {
     qreal shift = measures.left;
     if (line.alignment == Qt::AlignBottom)
@@ -222,7 +242,6 @@ void shiftColumn(TextLine &line, const BlockMeasures &measures, ColumnPass &pass
         piece.path.setFillRule(Qt::WindingFill);
         piece.start += shift;
         line.path.addPath(piece.path);
-        pass.outlines.addPath(piece.path);
     }
 }
 
@@ -242,7 +261,7 @@ void closeColumn(TextLine &line, const LineExtent &extent)
     line.rect = QRectF(left, top, extent.behind + extent.ahead, bottom - top);
 }
 
-TextLine layoutColumn(const QTextBlock &block, ColumnPass &pass)
+void layOutBlock(const QTextBlock &block, ColumnPass &pass)
 {
     const BlockMeasures measures = readBlockMeasures(block.blockFormat(), pass.dpi, pass.isFirst);
     const qreal cursor = pass.x - (measures.before + pass.afterSpace);
@@ -252,24 +271,22 @@ TextLine layoutColumn(const QTextBlock &block, ColumnPass &pass)
     column.line.alignment = verticalLineAlignment(block.blockFormat());
     placeColumn(column, cursor, pass);
     outlineColumn(column, pass);
-    shiftColumn(column.line, measures, pass, column.extent.pen);
+    shiftColumn(column.line, measures, column.extent.pen);
     closeColumn(column.line, column.extent);
     pass.afterSpace = measures.after.value_or(pass.afterSpace);
     pass.isFirst = false;
-    return column.line;
+    pass.layout.lines.append(column.line);
 }
 
 } // namespace
 
 void CSingleTextObject::verticalLayout()
 {
-    ColumnPass pass;
-    pass.anchor = textOffset();
-    pass.dpi = dpi();
-    TextLayout layout = startLayout();
+    startBlocks();
+    ColumnPass pass(startLayout(), textOffset(), m_blocks);
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
-        layout.lines.append(layoutColumn(block, pass));
-    const QRectF rect = layout.lines.isEmpty() ? pass.outlines.boundingRect()
-                                               : unitedLineRects(layout.lines);
-    updateData(layout, rect, rect, pass.outlines);
+        layOutOrTake(block, pass, layOutBlock);
+    m_blocks.endLayout();
+    const QRectF rect = unitedLineRects(pass.layout.lines);
+    updateData(pass.layout, rect, rect, QPainterPath());
 }

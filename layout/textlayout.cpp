@@ -8,6 +8,8 @@
 #include <QFontMetricsF>
 #include <QTextFragment>
 
+#include <optional>
+
 namespace {
 
 QRectF horizontalStrikeBar(const TextFragment &run, qreal thickness)
@@ -24,43 +26,65 @@ QRectF verticalStrikeBar(const TextFragment &run, qreal thickness)
     return QRectF(run.baseline - 0.5 * thickness, run.start, thickness, run.advance);
 }
 
+// What is painted by a run's format. Runs of one format follow each other: they are read once.
+class PaintedFormat
+{
+public:
+    void read(const QTextCharFormat &format)
+    {
+        if (m_format && *m_format == format)
+            return;
+        m_format = format;
+        brush = format.brushProperty(QTextFormat::ForegroundBrush);
+        // Asks the format: the measuring font has its bars cleared.
+        isStruckOut = format.font().strikeOut();
+        isUnderlined = format.fontUnderline();
+    }
+
+    QBrush brush;
+    bool isStruckOut = false;
+    bool isUnderlined = false;
+    UnderlineThickness thickness;
+
+private:
+    std::optional<QTextCharFormat> m_format;
+};
+
 // The pieces of a run: outline and, when it is struck out, the bar.
 void appendRun(const TextFragment &run, QList<QPainterPath> &paths, QList<QBrush> &brushes,
-               Qt::Orientation orientation, UnderlineThickness &thickness)
+               Qt::Orientation orientation, PaintedFormat &painted)
 {
+    painted.read(run.format);
     if (run.isEmptyBlock)
         return;
-    const QBrush brush = run.format.brushProperty(QTextFormat::ForegroundBrush);
     paths.append(run.path);
-    brushes.append(brush);
-
-    // Asks the format: the measuring font has its bars cleared.
-    if (!run.format.font().strikeOut())
+    brushes.append(painted.brush);
+    if (!painted.isStruckOut)
         return;
-    const qreal height = thickness.of(run.font);
+    const qreal height = painted.thickness.of(run.font);
     QPainterPath bar;
     bar.addRect(orientation == Qt::Horizontal ? horizontalStrikeBar(run, height)
                                               : verticalStrikeBar(run, height));
     paths.append(bar);
-    brushes.append(brush);
+    brushes.append(painted.brush);
 }
 
 void appendLine(const TextLine &line, QList<QPainterPath> &paths, QList<QBrush> &brushes,
-                Qt::Orientation orientation, UnderlineThickness &thickness)
+                Qt::Orientation orientation, PaintedFormat &painted)
 {
     QList<int> underlined;
     for (int i = 0; i < line.fragments.size(); ++i) {
         const TextFragment &run = line.fragments.at(i);
-        appendRun(run, paths, brushes, orientation, thickness);
-        if (run.format.fontUnderline())
+        appendRun(run, paths, brushes, orientation, painted);
+        if (painted.isUnderlined)
             underlined.append(i);
     }
     if (line.path.isEmpty())
         return;
     if (orientation == Qt::Vertical)
-        line.verticalUnderlinePath(paths, brushes, underlined, thickness);
+        line.verticalUnderlinePath(paths, brushes, underlined, painted.thickness);
     else
-        line.horizontalUnderlinePath(paths, brushes, underlined, thickness);
+        line.horizontalUnderlinePath(paths, brushes, underlined, painted.thickness);
 }
 
 } // namespace
@@ -92,8 +116,8 @@ bool TextFragment::contains(int pos) const
 void TextFragment::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                              Qt::Orientation orientation) const
 {
-    UnderlineThickness thickness;
-    appendRun(*this, paths, brushes, orientation, thickness);
+    PaintedFormat painted;
+    appendRun(*this, paths, brushes, orientation, painted);
 }
 
 bool TextLine::contains(int pos) const
@@ -126,15 +150,15 @@ QList<QLineF> TextLine::baselines(Qt::Orientation orientation) const
 void TextLine::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes,
                          Qt::Orientation orientation) const
 {
-    UnderlineThickness thickness;
-    appendLine(*this, paths, brushes, orientation, thickness);
+    PaintedFormat painted;
+    appendLine(*this, paths, brushes, orientation, painted);
 }
 
 void TextLayout::textPaths(QList<QPainterPath> &paths, QList<QBrush> &brushes) const
 {
-    UnderlineThickness thickness;
+    PaintedFormat painted;
     for (const TextLine &line : lines)
-        appendLine(line, paths, brushes, orientation, thickness);
+        appendLine(line, paths, brushes, orientation, painted);
 }
 
 void TextLayout::translate(qreal dx, qreal dy)

@@ -17,13 +17,13 @@ qreal halfCapitalHeight(const QFont &font)
     return textOutline(QPointF(0, 0), font, QStringLiteral("A")).boundingRect().height() / 2;
 }
 
-QPainterPath uprightOutline(const QPainterPath &outline, const QPointF &pen, qreal width,
-                            qreal cell)
+QPainterPath uprightOutline(QPainterPath outline, const QPointF &pen, qreal width, qreal cell)
 {
     if (outline.isEmpty())
         return outline;
     const QRectF ink = outline.boundingRect();
-    return outline.translated(-width / 2, pen.y() + (cell - ink.height()) / 2 - ink.top());
+    outline.translate(-width / 2, pen.y() + (cell - ink.height()) / 2 - ink.top());
+    return outline;
 }
 
 qreal setSuperOrSubscript(QPainterPath &outline, const QPointF &pen, bool isSuperscript)

@@ -31,8 +31,7 @@ qreal halfCapitalHeight(const QFont &font);
 
 /// Sets the outline of a character with its pen at \a pen upright into a column: \a width centres it
 /// across, and its ink is centred in a cell that begins at the pen and is \a cell high.
-QPainterPath uprightOutline(const QPainterPath &outline, const QPointF &pen, qreal width,
-                            qreal cell);
+QPainterPath uprightOutline(QPainterPath outline, const QPointF &pen, qreal width, qreal cell);
 
 /// Halves \a outline about \a pen and raises or lowers it as superscript or subscript of
 /// horizontal text. \return the movement, positive is down

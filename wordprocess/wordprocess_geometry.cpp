@@ -4,11 +4,11 @@
 // the stretch. The client rectangle stays at (0, 0) after every step.
 #include "wordprocess/cwordprocess.h"
 
+#include "layout/outlinesum.h"
 #include "layout/textlayout.h"
 #include "layout/textproperties.h"
 #include "layout/wordmanager.h"
 #include "wordprocess/numbers.h"
-#include "wordprocess/outlinesum.h"
 
 #include <QFontMetricsF>
 #include <QTextBlock>
@@ -164,7 +164,7 @@ QRectF CWordProcess::recordOriginalBounds()
 {
     if (!m_wordWrap || !m_newVersion || toPlainText().isEmpty())
         return QRectF();
-    const QRectF ink = sumOf(m_textPaths).boundingRect();
+    const QRectF ink = boundsOf(m_textPaths);
     const QRectF &client = m_clientRect;
     const QPointF topLeft(qMin(ink.left(), client.left()), qMin(ink.top(), client.top()));
     const QPointF bottomRight(qMax(ink.x() + ink.width(), client.x() + client.width()),

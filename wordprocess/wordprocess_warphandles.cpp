@@ -5,9 +5,9 @@
 #include "wordprocess/cwordprocess.h"
 
 #include "arttext/arttexthelper.h"
+#include "layout/outlinesum.h"
 #include "warp/textbezier.h"
 #include "wordprocess/numbers.h"
-#include "wordprocess/outlinesum.h"
 
 #include <QPolygonF>
 #include <QtMath>
@@ -162,7 +162,7 @@ bool CWordProcess::lensDeform(const QRectF &rect, const QRectF &bounds, CSize &s
         for (QPainterPath &path : paths)
             path = m_artText->lensDeform(path, -rect.topLeft(), rect.size(), size, vertical);
     }
-    const QRectF box = sumOf(paths).boundingRect();
+    const QRectF box = boundsOf(paths);
     if (box == bounds) {
         if (!paths.isEmpty())
             paths.removeLast(); // deliberate: without a measure this is a path of the text
@@ -173,7 +173,7 @@ bool CWordProcess::lensDeform(const QRectF &rect, const QRectF &bounds, CSize &s
     fit.translate(-box.x(), -box.y());
     for (QPainterPath &path : paths)
         path = fit.map(path);
-    pathBounds = sumOf(paths).boundingRect();
+    pathBounds = boundsOf(paths);
     if (isMeasured)
         paths.removeLast();
     return true;
@@ -501,7 +501,7 @@ bool CWordProcess::carryOverNet(const QVector<QPointF> &net, const QSizeF &size,
             path.setElementPositionAt(i, image.x(), image.y());
         }
     }
-    pathBounds = sumOf(paths).boundingRect();
+    pathBounds = boundsOf(paths);
     return true;
 }
 

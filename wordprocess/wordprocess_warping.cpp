@@ -4,6 +4,7 @@
 // The outlines of the layout are never touched: a private copy is bent without a lock and swapped in at the end.
 #include "wordprocess/cwordprocess.h"
 
+#include "layout/outlinesum.h"
 #include "layout/textlayout.h"
 #include "layout/wordmanager.h"
 #include "warp/bezier.h"
@@ -11,7 +12,6 @@
 #include "warp/surfaces.h"
 #include "warp/textbezier.h"
 #include "wordprocess/numbers.h"
-#include "wordprocess/outlinesum.h"
 #include "wordprocess/warpkeys.h"
 
 #include <QPolygonF>
@@ -300,7 +300,7 @@ void CWordProcess::prepareBending(const QList<QPainterPath> &source)
     m_bendable.paths = source;
     for (QPainterPath &path : m_bendable.paths)
         doubleStraightSegments(path);
-    m_bendable.bounds = sumOf(m_bendable.paths).boundingRect();
+    m_bendable.bounds = boundsOf(m_bendable.paths);
 }
 
 /// The item moves by the change of the offset that the warp gives it, so that two warps in a row do not creep.
@@ -339,7 +339,7 @@ bool CWordProcess::textMorphing(QList<QPainterPath> &paths, const QRectF &rect, 
     QRectF outRect(0, 0, 0, 0);
     QRectF reserved(0, 0, 0, 0);
     const QRectF bounds = paths.isSharedWith(m_bendable.paths) ? m_bendable.bounds
-                                                               : sumOf(paths).boundingRect();
+                                                               : boundsOf(paths);
     const bool warped = textTransform(rect, bounds, outRect, paths, reserved,
                                       SurfaceType(m_warpStyle));
     pos = outRect.topLeft();
