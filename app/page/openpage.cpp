@@ -225,7 +225,7 @@ bool OpenPage::toFile(PageFile &file, QString &error, const Progress &progress)
 {
     if (CVXRootObject *editing = m_page->editingObject())
         TextObject::endEdit(editing);
-    return gather(file, error, /*without=*/nullptr, progress);
+    return gather(file, error, /*without=*/nullptr, Pictures::All, progress);
 }
 
 /// A record ends the edit of its text, and with it a composition, but only on the thread of the
@@ -234,12 +234,20 @@ bool OpenPage::toFile(PageFile &file, QString &error, const Progress &progress)
 bool OpenPage::snapshot(PageFile &file, QString &error, const CVXRootObject *without)
 {
     bool done = false;
-    std::thread([&] { done = gather(file, error, without, nullptr); }).join();
+    std::thread([&] { done = gather(file, error, without, Pictures::NeededHere, nullptr); }).join();
     return done;
 }
 
+void OpenPage::completePictures()
+{
+    for (Entry &entry : m_entries) {
+        if (lacksPicture(m_file.objects().at(entry.source).record))
+            entry.state.clear(); // counts as changed
+    }
+}
+
 bool OpenPage::gather(PageFile &file, QString &error, const CVXRootObject *without,
-                      const Progress &progress) const
+                      Pictures pictures, const Progress &progress) const
 {
     int count = 0;
     const QMap<const CVXRootObject *, QVector<PageObject>> unknown = unknownByPlace();
@@ -249,7 +257,7 @@ bool OpenPage::gather(PageFile &file, QString &error, const CVXRootObject *witho
             return false;
         if (object->isCreateFinished() && object != without) {
             PageObject description;
-            if (!describe(object, description, error))
+            if (!describe(object, pictures, description, error))
                 return false;
             objects.append(description);
         }
@@ -276,14 +284,18 @@ QMap<const CVXRootObject *, QVector<PageObject>> OpenPage::unknownByPlace() cons
     return unknown;
 }
 
-bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString &error) const
+bool OpenPage::describe(CVXRootObject *object, Pictures pictures, PageObject &description,
+                        QString &error) const
 {
     const Entry *entry = entryOf(object);
     if (entry)
         description = m_file.objects().at(entry->source);
     QJsonObject typed;
     takeTypedText(object, typed);
-    if (entry && !entry->state.isEmpty() && typed.isEmpty() && recordState(object) == entry->state)
+    QJsonObject record;
+    bool isWritten = writeWithoutPicture(object, record);
+    if (entry && !entry->state.isEmpty() && typed.isEmpty() && isWritten
+        && recordState(record) == entry->state)
         return true;
     const QString kind = kindOf(object);
     if (kind.isEmpty()) {
@@ -291,8 +303,12 @@ bool OpenPage::describe(CVXRootObject *object, PageObject &description, QString 
             PageText::tr("page files have no objects of the kind '%1'").arg(object->getObjName());
         return false;
     }
-    QJsonObject record;
-    if (!object->saveJson(record)) {
+    if (pictures == Pictures::All || standsByPicture(record)
+        || !TextObject::missingFonts(object).isEmpty())
+        isWritten = object->saveJson(record = QJsonObject());
+    else
+        removePicture(record);
+    if (!isWritten) {
         error =
             PageText::tr("objects[%1]: it writes no record").arg(m_page->objects().indexOf(object));
         return false;

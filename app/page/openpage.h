@@ -54,7 +54,10 @@ public:
     /// The same of the page as it is in this moment, in the middle of an edit too, whose text is taken
     /// as it stands, with what is being composed in it. Edit, caret, selection and composition go on.
     /// \param without is left out of \a file; null for none
+    /// A text whose fonts are all there is written without a picture, which takes most of the time.
     bool snapshot(PageFile &file, QString &error, const CVXRootObject *without = nullptr);
+    /// To be called of a page that snapshot() has written: the next save gives its records their pictures.
+    void completePictures();
 
     /// Both live as long as this; the page's scene is what a view shows.
     Document *document() const { return m_document.get(); }
@@ -75,13 +78,16 @@ private:
         QByteArray state;                ///< when it was loaded
     };
 
+    enum class Pictures { All, NeededHere };
+
     explicit OpenPage(const PageFile &file);
     bool build(const PluginLoader &loader, QString &error, const Progress &progress);
-    bool gather(PageFile &file, QString &error, const CVXRootObject *without,
+    bool gather(PageFile &file, QString &error, const CVXRootObject *without, Pictures pictures,
                 const Progress &progress) const;
     const Entry *entryOf(const CVXRootObject *object) const;
     QMap<const CVXRootObject *, QVector<PageObject>> unknownByPlace() const;
-    bool describe(CVXRootObject *object, PageObject &description, QString &error) const;
+    bool describe(CVXRootObject *object, Pictures pictures, PageObject &description,
+                  QString &error) const;
     QMap<QString, QByteArray> imagesFor(const QVector<PageObject> &objects) const;
 
     PageFile m_file; ///< as it was read

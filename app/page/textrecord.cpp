@@ -24,6 +24,7 @@ const QLatin1String familyKey("font_family");
 const QLatin1String directionKey("text_direction");
 const QLatin1String wordWrapKey("text_wordwrap");
 const QLatin1String documentDataKey("document_data");
+const QLatin1String newVersionKey("new_version");
 const QLatin1String pictureKey("font_imgage"); // spelled so in every record
 
 /// The parameters of a record that say how the object looks: they are left out of the record that
@@ -205,7 +206,7 @@ bool loadDocumentString(CVXRootObject *object, const QString &string,
             parameters.remove(name);
     }
     parameters.insert(documentDataKey, string);
-    parameters.insert(QStringLiteral("new_version"), true);
+    parameters.insert(newVersionKey, true);
     parameters.insert(wordWrapKey, info.wrapped);
     parameters.insert(QStringLiteral("TextOrientation"),
                       info.vertical ? Direction::Vertical : Direction::Horizontal);
@@ -243,16 +244,25 @@ bool setSelection(CVXRootObject *object, int start, int end)
     return object->loadJson(record);
 }
 
-QByteArray recordState(CVXRootObject *object)
+bool writeWithoutPicture(CVXRootObject *object, QJsonObject &record)
 {
     // Away from its page the object has no document, and so stores no picture.
     IVxPage *page = object->GetPage();
     object->setBelongPage(nullptr);
-    QJsonObject record;
     const bool isWritten = object->saveJson(record);
     object->setBelongPage(page);
-    if (!isWritten)
-        return {};
+    return isWritten;
+}
+
+QByteArray recordState(CVXRootObject *object)
+{
+    QJsonObject record;
+    return writeWithoutPicture(object, record) ? recordState(record) : QByteArray();
+}
+
+QByteArray recordState(const QJsonObject &written)
+{
+    QJsonObject record = written;
     record.remove(QStringLiteral("z"));
     const QString key = parametersKey(record);
     QJsonObject parameters = record.value(key).toObject();
@@ -267,6 +277,29 @@ QByteArray recordState(CVXRootObject *object)
         record.insert(key, parameters);
     return QCryptographicHash::hash(QJsonDocument(record).toJson(QJsonDocument::Compact),
                                     QCryptographicHash::Sha256);
+}
+
+void removePicture(QJsonObject &record)
+{
+    const QString key = parametersKey(record);
+    if (key.isEmpty())
+        return;
+    QJsonObject parameters = record.value(key).toObject();
+    parameters.remove(QStringLiteral("img_x"));
+    parameters.remove(QStringLiteral("img_y"));
+    parameters.insert(pictureKey, QString());
+    record.insert(key, parameters);
+}
+
+bool standsByPicture(const QJsonObject &record)
+{
+    const QJsonObject parameters = record.value(parametersKey(record)).toObject();
+    return !parameters.isEmpty() && !parameters.value(newVersionKey).toBool();
+}
+
+bool lacksPicture(const QJsonObject &record)
+{
+    return record.value(parametersKey(record)).toObject().value(pictureKey) == QString();
 }
 
 QString pictureOfRecord(const QJsonObject &record)

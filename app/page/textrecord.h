@@ -83,6 +83,19 @@ bool setSelection(CVXRootObject *object, int start, int end);
 /// among objects and the stored picture; equal values mean that the object has not changed. Empty when
 /// the object writes no record.
 QByteArray recordState(CVXRootObject *object);
+/// The same of a \a record that the object has written.
+QByteArray recordState(const QJsonObject &record);
+
+/// Lets \a object write \a record without making a picture of it: in its parameters stands the one that the
+/// object was read with. False when it writes none.
+bool writeWithoutPicture(CVXRootObject *object, QJsonObject &record);
+/// Takes the picture out of the parameters of \a record; an object that reads it looks for missing fonts
+/// all the same.
+void removePicture(QJsonObject &record);
+/// True for a text of the older engine: it knows its box by its picture alone.
+bool standsByPicture(const QJsonObject &record);
+/// True for a record that removePicture() has changed, until its object writes one with a picture.
+bool lacksPicture(const QJsonObject &record);
 
 /// The name of the image that \a record names as its picture; empty for none.
 QString pictureOfRecord(const QJsonObject &record);

@@ -78,6 +78,7 @@ std::unique_ptr<PageSession> PageSession::recover(const PluginLoader *loader, co
     std::unique_ptr<PageSession> session = open(loader, copy, error);
     if (!session)
         return nullptr;
+    session->m_open->completePictures();
     session->m_fileName = fileName;
     session->m_fileStamp = stampOf(fileName);
     session->undoStack()->resetClean();
