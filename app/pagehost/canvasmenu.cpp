@@ -61,7 +61,8 @@ void CanvasMenu::open(const QPoint &globalPos)
     m_menu->setObjectName(QStringLiteral("canvasMenu"));
     m_menu->setAttribute(Qt::WA_DeleteOnClose); // once the chosen command has been carried out
     const QPoint place = view->viewport()->mapFromGlobal(globalPos);
-    const bool isOnView = view->viewport()->rect().contains(place); // not so beside the list of objects
+    const bool isOnView = view->viewport()->rect().contains(
+        place); // not so beside the list of objects
     m_place = isOnView ? view->mapToScene(place) : view->visibleCentre();
     fill(m_menu);
     m_menu->popup(globalPos);
