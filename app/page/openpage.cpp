@@ -177,7 +177,9 @@ std::unique_ptr<OpenPage> OpenPage::load(const PluginLoader &loader, const PageF
 bool OpenPage::build(const PluginLoader &loader, QString &error, const Progress &progress)
 {
     PageBuilder builder(&loader, m_document.get(), m_page.get());
-    if (!builder.load(m_file, progress)) {
+    const int count = m_file.objects().size();
+    const auto making = [&](int done, int) { return isWanted(progress, done, 2 * count); };
+    if (!builder.load(m_file, making)) {
         error = builder.errorString();
         return false;
     }
@@ -185,6 +187,8 @@ bool OpenPage::build(const PluginLoader &loader, QString &error, const Progress 
     m_warnings = builder.warnings();
     const QVector<CVXRootObject *> objects = builder.objects();
     for (CVXRootObject *object : objects) {
+        if (!isWanted(progress, count + m_entries.size(), 2 * count))
+            return false;
         Entry entry{m_entries.size(), object, nullptr, {}};
         if (object) {
             entry.alive = itemOf(object);

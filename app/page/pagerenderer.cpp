@@ -65,7 +65,7 @@ QByteArray PageRenderer::render(Format format)
     if (!check(format))
         return {};
     const QByteArray bytes = made(format);
-    return m_isGivenUp ? QByteArray() : bytes;
+    return m_isGivenUp || !m_options.work->isWanted() ? QByteArray() : bytes;
 }
 
 QByteArray PageRenderer::made(Format format)
@@ -79,14 +79,6 @@ QByteArray PageRenderer::made(Format format)
         return pdfPicture(picture(), m_error);
     }
     return {};
-}
-
-QImage PageRenderer::renderImage()
-{
-    if (!check(Format::Png))
-        return {};
-    const QImage image = pngImage(picture(), m_error);
-    return m_isGivenUp ? QImage() : image;
 }
 
 bool PageRenderer::renderToFile(Format format, const QString &fileName)
@@ -161,6 +153,7 @@ Picture PageRenderer::picture()
     picture.scale = m_options.scale;
     picture.background = m_options.background;
     picture.metadata = m_options.metadata;
+    picture.work = m_options.work;
     picture.paint = [this](QPainter &painter) {
         painter.translate(-m_area.topLeft());
         paintObjects(painter);
@@ -203,7 +196,7 @@ QList<CVXRootObject *> PageRenderer::shownObjects() const
 
 bool PageRenderer::isStillWanted(int done, int total)
 {
-    m_isGivenUp = m_isGivenUp || !isWanted(m_options.progress, done, total);
+    m_isGivenUp = m_isGivenUp || !m_options.work->step(done, total);
     return !m_isGivenUp;
 }
 

@@ -32,7 +32,7 @@ public:
         bool hints = false;      ///< of the foreground what is said about missing fonts
         QList<CVXRootObject *> objects; ///< of the page what is shown; empty: all
         PictureMetadata metadata;
-        Progress progress; ///< asked ahead of each object
+        LongWork *work = plainWork(); ///< has a step ahead of each object
     };
 
     /// Sides in pixels above which no picture is made.
@@ -51,8 +51,6 @@ public:
     /// Renders the page. An empty array, with errorString(), when the page is empty or too large; with an
     /// empty errorString() when it is not wanted any more.
     QByteArray render(Format format);
-    /// The pixels of the PNG that render() makes, with its metadata; null in place of an empty array.
-    QImage renderImage();
     /// True when render() has something to show that is not too large; else with errorString().
     bool check(Format format);
     /// Paints the page with its background, in page pixels, the upper left corner at the origin of

@@ -93,9 +93,14 @@ QByteArray pdfPicture(const Picture &picture, QString &error)
     if (picture.background.alpha() > 0)
         painter.fillRect(QRect(0, 0, writer.width(), writer.height()), picture.background);
     picture.paint(painter);
-    painter.end();
-    QByteArray pdf = buffer.data();
-    if (replaceDate(pdf, picture.metadata.date))
+    QByteArray pdf;
+    bool isMade = false;
+    picture.work->aside([&] {
+        painter.end(); // packs all that has been painted
+        pdf = buffer.data();
+        isMade = replaceDate(pdf, picture.metadata.date);
+    });
+    if (isMade)
         return pdf;
     error = QStringLiteral("cannot make the PDF");
     return {};

@@ -3,12 +3,11 @@
 #ifndef APP_PICTURE_H
 #define APP_PICTURE_H
 
-#include "app/page/progress.h"
+#include "app/page/longwork.h"
 
 #include <QByteArray>
 #include <QColor>
 #include <QDateTime>
-#include <QImage>
 #include <QSize>
 #include <QString>
 
@@ -41,21 +40,15 @@ struct Picture {
     QColor background;  ///< fully transparent for none
     PictureMetadata metadata;
     std::function<void(QPainter &)>
-        paint; ///< paints in page pixels, from (0, 0); may be called again
+        paint;                    ///< paints in page pixels, from (0, 0); may be called again
+    LongWork *work = plainWork(); ///< does aside what comes behind the painting
 };
 
 /// Pixels of the PNG of \a picture.
 QSize pngSize(const Picture &picture);
 
-/// The pixels of the PNG of \a picture, with its metadata. Null, with a sentence in \a error, without
-/// the memory for it.
-QImage pngImage(const Picture &picture, QString &error);
-/// \a image as a PNG; for any thread. Empty, with a sentence in \a error, when that cannot be, and
-/// without one when it is not wanted any more.
-QByteArray pngBytes(const QImage &image, QString &error, const Progress &progress = nullptr);
-
 /// Each writes the same picture to the same bytes every time. Empty, with a sentence in \a error, when
-/// that cannot be.
+/// that cannot be; may be empty without one when it is not wanted any more.
 QByteArray pngPicture(const Picture &picture, QString &error);
 /// A text is an element of its own behind the title: "desc".
 QByteArray svgPicture(const Picture &picture, QString &error);

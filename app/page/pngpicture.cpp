@@ -32,23 +32,32 @@ void addMetadata(QImage &image, const PictureMetadata &metadata)
 class WantedBuffer : public QBuffer
 {
 public:
-    explicit WantedBuffer(const Progress &progress)
-        : m_progress(progress)
+    explicit WantedBuffer(const LongWork *work)
+        : m_work(work)
     {
     }
-    bool wasWanted() const { return m_wasWanted; }
 
 protected:
     qint64 writeData(const char *bytes, qint64 size) override
     {
-        m_wasWanted = m_wasWanted && isWanted(m_progress, 0, 0);
-        return m_wasWanted ? QBuffer::writeData(bytes, size) : -1;
+        return m_work->isWanted() ? QBuffer::writeData(bytes, size) : -1;
     }
 
 private:
-    Progress m_progress;
-    bool m_wasWanted = true;
+    const LongWork *m_work;
 };
+
+/// \a image as a PNG. Empty, with a sentence in \a error, when that cannot be.
+QByteArray pngBytes(const QImage &image, const LongWork *work, QString &error)
+{
+    WantedBuffer buffer(work);
+    QImageWriter writer(&buffer, QByteArrayLiteral("png"));
+    if (writer.write(image))
+        return buffer.data();
+    if (work->isWanted())
+        error = QStringLiteral("cannot write the picture: %1").arg(writer.errorString());
+    return {};
+}
 
 } // namespace
 
@@ -58,7 +67,7 @@ QSize pngSize(const Picture &picture)
             qCeil(picture.size.height() * picture.scale)};
 }
 
-QImage pngImage(const Picture &picture, QString &error)
+QByteArray pngPicture(const Picture &picture, QString &error)
 {
     QImage image(pngSize(picture), QImage::Format_ARGB32_Premultiplied);
     if (image.isNull()) {
@@ -74,23 +83,8 @@ QImage pngImage(const Picture &picture, QString &error)
     picture.paint(painter);
     painter.end();
     addMetadata(image, picture.metadata);
-    return image;
-}
-
-QByteArray pngBytes(const QImage &image, QString &error, const Progress &progress)
-{
-    error.clear();
-    WantedBuffer buffer(progress);
-    QImageWriter writer(&buffer, QByteArrayLiteral("png"));
-    if (writer.write(image) && buffer.wasWanted())
-        return buffer.data();
-    if (buffer.wasWanted())
-        error = QStringLiteral("cannot write the picture: %1").arg(writer.errorString());
-    return {};
-}
-
-QByteArray pngPicture(const Picture &picture, QString &error)
-{
-    const QImage image = pngImage(picture, error);
-    return image.isNull() ? QByteArray() : pngBytes(image, error);
+    QByteArray bytes;
+    if (picture.work->isWanted())
+        picture.work->aside([&] { bytes = pngBytes(image, picture.work, error); });
+    return bytes;
 }

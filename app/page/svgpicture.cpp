@@ -62,9 +62,14 @@ QByteArray svgPicture(const Picture &picture, QString &error)
     if (picture.background.alpha() > 0)
         painter.fillRect(QRect(QPoint(0, 0), picture.size), picture.background);
     picture.paint(painter);
-    painter.end();
-    QByteArray svg = buffer.data();
-    if (replaceHead(svg, picture.metadata))
+    QByteArray svg;
+    bool isMade = false;
+    picture.work->aside([&] {
+        painter.end();
+        svg = buffer.data();
+        isMade = replaceHead(svg, picture.metadata);
+    });
+    if (isMade)
         return svg;
     error = QStringLiteral("cannot make the SVG");
     return {};

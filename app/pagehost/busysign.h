@@ -3,7 +3,7 @@
 #ifndef PAGEHOST_BUSYSIGN_H
 #define PAGEHOST_BUSYSIGN_H
 
-#include "app/pagehost/longwork.h"
+#include "app/page/longwork.h"
 
 #include <QCoreApplication>
 #include <QString>

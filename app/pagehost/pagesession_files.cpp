@@ -3,9 +3,9 @@
 #include "app/pagehost/pagesession.h"
 
 #include "app/page/document.h"
+#include "app/page/longwork.h"
 #include "app/page/pagestorage.h"
 #include "app/page/unfinishedfile.h"
-#include "app/pagehost/longwork.h"
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"

@@ -2,10 +2,10 @@
 #include "app/pagehost/pictureexport.h"
 
 #include "app/page/document.h"
+#include "app/page/longwork.h"
 #include "app/page/outputfile.h"
 #include "app/page/page.h"
 #include "app/page/textobject.h"
-#include "app/pagehost/longwork.h"
 #include "app/pagehost/pagesession.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -43,7 +43,7 @@ PageRenderer::Options optionsFor(const PageSession &session, const QList<CVXRoot
                                  LongWork &work)
 {
     PageRenderer::Options options;
-    options.progress = [&work](int done, int total) { return work.step(done, total); };
+    options.work = &work;
     options.dpi = session.page()->getDocument()->getDpi();
     options.hints = true;
     options.metadata.text = plainTextOf(objects);
@@ -60,25 +60,6 @@ PageRenderer::Options optionsForPage(const PageSession &session, LongWork &work)
     return options;
 }
 
-/// The pixels of a PNG become its bytes beside the window, for that takes the longest.
-QByteArray pictureBytes(PageRenderer &renderer, PageRenderer::Format format, QString &error,
-                        LongWork &work)
-{
-    if (format != PageRenderer::Format::Png) {
-        const QByteArray bytes = renderer.render(format);
-        error = renderer.errorString();
-        return bytes;
-    }
-    const QImage image = renderer.renderImage();
-    error = renderer.errorString();
-    QByteArray bytes;
-    if (!image.isNull() && work.isWanted()) {
-        work.aside(
-            [&] { bytes = pngBytes(image, error, [&work](int, int) { return work.isWanted(); }); });
-    }
-    return bytes;
-}
-
 /// Writes what is still wanted when it has been read back.
 bool writeWanted(const QString &fileName, const QByteArray &bytes, QString &error, LongWork &work)
 {
@@ -88,51 +69,69 @@ bool writeWanted(const QString &fileName, const QByteArray &bytes, QString &erro
     return isWritten;
 }
 
-/// The page as steps of painting, in page pixels. False when it is not wanted any more.
-bool record(PageSession &session, QPicture &picture, LongWork &work)
+/// Begins to paint on the first sheet of \a printer, in page pixels.
+bool beginPaper(const PageSession &session, QPrinter &printer, QPainter &painter, QString &error)
 {
-    PageRenderer renderer(session.page(), optionsForPage(session, work));
-    QPainter painter(&picture);
-    return renderer.paint(painter);
-}
-
-/// Puts \a picture on the first sheet of \a printer.
-bool putOnPaper(const PageSession &session, QPicture &picture, QPrinter &printer)
-{
-    QPainter painter;
-    if (!painter.begin(&printer))
+    if (!painter.begin(&printer)) {
+        error = PictureExportText::tr("the printer does not begin");
         return false;
+    }
     const QSizeF page = session.size();
     const QSizeF paper = printer.pageLayout().paintRectPixels(printer.resolution()).size();
     const int dpi = session.page()->getDocument()->getDpi();
     const double scale = qMin(double(printer.resolution()) / dpi,
                               qMin(paper.width() / page.width(), paper.height() / page.height()));
-    // Played in another resolution a picture keeps its inches: here it is to keep its pixels.
-    painter.scale(scale * picture.logicalDpiX() / printer.logicalDpiX(),
-                  scale * picture.logicalDpiY() / printer.logicalDpiY());
-    return picture.play(&painter) && painter.end();
+    painter.scale(scale, scale);
+    return true;
 }
 
 /// A printer that writes a file writes it in place, piece by piece: it gets another one, which takes the
 /// place of the former when it is whole.
-bool printToFile(const PageSession &session, QPicture &picture, QPrinter &printer, QString &error,
-                 LongWork &work)
+bool printToFile(PageSession &session, QPrinter &printer, QString &error, LongWork &work)
 {
     const QTemporaryDir folder;
     const QString fileName = printer.outputFileName();
-    const QString whole = folder.filePath(QStringLiteral("paper.pdf"));
-    printer.setOutputFileName(whole);
+    QFile file(folder.filePath(QStringLiteral("paper.pdf")));
+    printer.setOutputFileName(file.fileName());
+    QPainter painter;
+    const bool isBegun = beginPaper(session, printer, painter, error);
     bool isPainted = false;
-    work.aside([&] { isPainted = putOnPaper(session, picture, printer); });
+    if (isBegun) {
+        PageRenderer renderer(session.page(), optionsForPage(session, work));
+        isPainted = renderer.paint(painter);
+        work.aside([&] { painter.end(); }); // packs all that has been painted
+    }
     printer.setOutputFileName(fileName);
-    if (!work.isWanted())
+    if (!isPainted || !work.isWanted())
         return false;
-    QFile file(whole);
-    if (!isPainted || !file.open(QIODevice::ReadOnly)) {
-        error = PictureExportText::tr("the printer does not begin");
+    if (!file.open(QIODevice::ReadOnly)) {
+        error = file.errorString();
         return false;
     }
     return writeWanted(fileName, file.readAll(), error, work);
+}
+
+/// What a printer has got cannot be taken back: it gets the page when the whole of it is painted.
+bool printOnPaper(PageSession &session, QPrinter &printer, QString &error, LongWork &work)
+{
+    QPicture picture;
+    PageRenderer renderer(session.page(), optionsForPage(session, work));
+    QPainter recorder(&picture);
+    if (!renderer.paint(recorder))
+        return false;
+    recorder.end();
+    work.beginLastPart();
+    bool isPrinted = false;
+    work.aside([&] {
+        QPainter painter;
+        if (!beginPaper(session, printer, painter, error))
+            return;
+        // Played in another resolution a picture keeps its inches: here it is to keep its pixels.
+        painter.scale(double(picture.logicalDpiX()) / printer.logicalDpiX(),
+                      double(picture.logicalDpiY()) / printer.logicalDpiY());
+        isPrinted = picture.play(&painter) && painter.end();
+    });
+    return isPrinted;
 }
 
 } // namespace
@@ -144,8 +143,9 @@ bool PictureExport::write(PageSession &session, PageRenderer::Format format,
     PageRenderer::Options options = optionsForPage(session, work);
     options.scale = scale;
     PageRenderer renderer(session.page(), options);
-    const QByteArray bytes = pictureBytes(renderer, format, error, work);
-    return !bytes.isEmpty() && work.isWanted() && writeWanted(fileName, bytes, error, work);
+    const QByteArray bytes = renderer.render(format);
+    error = renderer.errorString();
+    return !bytes.isEmpty() && writeWanted(fileName, bytes, error, work);
 }
 
 std::unique_ptr<QMimeData> PictureExport::selectionPicture(PageSession &session, QString &error,
@@ -161,12 +161,12 @@ std::unique_ptr<QMimeData> PictureExport::selectionPicture(PageSession &session,
     options.margin = clipboardMargin;
     options.scale = clipboardScale;
     PageRenderer renderer(session.page(), options);
-    const QByteArray png = pictureBytes(renderer, PageRenderer::Format::Png, error, work);
-    if (png.isEmpty())
+    const QByteArray png = renderer.render(PageRenderer::Format::Png);
+    const QByteArray svg = png.isEmpty() ? png : renderer.render(PageRenderer::Format::Svg);
+    if (svg.isEmpty()) {
+        error = renderer.errorString();
         return nullptr;
-    const QByteArray svg = pictureBytes(renderer, PageRenderer::Format::Svg, error, work);
-    if (svg.isEmpty())
-        return nullptr;
+    }
     auto data = std::make_unique<QMimeData>();
     data->setImageData(QImage::fromData(png, "PNG"));
     data->setData(QStringLiteral("image/png"), png);
@@ -180,15 +180,6 @@ bool PictureExport::print(PageSession &session, QPrinter &printer, QString &erro
     const QString text = plainTextOf(session.page()->objects());
     printer.setDocName(session.fileName().isEmpty() ? titleOf(text) : session.fileName());
     error.clear();
-    QPicture picture;
-    if (!record(session, picture, work))
-        return false;
-    if (!printer.outputFileName().isEmpty())
-        return printToFile(session, picture, printer, error, work);
-    work.beginLastPart(); // a printer takes back nothing
-    bool isPrinted = false;
-    work.aside([&] { isPrinted = putOnPaper(session, picture, printer); });
-    if (!isPrinted)
-        error = PictureExportText::tr("the printer does not begin");
-    return isPrinted;
+    return printer.outputFileName().isEmpty() ? printOnPaper(session, printer, error, work)
+                                              : printToFile(session, printer, error, work);
 }

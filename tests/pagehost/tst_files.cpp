@@ -1107,15 +1107,14 @@ void TestFiles::lastPartCannotBeGivenUp()
 void TestFiles::openingThatIsGivenUpLeavesPage()
 {
     const QString fileName = writePage("many.json", written + ',' + written + ',' + written);
-    for (int steps = 0; steps < 4; ++steps) { // reading, and each object
+    int steps = 0;
+    for (bool isDone = false; !isDone; ++steps) { // wherever it is
         ImpatientWork work(steps);
         QString error;
-        QVERIFY(!PageSession::open(&m_loader, fileName, error, work));
+        isDone = PageSession::open(&m_loader, fileName, error, work) != nullptr;
         QCOMPARE(error, QString());
     }
-    ImpatientWork patient(4);
-    QString error;
-    QVERIFY2(PageSession::open(&m_loader, fileName, error, patient), qPrintable(error));
+    QVERIFY(steps > 4); // reading, and each object
 }
 
 void TestFiles::savingThatIsGivenUpLeavesFile()

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // longwork.h -- work that may take long, seen by the one who does it.
-#ifndef PAGEHOST_LONGWORK_H
-#define PAGEHOST_LONGWORK_H
+#ifndef APP_LONGWORK_H
+#define APP_LONGWORK_H
 
 #include <functional>
 
@@ -30,5 +30,12 @@ public:
     void aside(const std::function<void()> &part) override { part(); }
     void beginLastPart() override {}
 };
+
+/// For work that nobody asked to watch.
+inline LongWork *plainWork()
+{
+    static PlainWork work;
+    return &work;
+}
 
 #endif
