@@ -25,6 +25,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
@@ -166,6 +167,8 @@ void MainWindow::addTool(const char *name, const QString &text, const QKeySequen
                          int tool)
 {
     QAction *action = m_tools->addAction(text);
+    static const QRegularExpression mnemonic(QStringLiteral("\\(&.\\)|&"));
+    action->setIconText(QString(text).remove(mnemonic)); // on the tool bar
     action->setObjectName(QLatin1String(name));
     action->setShortcut(shortcut);
     action->setCheckable(true);

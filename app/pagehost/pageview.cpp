@@ -123,6 +123,7 @@ PageView::PageView(QWidget *parent)
     : QGraphicsView(parent)
 {
     setAccessibleName(tr("Page"));
+    setRenderHint(QPainter::SmoothPixmapTransform); // of pictures that are kept in objects
     setMouseTracking(true);
     setFrameShape(QFrame::NoFrame);
     setDragMode(QGraphicsView::RubberBandDrag);

@@ -13,14 +13,18 @@ namespace {
 constexpr int signHeight = 3; // pixels of the sign of several values
 constexpr QSize swatchSize(28, 14);
 
-QPixmap swatch(const QColor &color, const QPalette &palette)
+QPixmap swatch(const QColor &color, const QWidget &button)
 {
-    QPixmap picture(swatchSize);
+    const double pixelRatio = button.devicePixelRatioF();
+    QPixmap picture(swatchSize * pixelRatio);
     picture.fill(Qt::white);
-    QPainter painter(&picture);
-    painter.setPen(palette.color(QPalette::Dark));
-    painter.setBrush(color.isValid() ? QBrush(color) : QBrush(Qt::gray, Qt::DiagCrossPattern));
-    painter.drawRect(0, 0, swatchSize.width() - 1, swatchSize.height() - 1);
+    {
+        QPainter painter(&picture); // in its own pixels, that the edge is one of them
+        painter.setPen(button.palette().color(QPalette::Dark));
+        painter.setBrush(color.isValid() ? QBrush(color) : QBrush(Qt::gray, Qt::DiagCrossPattern));
+        painter.drawRect(picture.rect().adjusted(0, 0, -1, -1));
+    }
+    picture.setDevicePixelRatio(pixelRatio);
     return picture;
 }
 
@@ -56,10 +60,25 @@ void NumberField::show(const QVariant &value)
     m_shown = isNumber ? number : m_start;
     setValue(m_shown);
     if (m_isMixed)
-        lineEdit()->clear();
+        clearText();
     else
         lineEdit()->setText(prefix() + textFromValue(this->value()) + suffix());
     setAccessibleDescription(m_isMixed ? tr("Several values, or none") : QString());
+}
+
+/// Qt writes the text anew there, the unit too, which alone says nothing.
+void NumberField::showEvent(QShowEvent *event)
+{
+    QDoubleSpinBox::showEvent(event);
+    if (m_isMixed && !m_isTyping)
+        clearText();
+}
+
+/// Quietly: Qt takes other changes of the text for typing and comes back to them when the window is left.
+void NumberField::clearText()
+{
+    const QSignalBlocker blocker(lineEdit());
+    lineEdit()->clear();
 }
 
 QString NumberField::textFromValue(double value) const
@@ -170,7 +189,7 @@ ColorButton::ColorButton(const QString &name)
 void ColorButton::show(const QVariant &value)
 {
     m_color = value.value<QColor>();
-    setIcon(swatch(m_color, palette()));
+    setIcon(swatch(m_color, *this));
     setAccessibleDescription(m_color.isValid() ? m_color.name() : tr("Several colors"));
 }
 

@@ -35,9 +35,11 @@ Q_SIGNALS:
 protected:
     QString textFromValue(double value) const override;
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void commit();
+    void clearText();
 
     double m_start;
     double m_shown = 0;

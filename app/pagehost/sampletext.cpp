@@ -4,15 +4,16 @@
 #include "app/page/artobject.h"
 #include "app/page/document.h"
 #include "app/page/page.h"
+#include "app/page/paintbounds.h"
 #include "app/page/pluginloader.h"
 #include "app/page/textobject.h"
 #include "app/page/textrecord.h"
 #include "app/page/textwarp.h"
 #include "host/framework/cvxrootobject.h"
+#include "host/framework/idocumenthost.h"
 
 #include <QPainter>
 #include <QPixmap>
-#include <QtMath>
 
 namespace {
 
@@ -22,24 +23,33 @@ constexpr double artWidth = 240;   // page pixels
 constexpr double artHeight = 120;
 constexpr int margin = 3; // around the words, pixels
 
+/// Where \a object shows something, in its own coordinates: warped words reach out of it.
+QRectF inkOf(CVXRootObject *object)
+{
+    PaintBounds bounds(object->getDocument()->getDpi());
+    QPainter painter(&bounds);
+    object->OnQPainterDraw(&painter);
+    painter.end();
+    return bounds.ink();
+}
+
 /// The object in the middle of a picture of \a size, as large as it fits.
 QPixmap pictureOf(CVXRootObject *object, const QSize &size, double pixelRatio)
 {
     QPixmap picture(size * pixelRatio);
     picture.setDevicePixelRatio(pixelRatio);
     picture.fill(Qt::transparent);
-    QRectF area;
-    const QImage image = object->getImageFromObject(area, /*withHandles=*/false);
-    if (image.isNull())
+    const QRectF ink = inkOf(object);
+    if (ink.isEmpty())
         return picture;
-    const QSize room = picture.size() - QSize(2, 2) * qCeil(margin * pixelRatio);
-    QImage fitting = image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    fitting.setDevicePixelRatio(pixelRatio);
+    const QSizeF room = size - QSize(2, 2) * margin;
+    const double scale = qMin(room.width() / ink.width(), room.height() / ink.height());
     QPainter painter(&picture);
-    const QSizeF shown = QSizeF(fitting.size()) / pixelRatio;
-    painter.drawImage(QPointF((size.width() - shown.width()) / 2,
-                              (size.height() - shown.height()) / 2),
-                      fitting);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.translate(QRectF(QPointF(0, 0), size).center());
+    painter.scale(scale, scale);
+    painter.translate(-ink.center());
+    object->OnQPainterDraw(&painter);
     return picture;
 }
 

@@ -8,6 +8,7 @@ namespace {
 
 constexpr QSize pictureSize(72, 44);
 constexpr int cellMargin = 8;
+constexpr int linesOfName = 2;
 constexpr int picturesAtATime = 4;
 constexpr int pictureDelay = 60; // ms ahead of the next pictures, for keys to come first
 
@@ -22,7 +23,8 @@ StyleGallery::StyleGallery(const QString &name, const MakePicture &makePicture)
     setResizeMode(Adjust);
     setUniformItemSizes(true);
     setIconSize(pictureSize);
-    setGridSize(pictureSize + QSize(cellMargin, cellMargin + fontMetrics().height()));
+    setGridSize(pictureSize + QSize(cellMargin, cellMargin + linesOfName * fontMetrics().height()));
+    setWordWrap(true);
     setTextElideMode(Qt::ElideRight);
     setMinimumHeight(2 * gridSize().height());
     setFocusPolicy(Qt::TabFocus); // a click leaves the focus where it is
