@@ -7,7 +7,11 @@
 #include <QLineF>
 #include <QPainter>
 
+#include <cmath>
+
 namespace {
+
+const QColor FrameColor(0x02, 0x7a, 0xff);
 
 constexpr double HandleEdge = 10.0;           // screen pixels
 constexpr double RotateHandleDistance = 24.0; // screen pixels above the top edge
@@ -30,6 +34,56 @@ constexpr HandlePlace SizeHandles[] = {
     {CObjAction::ACT_BottomCentre, 0.5, 1.0},
 };
 // clang-format on
+
+/// The device pixels under a painter of a scene. Lines of penWidth() between points that it has placed
+/// cover whole pixels; what is turned stays where it is, and is smooth.
+class PixelGrid
+{
+public:
+    PixelGrid(const QPainter &painter, const QGraphicsItem &item)
+        : m_toDevice(painter.deviceTransform())
+        , m_toScene(m_toDevice.inverted())
+        , m_isUpright((item.sceneTransform() * m_toDevice).type() <= QTransform::TxScale)
+        , m_penWidth(qMax(1, qRound(painter.device()->devicePixelRatioF())))
+    {
+    }
+
+    int penWidth() const { return m_penWidth; }
+    QPointF placed(const QPointF &scene) const
+    {
+        return m_isUpright ? m_toScene.map(placedInDevice(scene)) : scene;
+    }
+    QPolygonF placed(const QPolygonF &scene) const
+    {
+        QPolygonF result;
+        for (const QPointF &point : scene)
+            result.append(placed(point));
+        return result;
+    }
+    /// The square handle around \a middle.
+    QPolygonF square(const QPolygonF &handle, const QPointF &middle) const
+    {
+        if (!m_isUpright)
+            return handle;
+        const QPointF centre = placedInDevice(middle);
+        const double half = std::round(m_toDevice.mapRect(handle.boundingRect()).width() / 2);
+        return m_toScene.map(
+            QPolygonF(QRectF(centre - QPointF(half, half), QSizeF(half, half) * 2)));
+    }
+
+private:
+    QPointF placedInDevice(const QPointF &scene) const
+    {
+        const double middleOfPen = m_penWidth % 2 == 0 ? 0.0 : 0.5;
+        const QPointF device = m_toDevice.map(scene);
+        return {std::floor(device.x()) + middleOfPen, std::floor(device.y()) + middleOfPen};
+    }
+
+    QTransform m_toDevice;
+    QTransform m_toScene;
+    bool m_isUpright;
+    int m_penWidth;
+};
 
 } // namespace
 
@@ -123,24 +177,28 @@ void CVXRootObject::paintHandlersInScene(QGraphicsItem *item, QPainter *painter)
         return;
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing, true);
-    QPen pen(QColor(0x02, 0x7a, 0xff), 1.0, dashed ? Qt::DashLine : Qt::SolidLine);
+    const PixelGrid grid(*painter, *item);
+    QPen pen(FrameColor, grid.penWidth(), dashed ? Qt::DashLine : Qt::SolidLine, Qt::SquareCap,
+             Qt::MiterJoin);
     pen.setCosmetic(true);
     painter->setPen(pen);
     painter->setBrush(Qt::NoBrush);
-    painter->drawPolygon(item->mapToScene(m_clientRect));
+    painter->drawPolygon(grid.placed(item->mapToScene(m_clientRect)));
 
     pen.setStyle(Qt::SolidLine);
     painter->setPen(pen);
     painter->setBrush(Qt::white);
     if (isHandleShown(CObjAction::ACT_Rotate)) {
-        const QPointF middle = item->mapToScene(handlePosition(CObjAction::ACT_Rotate));
-        painter->drawLine(item->mapToScene(QPointF(m_clientRect.center().x(), m_clientRect.top())),
+        const QPointF middle = grid.placed(
+            item->mapToScene(handlePosition(CObjAction::ACT_Rotate)));
+        painter->drawLine(grid.placed(item->mapToScene(handlePosition(CObjAction::ACT_TopCentre))),
                           middle);
         painter->drawEllipse(middle, handleSize() / 2, handleSize() / 2);
     }
     for (const HandlePlace &place : SizeHandles) {
         if (isHandleShown(place.id))
-            painter->drawPolygon(item->mapToScene(handleRect(place.id, 1.0)));
+            painter->drawPolygon(grid.square(item->mapToScene(handleRect(place.id, 1.0)),
+                                             item->mapToScene(handlePosition(place.id))));
     }
     painter->restore();
 }

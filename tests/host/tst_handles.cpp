@@ -58,6 +58,8 @@ private Q_SLOTS:
     void nearestOfOverlappingHandlesIsHit();
     void shapePathHoldsShownHandles();
     void handlesArePaintedWhereTheyAreHit();
+    void uprightLinesCoverWholePixels_data();
+    void uprightLinesCoverWholePixels();
     void dashedFrameNeedsNoHandles();
     void boundsHoldAllHandles();
     void boundsFollowTheClientRectangle();
@@ -173,6 +175,51 @@ void TestHandles::handlesArePaintedWhereTheyAreHit()
     for (const Place &place : places)
         QVERIFY2(hasInkAround(image, object.mapToScene(place.middle)),
                  qPrintable(QString::number(place.handle)));
+}
+
+void TestHandles::uprightLinesCoverWholePixels_data()
+{
+    QTest::addColumn<double>("pixelRatio");
+    QTest::addColumn<double>("zoom");
+    QTest::addColumn<int>("lineWidth");
+    QTest::newRow("plain screen") << 1.0 << 1.0 << 1;
+    QTest::newRow("plain screen, enlarged") << 1.0 << 1.37 << 1;
+    QTest::newRow("a quarter finer") << 1.25 << 1.0 << 1;
+    QTest::newRow("half as fine again") << 1.5 << 1.0 << 2;
+    QTest::newRow("twice as fine, made smaller") << 2.0 << 0.73 << 2;
+}
+
+void TestHandles::uprightLinesCoverWholePixels()
+{
+    QFETCH(double, pixelRatio);
+    QFETCH(double, zoom);
+    QFETCH(int, lineWidth);
+    RecordingHost host;
+    PlainObject object(&host);
+    object.setShowHandles(&object, true, false);
+    object.setPos(QPointF(30.3, 50.6), false);
+    QImage image(600, 400, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(pixelRatio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.scale(zoom, zoom);
+    object.paintHandlersInScene(&object, &painter);
+    painter.end();
+    // Across the left edge and the top edge, each between two handles.
+    const QPointF corner = QPointF(30.3, 50.6) * zoom * pixelRatio;
+    const QPointF beside = corner + QPointF(25, 12.5) * zoom * pixelRatio;
+    int across = 0;
+    int down = 0;
+    for (int step = -6; step <= 6; ++step) {
+        const int atLeft = qAlpha(image.pixel(qRound(corner.x()) + step, qRound(beside.y())));
+        const int atTop = qAlpha(image.pixel(qRound(beside.x()), qRound(corner.y()) + step));
+        QVERIFY2(atLeft == 0 || atLeft == 255, qPrintable(QString::number(atLeft)));
+        QVERIFY2(atTop == 0 || atTop == 255, qPrintable(QString::number(atTop)));
+        across += atLeft == 255;
+        down += atTop == 255;
+    }
+    QCOMPARE(across, lineWidth);
+    QCOMPARE(down, lineWidth);
 }
 
 void TestHandles::dashedFrameNeedsNoHandles()
