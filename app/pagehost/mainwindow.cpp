@@ -239,7 +239,6 @@ void MainWindow::refresh()
 {
     setWindowTitle(QStringLiteral("%1[*] - pagehost").arg(m_files->shownName()));
     setWindowModified(m_session->isModified());
-    CUndoRedo *stack = m_session->undoStack();
     const bool isEditing = m_session->editedObject() != nullptr;
     const bool hasSelection = !m_session->page()->getSelectedObjects().isEmpty();
     const auto named = [this](const QString &word, const QString &key) {
@@ -247,9 +246,9 @@ void MainWindow::refresh()
                    ? word
                    : tr("%1 %2", "Undo Move").arg(word, m_framework->getLocalString(key, key));
     };
-    m_undo->setText(named(tr("&Undo"), stack->undoText()));
-    m_redo->setText(named(tr("&Redo"), stack->redoText()));
-    m_undo->setEnabled(isEditing || stack->canUndo());
+    m_undo->setText(named(tr("&Undo"), m_session->undoName()));
+    m_redo->setText(named(tr("&Redo"), m_session->redoName()));
+    m_undo->setEnabled(isEditing || m_session->undoStack()->canUndo());
     m_redo->setEnabled(m_session->canRedo());
     for (QAction *action : {m_cut, m_copy, m_delete})
         action->setEnabled(isEditing || hasSelection);

@@ -101,6 +101,9 @@ public:
     void undoInEdit();
     void redoInEdit();
     bool canRedo() const;
+    /// What undo() takes back and redo() brings back: keys of the framework's words, empty for nothing.
+    QString undoName() const;
+    QString redoName() const;
     void cut();
     void copy();
     /// Into the edited text, or as new objects; a text gets its upper left corner to \a place (scene).

@@ -12,6 +12,8 @@
 
 namespace {
 
+const QString editKey = QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"); // as texts name their steps
+
 /// Takes the step pushed last off \a stack; what it has done stays.
 void forgetLastStep(CUndoRedo &stack)
 {
@@ -137,4 +139,14 @@ void PageSession::redoInEdit()
 bool PageSession::canRedo() const
 {
     return undoStack()->canRedo() || (editedObject() && m_edit.canRedo());
+}
+
+QString PageSession::undoName() const
+{
+    return editedObject() && m_edit.isChanged() ? editKey : undoStack()->undoText();
+}
+
+QString PageSession::redoName() const
+{
+    return editedObject() && m_edit.canRedo() ? editKey : undoStack()->redoText();
 }

@@ -40,6 +40,7 @@ private Q_SLOTS:
 
     // Undo
     void undoInEditTakesBackTypingFirst();
+    void undoAndRedoSayWhatTheyDo();
     void randomTypingUndoAndRedoFollowAModel_data();
     void randomTypingUndoAndRedoFollowAModel();
 
@@ -354,6 +355,31 @@ void TestEditing::undoInEditTakesBackTypingFirst()
     QCOMPARE(window().text(0), QStringLiteral("one"));
     window().trigger("redo");
     QCOMPARE(window().text(0), QStringLiteral("onexy"));
+}
+
+void TestEditing::undoAndRedoSayWhatTheyDo()
+{
+    const auto shown = [this](const char *name) { return window().action(name)->text(); };
+    window().writeBox({50, 50, 300, 100}, QStringLiteral("one"));
+    QTest::keyClick(view(), Qt::Key_Right);
+    window().settle();
+    QCOMPARE(shown("undo"), QStringLiteral("&Undo Move"));
+    TextObject::beginEdit(window().objects().at(0));
+    window().settle();
+    QCOMPARE(shown("undo"), QStringLiteral("&Undo Move"));
+    QCOMPARE(shown("redo"), QStringLiteral("&Redo"));
+    press(QStringLiteral("X"));
+    window().settle();
+    QCOMPARE(shown("undo"), QStringLiteral("&Undo Change Text"));
+    press(QStringLiteral("Ctrl+Z"));
+    window().settle();
+    QCOMPARE(shown("undo"), QStringLiteral("&Undo Move"));
+    QCOMPARE(shown("redo"), QStringLiteral("&Redo Change Text"));
+    window().trigger("redo");
+    QCOMPARE(window().text(0).size(), 4);
+    window().trigger("undo");
+    QCOMPARE(shown("undo"), QStringLiteral("&Undo Move"));
+    QCOMPARE(shown("redo"), QStringLiteral("&Redo Change Text"));
 }
 
 void TestEditing::randomTypingUndoAndRedoFollowAModel_data()

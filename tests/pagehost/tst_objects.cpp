@@ -29,6 +29,9 @@ private Q_SLOTS:
     void middleButtonPans();
     void spacePansOutsideEditAlone();
     void viewKeysReachTheProgramInEdit();
+    void screenOfHigherDensityIsAsCrispAsAZoom_data();
+    void screenOfHigherDensityIsAsCrispAsAZoom();
+    void darkPaletteChangesTheGroundAlone();
 
     // Objects
     void shiftAddsToTheSelection();
@@ -219,6 +222,62 @@ void TestObjects::viewKeysReachTheProgramInEdit()
     QVERIFY(!window.window()->isFullScreen());
     QCOMPARE(window.session()->editedObject(), box);
     QCOMPARE(window.text(0), QStringLiteral("abc"));
+}
+
+void TestObjects::screenOfHigherDensityIsAsCrispAsAZoom_data()
+{
+    QTest::addColumn<double>("density");
+    QTest::newRow("1.25") << 1.25;
+    QTest::newRow("1.5") << 1.5;
+    QTest::newRow("2") << 2.0;
+}
+
+void TestObjects::screenOfHigherDensityIsAsCrispAsAZoom()
+{
+    QFETCH(double, density);
+    ObjectWindow window(&m_loader);
+    window.writeBox({52, 52, 160, 60}, QStringLiteral("Crisp"));
+    window.select({});
+    // The words, on a screen of so many pixels for one, and so many times as large.
+    const auto words = [&](double pixels, double zoom) {
+        window.view()->setZoom(zoom);
+        window.view()->horizontalScrollBar()->setValue(-10000);
+        window.view()->verticalScrollBar()->setValue(-10000);
+        window.settle();
+        QImage image(window.canvas()->size() * pixels, QImage::Format_RGB32);
+        image.setDevicePixelRatio(pixels);
+        image.fill(Qt::white);
+        window.canvas()->render(&image);
+        const QRectF place(window.view()->viewportTransform().map(QPointF(52, 52)) * pixels,
+                           QSizeF(160, 60) * density);
+        QImage part = image.copy(place.toRect());
+        part.setDevicePixelRatio(1);
+        return part;
+    };
+    const QImage dense = words(density, 1);
+    const QImage large = words(1, density);
+    QImage blank = dense;
+    blank.fill(Qt::white);
+    QVERIFY(dense != blank);
+    QCOMPARE(dense, large);
+}
+
+void TestObjects::darkPaletteChangesTheGroundAlone()
+{
+    ObjectWindow window(&m_loader);
+    window.writeBox({52, 52, 160, 60}, QStringLiteral("Dark"));
+    window.select({});
+    const auto shown = [&] { return window.canvas()->grab().toImage(); };
+    const QRect page(window.at({20, 20}), window.at({300, 200}));
+    const QImage before = shown();
+    QPalette dark = window.view()->palette();
+    dark.setColor(QPalette::Mid, QColor(30, 30, 34));
+    window.view()->setPalette(dark);
+    window.settle();
+    const QImage after = shown();
+    QCOMPARE(after.pixelColor(2, 2), QColor(30, 30, 34));
+    QVERIFY(before.pixelColor(2, 2) != after.pixelColor(2, 2));
+    QCOMPARE(after.copy(page), before.copy(page));
 }
 
 // Objects
