@@ -148,13 +148,26 @@ void PageView::setSession(PageSession *session)
     const QRectF shown = page.adjusted(-pageMargin, -pageMargin, pageMargin, pageMargin);
     session->page()->scene()->setSceneRect(shown);
     setScene(session->page()->scene());
-    // The hints of missing fonts reach out of their objects.
-    setViewportUpdateMode(session->missingFonts().isEmpty() ? SmartViewportUpdate
-                                                            : FullViewportUpdate);
+    m_hasHints = !session->missingFonts().isEmpty();
+    connect(session, &PageSession::stateChanged, this, &PageView::chooseUpdateMode,
+            Qt::UniqueConnection);
+    chooseUpdateMode();
     session->page()->setZoomRate(float(m_zoom));
     horizontalScrollBar()->setValue(horizontalScrollBar()->minimum());
     verticalScrollBar()->setValue(verticalScrollBar()->minimum());
     setFocus();
+}
+
+/// The hints of missing fonts reach out of their objects, which change out of an edit alone: a caret
+/// that blinks repaints no more than its text.
+void PageView::chooseUpdateMode()
+{
+    const bool isWhole = m_hasHints && m_session && !m_session->editedObject();
+    const ViewportUpdateMode mode = isWhole ? FullViewportUpdate : SmartViewportUpdate;
+    if (mode == viewportUpdateMode())
+        return;
+    setViewportUpdateMode(mode);
+    viewport()->update();
 }
 
 void PageView::setTool(int tool)
@@ -259,11 +272,10 @@ void PageView::drawForeground(QPainter *painter, const QRectF &rect)
 {
     if (!m_session)
         return;
-    const bool hasHints = viewportUpdateMode() == FullViewportUpdate; // which reach out of objects
     const CVXRootObject *edited = m_session->editedObject();
     for (CVXRootObject *object : m_session->page()->objects()) {
         QGraphicsItem *item = object->GetGraphicsItemPtr();
-        const bool isSeen = hasHints || object == edited
+        const bool isSeen = m_hasHints || object == edited
                             || item->sceneBoundingRect().intersects(rect);
         if (!isSeen || !object->isVisible())
             continue;

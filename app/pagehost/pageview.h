@@ -103,10 +103,12 @@ private:
     void applyZoom(double zoom);
     void fit(const QRectF &area);
     bool nudge(const QKeyEvent &event);
+    void chooseUpdateMode();
 
     PageSession *m_session = nullptr;
     int m_tool = EditorTool::Select;
     double m_zoom = 1;
+    bool m_hasHints = false;             ///< some text wants a font that is missing
     CVXRootObject *m_drawn = nullptr;    ///< between press and release
     QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
     bool m_mayDragEdit = false;          ///< the press was at a handle or the margin of an edited text
