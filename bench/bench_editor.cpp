@@ -30,6 +30,7 @@
 namespace {
 
 constexpr int objectCount = 1000;
+constexpr int visibleBox = 51; // on the page of many objects, of 60 characters
 constexpr int characterCounts[] = {100, 1000, 10000};
 constexpr QSize windowSize(1300, 800);
 
@@ -192,29 +193,25 @@ private:
     double m_rest = 0;
 };
 
-/// The text of the page in edit, its caret amid what the window shows of it. False when it is not.
-bool editBox(Editor &editor)
+/// The object \a place of the page in edit, its caret amid what the window shows of it. False when it is not.
+bool editBox(Editor &editor, int place = 0)
 {
-    CVXRootObject *box = editor.objects().value(0);
+    CVXRootObject *box = editor.objects().value(place);
     editor.window().session()->select(box);
     editor.view()->setFocus();
     TextObject::beginEdit(box);
     Editor::settle();
     const QRect area = editor.view()->viewport()->rect();
-    const QPoint line = editor.view()->mapFromScene(box->getPos() + QPointF(300, 10));
+    const QPoint line = editor.view()->mapFromScene(box->getPos()
+                                                    + QPointF(box->getSize().width() / 2, 10));
     editor.click({line.x(), box->getSize().height() > 600 ? area.center().y() : line.y()});
     Editor::settle();
     return editor.window().session()->editedObject() == box;
 }
 
 // A character comes and goes in turn, so that the text stays as long as it is.
-void typeInBox(benchmark::State &state, Bench &bench, int characters, bool han)
+void type(benchmark::State &state, Editor &editor)
 {
-    Editor editor(state, bench);
-    if (!editor.open(bench.box(characters, han)))
-        return;
-    if (!editBox(editor))
-        return state.SkipWithError("the text is not in edit");
     bool comes = true;
     for ([[maybe_unused]] auto _ : state) {
         editor.measure([&] {
@@ -225,6 +222,22 @@ void typeInBox(benchmark::State &state, Bench &bench, int characters, bool han)
         });
         comes = !comes;
     }
+}
+
+void typeInBox(benchmark::State &state, Bench &bench, int characters, bool han)
+{
+    Editor editor(state, bench);
+    if (!editor.open(bench.box(characters, han)) || !editBox(editor))
+        return state.SkipWithError("the text is not in edit");
+    type(state, editor);
+}
+
+void typeAmongMany(benchmark::State &state, Bench &bench)
+{
+    Editor editor(state, bench);
+    if (!editor.open(bench.mixed("vxpage")) || !editBox(editor, visibleBox))
+        return state.SkipWithError("the text is not in edit");
+    type(state, editor);
 }
 
 void moveCaret(benchmark::State &state, Bench &bench, int characters, bool han)
@@ -371,6 +384,7 @@ void addBoxes(Bench &bench)
 void addPages(Bench &bench)
 {
     using State = benchmark::State;
+    add("key/among many", [&](State &s) { typeAmongMany(s, bench); });
     add("pan/100 %", [&](State &s) { pan(s, bench, 1, {12, 9}); });
     add("pan/50 %", [&](State &s) { pan(s, bench, 0.5, {12, 9}); });
     add("pan/100 %, a screen", [&](State &s) { pan(s, bench, 1, {900, 600}); });
