@@ -156,6 +156,7 @@ private Q_SLOTS:
     void escapeGivesUpDragOfSeveralObjects();
     void escapeGivesUpResizeWithinEdit();
     void companionIsRecordedThoughItIsDeselected();
+    void stretchedBoxWithoutWordsKeepsItsSize();
     void abandonedTextLeavesWhatIsToBeRedone();
     void wordsOfNewTextAreUndoneAfterItsFormats();
     void undoKeyGoesOnToThePage();
@@ -422,6 +423,27 @@ void TestKeptWork::companionIsRecordedThoughItIsDeselected()
     QCOMPARE(companion->getPos(), before.at(1).pos + QPointF(60, 30));
     window.trigger("undo");
     QCOMPARE(difference(stateOf(window), before), QString());
+}
+
+void TestKeptWork::stretchedBoxWithoutWordsKeepsItsSize()
+{
+    ObjectWindow window(&m_loader);
+    CVXRootObject *box = window.writeBox(firstPlace, QStringLiteral("words"));
+    enter(window, box);
+    press(window, Qt::Key_A, Qt::ControlModifier);
+    press(window, Qt::Key_Delete);
+    press(window, Qt::Key_Escape);
+    const QPoint corner = handlePoint(window, box, CObjAction::ACT_BottomRight);
+    window.drag(corner, corner + QPoint(60, 30));
+    const QSizeF size = box->getSize();
+    for (bool bold : {true, false, true}) {
+        window.window()->panels()->selection()->apply({{QStringLiteral("font_bold"), bold}});
+        QCOMPARE(box->getSize(), size);
+    }
+    for (int i = 0; i < 3; ++i) {
+        window.trigger("undo");
+        QCOMPARE(box->getSize(), size);
+    }
 }
 
 void TestKeptWork::abandonedTextLeavesWhatIsToBeRedone()
