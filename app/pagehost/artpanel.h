@@ -3,26 +3,33 @@
 #ifndef PAGEHOST_ARTPANEL_H
 #define PAGEHOST_ARTPANEL_H
 
-#include <QWidget>
+#include "app/pagehost/panel.h"
 
+#include <QHash>
+
+class ColorButton;
 class PluginLoader;
+class QFormLayout;
 class StyleGallery;
-class TextSelection;
 
-/// A gallery of all styles of art text with the user's own words.
-class ArtPanel : public QWidget
+/// A gallery of all styles of art text with the user's own words, and what art texts alone have: the line
+/// around their characters and their spacings. What they share with other texts stands elsewhere.
+class ArtPanel : public Panel
 {
     Q_OBJECT
 
 public:
     ArtPanel(TextSelection *selection, const PluginLoader *loader);
 
-private:
-    bool hasOpenArtText() const;
-    void refresh();
+protected:
+    void refresh() override;
 
-    TextSelection *m_selection;
+private:
+    void addNumber(QFormLayout *form, const QString &name, const char *word, NumberField *field);
+
     StyleGallery *m_gallery;
+    ColorButton *m_lineColor;
+    QHash<QString, NumberField *> m_numbers;
 };
 
 #endif

@@ -15,9 +15,10 @@ constexpr double largestSize = 10000;
 constexpr double smallestScale = 1; // percent
 constexpr double largestScale = 1000;
 constexpr double largestSpacing = 10000;
+constexpr double spacingStep = 20; // thousandths, as the keys change it
 const QString familyKey = QStringLiteral("font_family");
 const QString colorKey = QStringLiteral("pen_color");
-const QString sizeKey = QStringLiteral("font_pointsize");
+const QString gapKey = QStringLiteral("font_letterspacing");
 
 /// A face that shows what the button does.
 QFont signFont(const QString &key, QFont font)
@@ -32,21 +33,32 @@ QFont signFont(const QString &key, QFont font)
 } // namespace
 
 CharacterPanel::CharacterPanel(TextSelection *selection)
-    : m_selection(selection)
+    : Panel(selection)
     , m_family(new FontFamilyBox(tr("Font")))
     , m_color(new ColorButton(tr("Color")))
 {
     auto *form = new QFormLayout(this);
+    addFamily(form);
+    auto *size = new NumberField(tr("Size"), smallestSize, largestSize, 2, tr("pt"), 24);
+    form->addRow(tr("Size"), addNumber("font_pointsize", size));
+    addStyles(form);
+    addForms(form);
+    addScales(form);
+    addSpacings(form);
+}
+
+void CharacterPanel::addFamily(QFormLayout *form)
+{
     form->addRow(tr("Font"), m_family);
     m_family->setObjectName(familyKey);
     connect(m_family, &FontFamilyBox::picked, this, [this](const QString &family) {
         m_selection->apply({{familyKey, family}});
     });
     connect(m_family, &FontFamilyBox::left, m_selection, &TextSelection::pageWanted);
+}
 
-    auto *size = new NumberField(tr("Size"), smallestSize, largestSize, 2, tr("pt"), 24);
-    form->addRow(tr("Size"), addNumber("font_pointsize", size, 0));
-
+void CharacterPanel::addStyles(QFormLayout *form)
+{
     auto *styles = new QHBoxLayout;
     addFlag(styles, "font_bold", tr("B", "sign of bold"), tr("Bold"));
     addFlag(styles, "font_italic", tr("I", "sign of italic"), tr("Italic"));
@@ -59,7 +71,10 @@ CharacterPanel::CharacterPanel(TextSelection *selection)
     connect(m_color, &ColorButton::picked, this, [this](const QColor &color) {
         m_selection->apply({{colorKey, color}});
     });
+}
 
+void CharacterPanel::addForms(QFormLayout *form)
+{
     auto *forms = new QHBoxLayout;
     addPairedFlag(forms, "text_superscript", "text_subscript", QStringLiteral("x²"),
                   tr("Superscript"));
@@ -68,31 +83,42 @@ CharacterPanel::CharacterPanel(TextSelection *selection)
     addFlag(forms, "text_upper", tr("AA", "sign of capitals"), tr("Capitals"));
     forms->addStretch();
     form->addRow(tr("Form"), forms);
+}
 
+void CharacterPanel::addScales(QFormLayout *form)
+{
     const auto scale = [](const QString &name) {
         return new NumberField(name, smallestScale, largestScale, 0, QStringLiteral("%"), 100);
     };
-    const auto spacing = [](const QString &name, const QString &unit) {
-        return new NumberField(name, -largestSpacing, largestSpacing, 2, unit);
-    };
     form->addRow(tr("Horizontal scale"),
-                 addNumber("horizontal_scaled", scale(tr("Horizontal scale")), 100));
-    form->addRow(tr("Vertical scale"),
-                 addNumber("vertical_scaled", scale(tr("Vertical scale")), 100));
-    form->addRow(tr("Baseline shift"),
-                 addNumber("baseline_offset", spacing(tr("Baseline shift"), tr("pt")), 0));
-    NumberField *letters = spacing(tr("Letter spacing, in thousandths of the size"), QString());
-    letters->setSingleStep(20);
-    form->addRow(tr("Letter spacing"), addNumber("selected_letterspacing", letters, 0));
-    form->addRow(tr("Row spacing"),
-                 addNumber("font_rowspacing", spacing(tr("Row spacing"), tr("pt")), 0));
-
-    connect(m_selection, &TextSelection::changed, this, &CharacterPanel::refresh);
-    refresh();
+                 addNumber("horizontal_scaled", scale(tr("Horizontal scale"))));
+    form->addRow(tr("Vertical scale"), addNumber("vertical_scaled", scale(tr("Vertical scale"))));
 }
 
-void CharacterPanel::addFlag(QLayout *row, const char *key, const QString &sign,
-                             const QString &name)
+/// Letter spacing is that of runs, or of what is typed next; kerning that of the two characters beside
+/// the caret.
+void CharacterPanel::addSpacings(QFormLayout *form)
+{
+    const auto points = [](const QString &name) {
+        return new NumberField(name, -largestSpacing, largestSpacing, 2, tr("pt"));
+    };
+    const auto thousandths = [](const QString &name) {
+        auto *field = new NumberField(name, -largestSpacing, largestSpacing, 2);
+        field->setSingleStep(spacingStep);
+        return field;
+    };
+    form->addRow(tr("Baseline shift"), addNumber("baseline_offset", points(tr("Baseline shift"))));
+    form->addRow(tr("Letter spacing"),
+                 addNumber("selected_letterspacing",
+                           thousandths(tr("Letter spacing, in thousandths of the size"))));
+    form->addRow(tr("Kerning"),
+                 addNumber("font_letterspacing",
+                           thousandths(tr("Space at the caret, in thousandths of the size"))));
+    form->addRow(tr("Row spacing"), addNumber("font_rowspacing", points(tr("Row spacing"))));
+}
+
+FlagButton *CharacterPanel::makeFlag(QLayout *row, const char *key, const QString &sign,
+                                     const QString &name)
 {
     const QString attribute = QLatin1String(key);
     auto *button = new FlagButton(sign, name);
@@ -100,9 +126,17 @@ void CharacterPanel::addFlag(QLayout *row, const char *key, const QString &sign,
     button->setFont(signFont(attribute, button->font()));
     row->addWidget(button);
     m_flags.insert(attribute, button);
-    connect(button, &QAbstractButton::clicked, this, [this, attribute](bool on) {
-        m_selection->apply({{attribute, on}});
-    });
+    return button;
+}
+
+void CharacterPanel::addFlag(QLayout *row, const char *key, const QString &sign,
+                             const QString &name)
+{
+    const QString attribute = QLatin1String(key);
+    connect(makeFlag(row, key, sign, name), &QAbstractButton::clicked, this,
+            [this, attribute](bool on) {
+                m_selection->apply({{attribute, on}});
+            });
 }
 
 /// Of these two one at most is on, and they are given together.
@@ -111,40 +145,37 @@ void CharacterPanel::addPairedFlag(QLayout *row, const char *key, const char *ot
 {
     const QString attribute = QLatin1String(key);
     const QString counterpart = QLatin1String(other);
-    auto *button = new FlagButton(sign, name);
-    button->setObjectName(attribute);
-    row->addWidget(button);
-    m_flags.insert(attribute, button);
-    connect(button, &QAbstractButton::clicked, this, [this, attribute, counterpart](bool on) {
-        m_selection->apply({{attribute, on}, {counterpart, false}});
-    });
+    connect(makeFlag(row, key, sign, name), &QAbstractButton::clicked, this,
+            [this, attribute, counterpart](bool on) {
+                m_selection->apply({{attribute, on}, {counterpart, false}});
+            });
 }
 
-NumberField *CharacterPanel::addNumber(const char *key, NumberField *field, double unset)
+NumberField *CharacterPanel::addNumber(const char *key, NumberField *field)
 {
     const QString attribute = QLatin1String(key);
     field->setObjectName(attribute);
-    m_numbers.insert(attribute, {field, unset});
-    connect(field, &NumberField::entered, this, [this, attribute](double value) {
+    m_numbers.insert(attribute, field);
+    connectNumber(field, [this, attribute](double value) {
         m_selection->apply({{attribute, value}});
     });
-    connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
     return field;
 }
 
 void CharacterPanel::refresh()
 {
-    setEnabled(!m_selection->openTexts().isEmpty());
+    m_selection->wantRuns();
+    const bool isOpen = m_selection->canChange(familyKey);
+    setEnabled(isOpen);
     m_family->show(m_selection->value(familyKey).toString());
     m_color->show(m_selection->value(colorKey));
-    for (auto it = m_flags.constBegin(); it != m_flags.constEnd(); ++it)
+    for (auto it = m_flags.constBegin(); it != m_flags.constEnd(); ++it) {
         it.value()->show(m_selection->value(it.key()));
+        it.value()->setEnabled(m_selection->canChange(it.key()));
+    }
     for (auto it = m_numbers.constBegin(); it != m_numbers.constEnd(); ++it) {
-        QVariant value = m_selection->value(it.key());
-        // "" stands for what was never set and, in an edit, for several values too.
-        const bool isBlank = value.isValid() && value.toString().isEmpty();
-        if (isBlank && !m_selection->isEditing() && it.key() != sizeKey)
-            value = it->unset;
-        it->field->show(value);
+        const bool isThere = it.key() != gapKey || m_selection->isAtCaret();
+        it.value()->show(isThere ? m_selection->value(it.key()) : QVariant());
+        it.value()->setEnabled(isThere && m_selection->canChange(it.key()));
     }
 }

@@ -3,42 +3,43 @@
 #ifndef PAGEHOST_CHARACTERPANEL_H
 #define PAGEHOST_CHARACTERPANEL_H
 
+#include "app/pagehost/panel.h"
+
 #include <QHash>
-#include <QWidget>
 
 class ColorButton;
 class FlagButton;
 class FontFamilyBox;
-class NumberField;
+class QFormLayout;
 class QLayout;
-class TextSelection;
 
-/// Shows and changes the attributes of runs.
-class CharacterPanel : public QWidget
+/// Shows and changes the attributes of runs, and those that art texts have too.
+class CharacterPanel : public Panel
 {
     Q_OBJECT
 
 public:
     explicit CharacterPanel(TextSelection *selection);
 
+protected:
+    void refresh() override;
+
 private:
+    void addFamily(QFormLayout *form);
+    void addStyles(QFormLayout *form);
+    void addForms(QFormLayout *form);
+    void addScales(QFormLayout *form);
+    void addSpacings(QFormLayout *form);
     void addFlag(QLayout *row, const char *key, const QString &sign, const QString &name);
     void addPairedFlag(QLayout *row, const char *key, const char *other, const QString &sign,
                        const QString &name);
-    NumberField *addNumber(const char *key, NumberField *field, double unset);
-    void refresh();
+    FlagButton *makeFlag(QLayout *row, const char *key, const QString &sign, const QString &name);
+    NumberField *addNumber(const char *key, NumberField *field);
 
-    /// A field and what stands in it for a text that has never been given a value.
-    struct Number {
-        NumberField *field;
-        double unset;
-    };
-
-    TextSelection *m_selection;
     FontFamilyBox *m_family;
     ColorButton *m_color;
     QHash<QString, FlagButton *> m_flags;
-    QHash<QString, Number> m_numbers;
+    QHash<QString, NumberField *> m_numbers;
 };
 
 #endif

@@ -4,6 +4,7 @@
 #include "app/pagehost/settings.h"
 #include "host/fontdatabase/cfontdatabase.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCompleter>
 #include <QFontDatabase>
@@ -46,6 +47,7 @@ FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
     auto *list = new QListView(this);
     list->setUniformItemSizes(true); // faces are loaded for the rows that are seen
     list->setMinimumWidth(listWidth);
+    list->setAccessibleName(name);
     setView(list);
     fill();
     setModel(m_families);
@@ -53,17 +55,16 @@ FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
     search->setFilterMode(Qt::MatchContains);
     search->setCaseSensitivity(Qt::CaseInsensitive);
     search->setCompletionMode(QCompleter::PopupCompletion);
+    search->popup()->setAccessibleName(name);
     setCompleter(search);
     m_missingSign = lineEdit()->addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning),
                                           QLineEdit::TrailingPosition);
     m_missingSign->setText(tr("This font is not installed"));
     m_missingSign->setVisible(false);
     connect(this, QOverload<int>::of(&QComboBox::activated), this,
-            [this](int row) { take(itemText(row)); });
+            [this](int row) { take(itemText(row)); }); // also of the search
     connect(this, QOverload<int>::of(&QComboBox::highlighted), this,
             [this](int row) { Q_EMIT tried(itemText(row)); });
-    connect(search, QOverload<const QString &>::of(&QCompleter::activated), this,
-            &FontFamilyBox::take);
     show(QString());
 }
 
@@ -127,6 +128,13 @@ void FontFamilyBox::showPopup()
 void FontFamilyBox::keyPressEvent(QKeyEvent *event)
 {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QAbstractItemView *found = completer()->popup();
+    if (isEnter && found->isVisible() && found->currentIndex().isValid()) {
+        event->ignore(); // the search takes the row that is chosen in it
+        return;
+    }
+    if (isEnter || event->key() == Qt::Key_Escape)
+        found->hide(); // which it leaves to a field that takes the key
     if (event->key() == Qt::Key_Escape) {
         lineEdit()->setModified(false);
         show(m_family);

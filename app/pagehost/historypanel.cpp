@@ -5,24 +5,37 @@
 #include "host/framework/cundoredo.h"
 #include "host/framework/iappframework.h"
 
+#include <QIdentityProxyModel>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QStyledItemDelegate>
 
 namespace {
 
-/// Steps are named by keys.
-class StepNames : public QStyledItemDelegate
+/// Steps are named by keys; this names them in the words of the user, for screen readers too.
+class StepNames : public QIdentityProxyModel
 {
 public:
-    using QStyledItemDelegate::QStyledItemDelegate;
+    using QIdentityProxyModel::QIdentityProxyModel;
 
-    QString displayText(const QVariant &value, const QLocale & /*locale*/) const override
+    QVariant data(const QModelIndex &index, int role) const override
     {
-        const QString key = value.toString();
+        const QVariant value = QIdentityProxyModel::data(index, role);
         IAppFramework *framework = GetFramework();
-        return framework ? framework->getLocalString(key, key) : key;
+        if (role != Qt::DisplayRole || !framework)
+            return value;
+        return framework->getLocalString(value.toString(), value.toString());
     }
 };
+
+/// Keeps the current row of \a to at that of \a from.
+void follow(const QItemSelectionModel *from, QItemSelectionModel *to)
+{
+    QObject::connect(from, &QItemSelectionModel::currentChanged, to, [to](const QModelIndex &row) {
+        if (row.isValid())
+            to->setCurrentIndex(to->model()->index(row.row(), 0),
+                                QItemSelectionModel::ClearAndSelect);
+    });
+}
 
 } // namespace
 
@@ -31,7 +44,12 @@ HistoryPanel::HistoryPanel(QWidget *parent)
 {
     setAccessibleName(tr("History"));
     setEmptyLabel(tr("The page as it was"));
-    setItemDelegate(new StepNames(this));
+    auto *names = new StepNames(this);
+    names->setSourceModel(model());
+    QItemSelectionModel *steps = selectionModel(); // that the stack follows
+    setModel(names);
+    follow(steps, selectionModel());
+    follow(selectionModel(), steps);
 }
 
 void HistoryPanel::setSession(PageSession *session)

@@ -79,7 +79,9 @@ void MissingFontsPanel::setSession(PageSession *session)
     m_shownInstead.clear();
     m_changed.clear();
     if (session)
-        connect(session, &PageSession::stateChanged, this, &MissingFontsPanel::refresh);
+        connect(session, &PageSession::stateChanged, this, &MissingFontsPanel::look);
+    m_seenObjects.clear();
+    m_seenIndex = -1;
     refresh();
 }
 
@@ -160,6 +162,18 @@ void MissingFontsPanel::hideEvent(QHideEvent *event)
 {
     QWidget::hideEvent(event);
     cancel();
+}
+
+/// Fonts come and go with objects and with steps: a caret that blinks asks nothing of the page.
+void MissingFontsPanel::look()
+{
+    const QList<CVXRootObject *> &objects = m_session->page()->objects();
+    const int index = m_session->undoStack()->index();
+    if (objects == m_seenObjects && index == m_seenIndex)
+        return;
+    m_seenObjects = objects;
+    m_seenIndex = index;
+    refresh();
 }
 
 void MissingFontsPanel::refresh()

@@ -39,10 +39,13 @@ protected:
 private:
     QString chosen() const;
     QList<CVXRootObject *> textsThatMiss(const QString &family) const;
+    void look();
     void refresh();
     void refreshButtons();
 
     QPointer<PageSession> m_session;
+    QList<CVXRootObject *> m_seenObjects; ///< to compare with, never to call
+    int m_seenIndex = -1;                 ///< of the undo stack
     QListWidget *m_list;
     FontFamilyBox *m_replacement;
     QLabel *m_none;

@@ -7,10 +7,8 @@
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
-#include <QSignalBlocker>
 
 #include <cmath>
 
@@ -84,11 +82,22 @@ double nearestAngle(double angle)
 } // namespace
 
 ObjectPanel::ObjectPanel(TextSelection *selection)
-    : m_selection(selection)
+    : Panel(selection)
     , m_direction(new QComboBox)
     , m_form(new QComboBox)
 {
     auto *form = new QFormLayout(this);
+    addText(form);
+    addMirrors(form);
+    addPlaces(form);
+    connect(selection, &TextSelection::placeChanged, this, [this] {
+        if (isSeen())
+            refreshPlace();
+    });
+}
+
+void ObjectPanel::addText(QFormLayout *form)
+{
     m_direction->setObjectName(QStringLiteral("direction"));
     m_direction->setAccessibleName(tr("Direction of the text"));
     m_direction->addItems({tr("Lines"), tr("Columns")});
@@ -102,12 +111,18 @@ ObjectPanel::ObjectPanel(TextSelection *selection)
     m_form->addItems({tr("Line"), tr("Box"), tr("Box that grows")});
     form->addRow(tr("Room"), m_form);
     connect(m_form, QOverload<int>::of(&QComboBox::activated), this, &ObjectPanel::setForm);
+}
 
+void ObjectPanel::addMirrors(QFormLayout *form)
+{
     addFlag(form, "mirror", tr("Mirror left to right"), /*flips=*/false,
             [](CVXRootObject *object) { return object->isMirror(); });
     addFlag(form, "flip", tr("Flip top to bottom"), /*flips=*/true,
             [](CVXRootObject *object) { return object->isFlip(); });
+}
 
+void ObjectPanel::addPlaces(QFormLayout *form)
+{
     const auto length = [](const QString &name, double smallest) {
         return new NumberField(name, smallest, farthest, 2, tr("px"));
     };
@@ -144,9 +159,6 @@ ObjectPanel::ObjectPanel(TextSelection *selection)
         [](CVXRootObject *object, double degrees) {
             object->rotateObj(nearestAngle(degrees - object->getRotate()), /*undo=*/true);
         });
-    connect(m_selection, &TextSelection::changed, this, &ObjectPanel::refreshText);
-    connect(m_selection, &TextSelection::placeChanged, this, &ObjectPanel::refreshPlace);
-    refreshText();
 }
 
 void ObjectPanel::addPlace(QFormLayout *form, const char *name, NumberField *field,
@@ -156,55 +168,37 @@ void ObjectPanel::addPlace(QFormLayout *form, const char *name, NumberField *fie
     form->addRow(field->accessibleName(), field);
     m_places.push_back({field, read});
     const QString step = QLatin1String(stepName);
-    connect(field, &NumberField::entered, this, [this, step, write](double value) {
-        const QList<CVXRootObject *> open = openObjects();
-        if (open.isEmpty())
-            return;
-        CUndoRedo *stack = m_selection->session()->undoStack();
-        stack->beginGroup(step);
-        for (CVXRootObject *object : open)
-            write(object, value);
-        stack->endGroup();
-        refreshPlace();
+    connectNumber(field, [this, step, write](double value) {
+        changeAll(step, [&](CVXRootObject *object) { write(object, value); });
     });
-    connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
 }
 
 void ObjectPanel::addFlag(QFormLayout *form, const char *name, const QString &text, bool flips,
                           ReadFlag read)
 {
-    auto *box = new QCheckBox(text);
-    box->setAccessibleName(text);
+    auto *box = new FlagBox(text);
     box->setObjectName(QLatin1String(name));
-    box->setFocusPolicy(Qt::TabFocus);
     form->addRow(box);
     m_flags.push_back({box, read});
-    connect(box, &QCheckBox::clicked, this, [this, box, flips, read] {
-        const bool on = box->checkState() != Qt::Unchecked;
-        const QList<CVXRootObject *> open = openObjects();
-        if (open.isEmpty())
-            return;
-        CUndoRedo *stack = m_selection->session()->undoStack();
-        stack->beginGroup(flips ? QStringLiteral("IDS_ITEM_FLIP")
-                                : QStringLiteral("IDS_ITEM_MIRROR"));
-        for (CVXRootObject *object : open) {
+    connect(box, &FlagBox::chosen, this, [this, flips, read](bool on) {
+        const QString step = flips ? QStringLiteral("IDS_ITEM_FLIP")
+                                   : QStringLiteral("IDS_ITEM_MIRROR");
+        changeAll(step, [&](CVXRootObject *object) {
             if (read(object) != on)
-                stack->push(new MirrorStep(object, flips, on));
-        }
-        stack->endGroup();
-        refreshPlace();
+                object->undoStack()->push(new MirrorStep(object, flips, on));
+        });
     });
 }
 
-QList<CVXRootObject *> ObjectPanel::openObjects() const
+void ObjectPanel::changeAll(const QString &stepName,
+                            const std::function<void(CVXRootObject *)> &change)
 {
-    QList<CVXRootObject *> open;
-    const QList<CVXRootObject *> all = m_selection->objects();
-    for (CVXRootObject *object : all) {
-        if (!object->isLocked())
-            open.append(object);
-    }
-    return open;
+    const QList<CVXRootObject *> open = m_selection->openObjects();
+    m_selection->asOneStep(stepName, [&] {
+        for (CVXRootObject *object : open)
+            change(object);
+    });
+    refreshPlace();
 }
 
 void ObjectPanel::setForm(int form)
@@ -213,11 +207,10 @@ void ObjectPanel::setForm(int form)
     Q_EMIT m_selection->pageWanted();
 }
 
-void ObjectPanel::refreshText()
+void ObjectPanel::refresh()
 {
-    const bool isText = !m_selection->openTexts().isEmpty();
-    m_direction->setEnabled(isText);
-    m_form->setEnabled(isText);
+    m_direction->setEnabled(m_selection->canChange(horizontalKey));
+    m_form->setEnabled(m_selection->canChange(wrapKey));
     const QVariant horizontal = m_selection->value(horizontalKey);
     m_direction->setCurrentIndex(horizontal.isValid() ? int(!horizontal.toBool()) : -1);
     const QVariant wraps = m_selection->value(wrapKey);
@@ -234,16 +227,9 @@ void ObjectPanel::refreshText()
 void ObjectPanel::refreshPlace()
 {
     const QList<CVXRootObject *> all = m_selection->objects();
-    setEnabled(!openObjects().isEmpty());
+    setEnabled(!m_selection->openObjects().isEmpty());
     for (const Place &place : m_places)
         place.field->show(common(all, place.read));
-    for (const Flag &flag : m_flags) {
-        const QSignalBlocker blocker(flag.box);
-        const QVariant value = common(all, flag.read);
-        flag.box->setTristate(!value.isValid() && !all.isEmpty());
-        if (value.isValid() || all.isEmpty())
-            flag.box->setChecked(value.toBool());
-        else
-            flag.box->setCheckState(Qt::PartiallyChecked);
-    }
+    for (const Flag &flag : m_flags)
+        flag.box->show(all.isEmpty() ? QVariant(false) : common(all, flag.read));
 }

@@ -3,26 +3,26 @@
 #ifndef PAGEHOST_OBJECTPANEL_H
 #define PAGEHOST_OBJECTPANEL_H
 
-#include <QVariant>
-#include <QWidget>
+#include "app/pagehost/panel.h"
 
 #include <vector>
 
 class CVXRootObject;
-class NumberField;
-class QCheckBox;
+class FlagBox;
 class QComboBox;
 class QFormLayout;
-class TextSelection;
 
 /// Shows and changes the direction of the text, how it takes its room, the mirror images, and place,
 /// size and angle in exact numbers.
-class ObjectPanel : public QWidget
+class ObjectPanel : public Panel
 {
     Q_OBJECT
 
 public:
     explicit ObjectPanel(TextSelection *selection);
+
+protected:
+    void refresh() override;
 
 private:
     using Read = double (*)(CVXRootObject *object);
@@ -33,20 +33,21 @@ private:
         Read read;
     };
     struct Flag {
-        QCheckBox *box;
+        FlagBox *box;
         ReadFlag read;
     };
 
+    void addText(QFormLayout *form);
+    void addMirrors(QFormLayout *form);
+    void addPlaces(QFormLayout *form);
     void addPlace(QFormLayout *form, const char *name, NumberField *field, const char *stepName,
                   Read read, Write write);
     void addFlag(QFormLayout *form, const char *name, const QString &text, bool flips,
                  ReadFlag read);
-    QList<CVXRootObject *> openObjects() const;
+    void changeAll(const QString &stepName, const std::function<void(CVXRootObject *)> &change);
     void setForm(int form);
-    void refreshText();
     void refreshPlace();
 
-    TextSelection *m_selection;
     QComboBox *m_direction;
     QComboBox *m_form;
     std::vector<Place> m_places;

@@ -43,9 +43,17 @@ NumberField::NumberField(const QString &name, double smallest, double largest, i
     if (!unit.isEmpty())
         setSuffix(QLatin1Char(' ') + unit);
     setKeyboardTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
     setMinimumWidth(72);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
     connect(this, &QAbstractSpinBox::editingFinished, this, &NumberField::commit);
+}
+
+/// What is shown already is not set again: a panel shows its values after every key.
+bool NumberField::shows(bool isNumber, double number) const
+{
+    return !m_isTyping && m_isMixed == !isNumber && (m_isMixed || m_shown == number)
+           && (m_isMixed ? lineEdit()->text().isEmpty() : !lineEdit()->isModified());
 }
 
 void NumberField::show(const QVariant &value)
@@ -54,6 +62,8 @@ void NumberField::show(const QVariant &value)
         return; // the user is at it
     bool isNumber = false;
     const double number = value.toDouble(&isNumber);
+    if (shows(isNumber, number))
+        return;
     const QSignalBlocker blocker(this);
     m_isTyping = false;
     m_isMixed = !isNumber;
@@ -99,28 +109,64 @@ QString NumberField::textFromValue(double value) const
 
 void NumberField::stepBy(int steps)
 {
+    if (m_isTyping)
+        interpretText();
     const double from = m_isMixed && !m_isTyping ? m_start : value();
+    const double to = qBound(minimum(), from + steps * singleStep(), maximum());
+    const bool goesOn = m_isStepping;
+    if (to == m_shown && !m_isMixed)
+        return;
+    if (!goesOn)
+        m_beforeSteps = shown();
+    m_isStepping = true;
     m_isMixed = false;
-    setValue(from + steps * singleStep());
+    setValue(to);
     m_isTyping = false;
     m_shown = value();
-    Q_EMIT entered(m_shown);
+    Q_EMIT stepped(m_shown, goesOn);
 }
 
 void NumberField::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {
-        m_isTyping = false;
-        show(m_isMixed ? QVariant() : QVariant(m_shown));
+        escape();
         event->accept();
-        Q_EMIT left();
         return;
     }
     QDoubleSpinBox::keyPressEvent(event);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        m_isStepping = false;
         event->accept();
         Q_EMIT left();
     }
+}
+
+void NumberField::escape()
+{
+    const bool hasStepped = m_isStepping;
+    const QVariant before = hasStepped ? m_beforeSteps : shown();
+    m_isTyping = false;
+    m_isStepping = false;
+    lineEdit()->setModified(true); // whatever is typed there gives way
+    show(before);
+    if (hasStepped)
+        Q_EMIT givenUp(before);
+    Q_EMIT left();
+}
+
+void NumberField::focusOutEvent(QFocusEvent *event)
+{
+    QDoubleSpinBox::focusOutEvent(event);
+    m_isStepping = false;
+}
+
+/// The wheel scrolls the panel, unless the field has been entered.
+void NumberField::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QDoubleSpinBox::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 void NumberField::commit()
@@ -128,6 +174,7 @@ void NumberField::commit()
     if (!m_isTyping)
         return;
     m_isTyping = false;
+    m_isStepping = false;
     const double number = value();
     const bool isNew = m_isMixed || number != m_shown;
     m_isMixed = false;
@@ -159,6 +206,8 @@ void FlagButton::show(const QVariant &value)
 
 void FlagButton::setMixed(bool mixed)
 {
+    if (m_isMixed == mixed)
+        return;
     m_isMixed = mixed;
     setAccessibleDescription(mixed ? tr("On for a part") : QString());
     update();
@@ -172,6 +221,29 @@ void FlagButton::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.fillRect(QRect(6, height() - signHeight - 1, width() - 12, signHeight),
                      palette().brush(QPalette::Highlight));
+}
+
+// FlagBox
+
+FlagBox::FlagBox(const QString &name)
+    : QCheckBox(name)
+{
+    setAccessibleName(name);
+    setFocusPolicy(Qt::TabFocus);
+    connect(this, &QAbstractButton::clicked, this, [this] {
+        const bool on = checkState() != Qt::Unchecked;
+        show(on);
+        Q_EMIT chosen(on);
+    });
+}
+
+void FlagBox::show(const QVariant &value)
+{
+    const QSignalBlocker blocker(this);
+    setTristate(!value.isValid());
+    setCheckState(!value.isValid() ? Qt::PartiallyChecked
+                  : value.toBool() ? Qt::Checked
+                                   : Qt::Unchecked);
 }
 
 // ColorButton
@@ -188,7 +260,10 @@ ColorButton::ColorButton(const QString &name)
 
 void ColorButton::show(const QVariant &value)
 {
-    m_color = value.value<QColor>();
+    const auto color = value.value<QColor>();
+    if (color == m_color && !icon().isNull())
+        return;
+    m_color = color;
     setIcon(swatch(m_color, *this));
     setAccessibleDescription(m_color.isValid() ? m_color.name() : tr("Several colors"));
 }

@@ -3,13 +3,15 @@
 #ifndef PAGEHOST_PANELFIELDS_H
 #define PAGEHOST_PANELFIELDS_H
 
+#include <QCheckBox>
 #include <QColor>
 #include <QDoubleSpinBox>
 #include <QSlider>
 #include <QToolButton>
 #include <QVariant>
 
-/// A number, or nothing when there are several. Enter and Tab take what is typed, Escape gives it up.
+/// A number, or nothing when there are several. Enter and Tab take what is typed; Escape gives it up, and
+/// all steps up and down since the field got the focus, or since Enter, with it.
 class NumberField : public QDoubleSpinBox
 {
     Q_OBJECT
@@ -27,8 +29,14 @@ public:
     void stepBy(int steps) override;
 
 Q_SIGNALS:
-    /// The user wants \a value.
+    /// The user wants \a value, and has typed it.
     void entered(double value);
+    /// The user has stepped up or down to \a value. \a goesOn: it takes the place of the value before,
+    /// which was stepped to as well.
+    void stepped(double value, bool goesOn);
+    /// The user has taken back the steps up and down: \a before is what was shown ahead of them, invalid
+    /// for several values.
+    void givenUp(const QVariant &before);
     /// The user has left the field by Enter or Escape.
     void left();
 
@@ -36,15 +44,22 @@ protected:
     QString textFromValue(double value) const override;
     void keyPressEvent(QKeyEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     void commit();
     void clearText();
+    void escape();
+    bool shows(bool isNumber, double number) const;
+    QVariant shown() const { return m_isMixed ? QVariant() : QVariant(m_shown); }
 
     double m_start;
     double m_shown = 0;
     bool m_isMixed = true;
     bool m_isTyping = false;
+    bool m_isStepping = false;
+    QVariant m_beforeSteps;
 };
 
 /// A button that is on, off, or neither when there are both. A click makes it on or off and leaves the
@@ -67,6 +82,22 @@ private:
     void setMixed(bool mixed);
 
     bool m_isMixed = false;
+};
+
+/// The same as a box with its name beside it.
+class FlagBox : public QCheckBox
+{
+    Q_OBJECT
+
+public:
+    explicit FlagBox(const QString &name);
+
+    /// Shows \a value; neither for an invalid one. Tells nobody.
+    void show(const QVariant &value);
+
+Q_SIGNALS:
+    /// The user wants it \a on; what was neither is on first.
+    void chosen(bool on);
 };
 
 /// A colour, or a crossed field when there are several.

@@ -5,14 +5,14 @@
 #include "app/pagehost/panelfields.h"
 #include "app/pagehost/textselection.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QPainter>
 #include <QPixmap>
-#include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace {
 
@@ -61,7 +61,7 @@ QPixmap pictureOf(const AlignmentRow &row, const QPalette &palette)
 } // namespace
 
 ParagraphPanel::ParagraphPanel(TextSelection *selection)
-    : m_selection(selection)
+    : Panel(selection)
     , m_headTail(new QComboBox)
 {
     auto *form = new QFormLayout(this);
@@ -73,18 +73,9 @@ ParagraphPanel::ParagraphPanel(TextSelection *selection)
               tr("Space before")); // deliberate: the keys are crossed
     addNumber(form, "paragraph_before_space", tr("Space after"));
 
-    m_headTail->setObjectName(headTailKey);
-    m_headTail->setAccessibleName(tr("Punctuation at line ends"));
-    m_headTail->addItems({tr("Off"), tr("Relaxed"), tr("Strict")});
-    form->addRow(tr("Line ends"), m_headTail);
-    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this, [this](int rule) {
-        m_selection->apply({{headTailKey, rule}});
-        Q_EMIT m_selection->pageWanted();
-    });
+    addHeadTail(form);
     addCheck(form, "paragraph_punctuation_extra", tr("Half-width Han punctuation"));
     addCheck(form, "text_ligature", tr("Hyphenation"));
-    connect(m_selection, &TextSelection::changed, this, &ParagraphPanel::refresh);
-    refresh();
 }
 
 void ParagraphPanel::addAlignments(QFormLayout *form)
@@ -113,28 +104,33 @@ void ParagraphPanel::addNumber(QFormLayout *form, const char *key, const QString
     field->setObjectName(attribute);
     form->addRow(name, field);
     m_numbers.insert(attribute, field);
-    connect(field, &NumberField::entered, this, [this, attribute](double value) {
+    connectNumber(field, [this, attribute](double value) {
         m_selection->apply({{attribute, value}});
     });
-    connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
 }
 
-QCheckBox *ParagraphPanel::addCheck(QFormLayout *form, const char *key, const QString &name)
+void ParagraphPanel::addHeadTail(QFormLayout *form)
+{
+    m_headTail->setObjectName(headTailKey);
+    m_headTail->setAccessibleName(tr("Punctuation at line ends"));
+    m_headTail->addItems({tr("Off"), tr("Relaxed"), tr("Strict")});
+    form->addRow(tr("Line ends"), m_headTail);
+    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this, [this](int rule) {
+        m_selection->apply({{headTailKey, rule}});
+        Q_EMIT m_selection->pageWanted();
+    });
+}
+
+void ParagraphPanel::addCheck(QFormLayout *form, const char *key, const QString &name)
 {
     const QString attribute = QLatin1String(key);
-    auto *box = new QCheckBox(name);
-    box->setAccessibleName(name);
+    auto *box = new FlagBox(name);
     box->setObjectName(attribute);
-    box->setFocusPolicy(Qt::TabFocus);
     form->addRow(box);
     m_checks.insert(attribute, box);
-    connect(box, &QCheckBox::clicked, this, [this, box, attribute] {
-        const bool on = box->checkState() != Qt::Unchecked;
-        box->setTristate(false);
-        box->setChecked(on);
+    connect(box, &FlagBox::chosen, this, [this, attribute](bool on) {
         m_selection->apply({{attribute, attribute == extraKey ? QVariant(int(on)) : QVariant(on)}});
     });
-    return box;
 }
 
 /// Lines and columns know an alignment by different numbers.
@@ -148,36 +144,41 @@ void ParagraphPanel::setAlignment(const QString &name)
 
 void ParagraphPanel::refresh()
 {
-    setEnabled(!m_selection->openTexts().isEmpty());
+    m_selection->wantRuns();
+    setEnabled(m_selection->canChange(alignmentKey));
     refreshAlignments();
     for (auto it = m_numbers.constBegin(); it != m_numbers.constEnd(); ++it) {
-        QVariant value = m_selection->value(it.key());
-        if (value.isValid() && value.toString().isEmpty() && !m_selection->isEditing())
-            value = 0; // was never set
-        it.value()->show(value);
+        it.value()->show(m_selection->value(it.key()));
+        it.value()->setEnabled(m_selection->canChange(it.key()));
     }
     for (auto it = m_checks.constBegin(); it != m_checks.constEnd(); ++it) {
-        const QSignalBlocker blocker(it.value());
-        const QVariant value = m_selection->value(it.key());
-        it.value()->setTristate(!value.isValid());
-        if (value.isValid())
-            it.value()->setChecked(value.toInt() != 0);
-        else
-            it.value()->setCheckState(Qt::PartiallyChecked);
+        it.value()->show(m_selection->value(it.key()));
+        it.value()->setEnabled(m_selection->canChange(it.key()));
     }
     const QVariant rule = m_selection->value(headTailKey);
     m_headTail->setCurrentIndex(rule.isValid() ? qBound(0, rule.toInt(), 2) : -1);
+    m_headTail->setEnabled(m_selection->canChange(headTailKey));
 }
 
+/// Of several alignments each is shown as there for a part.
 void ParagraphPanel::refreshAlignments()
 {
-    const QVariant value = m_selection->value(alignmentKey);
     const bool isVertical = !m_selection->value(QStringLiteral("text_horizontal")).toBool();
     const bool isBox = m_selection->value(QStringLiteral("text_wordwrap")).toBool();
+    const auto numberOf = [isVertical](const QString &name) {
+        const Alignment alignment = alignmentOf(name);
+        return isVertical ? alignment.inColumns : alignment.inLines;
+    };
+    QVariantList values = m_selection->values(alignmentKey);
+    for (QVariant &value : values) { // what columns do not know stands at their top
+        if (isVertical && value.toInt() < numberOf(QStringLiteral("left")))
+            value = numberOf(QStringLiteral("left"));
+    }
     for (auto it = m_alignments.constBegin(); it != m_alignments.constEnd(); ++it) {
-        const Alignment alignment = alignmentOf(it.key());
-        const int number = isVertical ? alignment.inColumns : alignment.inLines;
-        it.value()->show(value.isValid() ? QVariant(value.toInt() == number) : QVariant());
-        it.value()->setEnabled(isBox || !alignment.forBoxes);
+        const bool isThere = std::any_of(values.begin(), values.end(), [&](const QVariant &value) {
+            return value.toInt() == numberOf(it.key());
+        });
+        it.value()->show(isThere && values.size() > 1 ? QVariant() : QVariant(isThere));
+        it.value()->setEnabled(isBox || !alignmentOf(it.key()).forBoxes);
     }
 }

@@ -3,38 +3,37 @@
 #ifndef PAGEHOST_PARAGRAPHPANEL_H
 #define PAGEHOST_PARAGRAPHPANEL_H
 
-#include <QHash>
-#include <QList>
-#include <QWidget>
+#include "app/pagehost/panel.h"
 
+#include <QHash>
+
+class FlagBox;
 class FlagButton;
-class NumberField;
-class QCheckBox;
 class QComboBox;
 class QFormLayout;
-class QLayout;
-class TextSelection;
 
 /// Shows and changes the attributes of paragraphs.
-class ParagraphPanel : public QWidget
+class ParagraphPanel : public Panel
 {
     Q_OBJECT
 
 public:
     explicit ParagraphPanel(TextSelection *selection);
 
+protected:
+    void refresh() override;
+
 private:
     void addAlignments(QFormLayout *form);
     void addNumber(QFormLayout *form, const char *key, const QString &name);
-    QCheckBox *addCheck(QFormLayout *form, const char *key, const QString &name);
+    void addHeadTail(QFormLayout *form);
+    void addCheck(QFormLayout *form, const char *key, const QString &name);
     void setAlignment(const QString &name);
-    void refresh();
     void refreshAlignments();
 
-    TextSelection *m_selection;
     QHash<QString, FlagButton *> m_alignments; ///< by name
     QHash<QString, NumberField *> m_numbers;
-    QHash<QString, QCheckBox *> m_checks;
+    QHash<QString, FlagBox *> m_checks;
     QComboBox *m_headTail;
 };
 

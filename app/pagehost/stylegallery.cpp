@@ -11,6 +11,7 @@ constexpr int cellMargin = 8;
 constexpr int linesOfName = 2;
 constexpr int picturesAtATime = 4;
 constexpr int pictureDelay = 60; // ms ahead of the next pictures, for keys to come first
+constexpr int wordsDelay = 700;  // ms without other words, which are being typed
 
 } // namespace
 
@@ -46,6 +47,8 @@ void StyleGallery::setSample(const SampleText &text, int variant)
 {
     if (text == m_text && variant == m_variant)
         return;
+    const bool isTyped = text.words != m_text.words && !m_text.words.isEmpty();
+    m_timer.setInterval(isTyped ? wordsDelay : pictureDelay);
     m_text = text;
     m_variant = variant;
     m_next = 0;
@@ -77,7 +80,7 @@ int StyleGallery::style() const
 void StyleGallery::paintEvent(QPaintEvent *event)
 {
     QListWidget::paintEvent(event);
-    if (m_next < count() && !m_timer.isActive())
+    if (isStale() && !m_timer.isActive())
         m_timer.start();
 }
 
@@ -107,8 +110,10 @@ void StyleGallery::makeNext()
         QIcon icon(picture);
         icon.addPixmap(picture, QIcon::Selected); // as it is, without a tint
         next->setIcon(icon);
+        Q_EMIT pictureMade(next->data(Qt::UserRole).toInt());
     }
-    if (m_next < count())
+    m_timer.setInterval(pictureDelay);
+    if (isStale())
         m_timer.start();
 }
 

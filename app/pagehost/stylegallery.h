@@ -10,8 +10,8 @@
 
 #include <functional>
 
-/// Pictures are made when the gallery is first seen with other words, a few at a time. One behind
-/// another panel makes none.
+/// Pictures are made when the gallery is first seen with other words, a few at a time, and not before the
+/// words have stood for a moment. One behind another panel makes none.
 class StyleGallery : public QListWidget
 {
     Q_OBJECT
@@ -27,6 +27,8 @@ public:
     /// What the pictures show from now on. Further remarks in \a variant, such as an orientation, make
     /// new pictures too.
     void setSample(const SampleText &text, int variant = 0);
+    /// True while there are pictures to make.
+    bool isStale() const { return m_next < count(); }
     /// Marks \a style as the one in force; a style that is not there marks none. Tells nobody.
     void show(int style);
     /// The style in force as the user sees it; -1 for none.
@@ -34,6 +36,8 @@ public:
 
 Q_SIGNALS:
     void picked(int style);
+    /// A picture of \a style has been made.
+    void pictureMade(int style);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/textselection.h"
 
-#include "app/page/textobject.h"
+#include "app/pagehost/artlook.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QGraphicsItem>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -18,68 +18,40 @@ constexpr int runDelay = 120;      // ms without a change after which runs are r
 constexpr int longestRead = 50000; // characters of a text whose runs are read
 constexpr int sampleLength = 12;   // characters
 const QString attributeStep = QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE");
-const QLatin1String documentDataKey("document_data");
-const QLatin1String contentKey("content");
 
-/// The document of \a object as its record tells it; empty for an object without one.
-QJsonObject documentOf(CVXRootObject *object)
+bool isLocked(const CVXRootObject *object)
 {
-    IVxPage *page = object->GetPage();
-    object->setBelongPage(nullptr); // away from its page it stores no picture
-    QJsonObject record;
-    const bool isWritten = object->saveJson(record);
-    object->setBelongPage(page);
-    if (!isWritten)
-        return {};
-    for (const QJsonValue &member : qAsConst(record)) {
-        const QJsonValue data = member.toObject().value(documentDataKey);
-        if (data.isString())
-            return QJsonDocument::fromJson(data.toString().toUtf8()).object();
-    }
-    return {};
+    return object->isLocked();
 }
 
-/// Gathers the keys under which the parts of one text differ.
-class Comparison
+/// \a attributes with the form that an edited \a object has, when its direction is among them: the
+/// direction alone is recorded by no step of an edit.
+AttributeMap recorded(CVXRootObject *object, AttributeMap attributes)
 {
-public:
-    void take(const QJsonObject &part)
-    {
-        if (m_isFirst) {
-            m_first = part;
-            m_isFirst = false;
-            return;
-        }
-        for (auto it = part.constBegin(); it != part.constEnd(); ++it) {
-            if (it.key() != contentKey && m_first.value(it.key()) != it.value())
-                m_different.insert(it.key());
-        }
-    }
-    QSet<QString> different() const { return m_different; }
+    const QString formKeys[] = {QStringLiteral("text_wordwrap"),
+                                QStringLiteral("text_auto_wordwrap")};
+    if (!attributes.contains(QStringLiteral("text_horizontal")) || attributes.contains(formKeys[0]))
+        return attributes;
+    AttributeMap now;
+    object->getAllAttributes(now);
+    for (const QString &key : formKeys)
+        attributes.insert(key, now.value(key));
+    return attributes;
+}
 
-private:
-    QJsonObject m_first;
-    bool m_isFirst = true;
-    QSet<QString> m_different;
-};
-
-/// The keys that have several values in \a document.
-QSet<QString> mixedKeys(const QJsonObject &document)
+/// The first words of \a text; empty for blanks alone.
+QString firstWords(const QString &text)
 {
-    Comparison runs;
-    Comparison blocks;
-    const QJsonArray blockList = document.value(QLatin1String("block")).toArray();
-    const QJsonArray runLists = document.value(QLatin1String("fragment")).toArray();
-    for (const QJsonValue &block : blockList)
-        blocks.take(block.toObject());
-    for (const QJsonValue &list : runLists) {
-        const QJsonArray runList = list.toArray();
-        for (const QJsonValue &run : runList) {
-            if (!run.toObject().value(contentKey).toString().isEmpty())
-                runs.take(run.toObject());
-        }
-    }
-    return runs.different() + blocks.different();
+    int start = 0;
+    while (start < text.size() && text.at(start).isSpace())
+        ++start;
+    QString words = text.mid(start, sampleLength);
+    const int lineEnd = words.indexOf(QLatin1Char('\n'));
+    if (lineEnd >= 0)
+        words.truncate(lineEnd);
+    if (words.size() == sampleLength && words.at(words.size() - 1).isHighSurrogate())
+        words.chop(1);
+    return words.trimmed();
 }
 
 } // namespace
@@ -98,6 +70,8 @@ void TextSelection::setSession(PageSession *session)
         m_session->disconnect(this);
     m_session = session;
     m_values.clear();
+    m_runs.clear();
+    m_ownIndex = -1;
     m_seenObjects.clear();
     m_seenIndex = -1;
     if (session)
@@ -137,12 +111,15 @@ QList<CVXRootObject *> TextSelection::texts() const
 
 QList<CVXRootObject *> TextSelection::openTexts() const
 {
-    QList<CVXRootObject *> open;
-    const QList<CVXRootObject *> all = texts();
-    for (CVXRootObject *object : all) {
-        if (!object->isLocked())
-            open.append(object);
-    }
+    QList<CVXRootObject *> open = texts();
+    open.erase(std::remove_if(open.begin(), open.end(), isLocked), open.end());
+    return open;
+}
+
+QList<CVXRootObject *> TextSelection::openObjects() const
+{
+    QList<CVXRootObject *> open = objects();
+    open.erase(std::remove_if(open.begin(), open.end(), isLocked), open.end());
     return open;
 }
 
@@ -151,38 +128,83 @@ bool TextSelection::isEditing() const
     return m_session && m_session->editedObject();
 }
 
+bool TextSelection::isAtCaret() const
+{
+    const QList<CVXRootObject *> all = isEditing() ? texts() : QList<CVXRootObject *>();
+    return !all.isEmpty() && !m_runs.value(all.constFirst()).hasSelection;
+}
+
 void TextSelection::takeAttributes(CVXRootObject *object, const AttributeMap &values)
 {
     if (!m_session || !m_session->page()->objects().contains(object))
         return; // a sample
-    m_values.insert(object, values);
+    if (TextCommands::isRichText(object))
+        m_values.insert(object, values);
+    else
+        m_values.remove(object); // whose look is more than that
     announce();
 }
 
 /// Attributes that no notification has told since the selection changed are asked for.
-AttributeMap TextSelection::attributesOf(CVXRootObject *object) const
+const AttributeMap &TextSelection::attributesOf(CVXRootObject *object) const
 {
     auto it = m_values.find(object);
     if (it == m_values.end()) {
         AttributeMap values;
-        object->getAllAttributes(values);
+        if (TextCommands::isRichText(object))
+            object->getAllAttributes(values);
+        else if (TextCommands::isArtText(object))
+            values = ArtLook::attributes(object);
         it = m_values.insert(object, values);
     }
     return *it;
 }
 
+/// Nothing of an object that does not know \a key.
+QVariantList TextSelection::valuesOf(CVXRootObject *object, const QString &key) const
+{
+    const AttributeMap &attributes = attributesOf(object);
+    const auto value = attributes.constFind(key);
+    if (value == attributes.constEnd())
+        return {};
+    const auto runs = m_runs.constFind(object);
+    if (runs != m_runs.constEnd() && runs->different.contains(key))
+        return runs->different.value(key);
+    return {plainValue(key, *value)};
+}
+
+bool TextSelection::canChange(const QString &key) const
+{
+    const QList<CVXRootObject *> open = openObjects();
+    return std::any_of(open.begin(), open.end(),
+                       [&](CVXRootObject *object) { return attributesOf(object).contains(key); });
+}
+
+QVariantList TextSelection::values(const QString &key) const
+{
+    QVariantList all;
+    const QList<CVXRootObject *> objectList = objects();
+    for (CVXRootObject *object : objectList) {
+        const QVariantList own = valuesOf(object, key);
+        for (const QVariant &value : own) {
+            if (!all.contains(value))
+                all.append(value);
+        }
+    }
+    return all;
+}
+
 QVariant TextSelection::value(const QString &key) const
 {
-    if (m_mixed.contains(key))
-        return {};
     QVariant common;
-    const QList<CVXRootObject *> all = texts();
+    const QList<CVXRootObject *> all = objects();
     for (CVXRootObject *object : all) {
-        const QVariant value = attributesOf(object).value(key);
-        if (object == all.constFirst())
-            common = value;
-        else if (value != common)
+        const QVariantList own = valuesOf(object, key);
+        if (own.isEmpty())
+            continue;
+        if (own.size() > 1 || (common.isValid() && common != own.constFirst()))
             return {};
+        common = own.constFirst();
     }
     return common;
 }
@@ -191,48 +213,92 @@ QString TextSelection::sampleWords() const
 {
     const QList<CVXRootObject *> all = objects();
     for (CVXRootObject *object : all) {
-        const QStringList lines = TextCommands::plainText(object).split(QLatin1Char('\n'));
-        for (const QString &line : lines) {
-            const QString words = line.trimmed();
-            if (words.isEmpty())
-                continue;
-            const bool cutsPair = words.size() > sampleLength
-                                  && words.at(sampleLength - 1).isHighSurrogate();
-            return words.left(cutsPair ? sampleLength - 1 : sampleLength);
-        }
+        const QString words = firstWords(TextCommands::plainText(object));
+        if (!words.isEmpty())
+            return words;
     }
     return tr("Text");
 }
 
 void TextSelection::apply(const AttributeMap &attributes)
 {
-    const QList<CVXRootObject *> open = openTexts();
-    if (open.isEmpty())
+    if (!m_session)
+        return;
+    CVXRootObject *edited = m_session->editedObject();
+    if (edited && TextCommands::isArtText(edited))
+        m_session->endEdit();
+    const QList<CVXRootObject *> open = openObjects();
+    const auto change = [&] {
+        for (CVXRootObject *object : open) {
+            if (TextCommands::isRichText(object))
+                object->setAllAttributes(recorded(object, attributes), /*withUndo=*/true);
+            else if (TextCommands::isArtText(object))
+                ArtLook::change(object, attributes, *m_session->undoStack());
+        }
+    };
+    asOneStep(attributeStep, change);
+    for (RunValues &runs : m_runs) { // which are the same everywhere now
+        for (auto it = attributes.constBegin(); it != attributes.constEnd(); ++it)
+            runs.different.remove(it.key());
+    }
+}
+
+void TextSelection::asOneStep(const QString &name, const std::function<void()> &change)
+{
+    if (!m_session)
         return;
     CUndoRedo *stack = m_session->undoStack();
-    if (open.size() > 1)
-        stack->beginGroup(attributeStep);
-    for (CVXRootObject *object : open)
-        object->setAllAttributes(attributes, /*withUndo=*/true);
-    if (open.size() > 1)
+    if (isEditing()) {
+        m_session->recordNewText();
+        m_session->noteEditInput();
+    }
+    const int before = stack->index();
+    // Deliberate: in an edit the one object records what was typed as a step of its own, ahead of its
+    // change. In a group the undo of the change would take the typed text with it.
+    const bool isGroup = !isEditing();
+    if (isGroup)
+        stack->beginGroup(name);
+    change();
+    if (isGroup)
         stack->endGroup();
+    m_ownIndex = stack->index() > before ? stack->index() : -1;
     m_values.clear();
     announce();
+}
+
+bool TextSelection::takeBack()
+{
+    const int index = std::exchange(m_ownIndex, -1);
+    if (!m_session || index <= 0 || m_session->undoStack()->index() != index)
+        return false;
+    CUndoRedo *stack = m_session->undoStack();
+    stack->undo();
+    const_cast<QUndoCommand *>(stack->command(index - 1))->setObsolete(true);
+    stack->redo(); // throws an obsolete step away, and does nothing else
+    m_values.clear();
+    announce();
+    return true;
+}
+
+void TextSelection::wantRuns()
+{
+    if (m_runsAreStale && !m_runTimer.isActive())
+        m_runTimer.start();
 }
 
 void TextSelection::readRuns()
 {
     m_runTimer.stop();
-    QSet<QString> mixed;
-    // Deliberate: no record is asked of an edited text, for its edit would end.
-    const QList<CVXRootObject *> all = isEditing() ? QList<CVXRootObject *>() : texts();
+    m_runsAreStale = false;
+    QHash<CVXRootObject *, RunValues> runs;
+    const QList<CVXRootObject *> all = texts();
     for (CVXRootObject *object : all) {
         if (attributesOf(object).value(QStringLiteral("text")).toString().size() <= longestRead)
-            mixed += mixedKeys(documentOf(object));
+            runs.insert(object, runValuesOf(object, isEditing()));
     }
-    if (mixed == m_mixed)
+    if (runs == m_runs)
         return;
-    m_mixed = mixed;
+    m_runs = runs;
     Q_EMIT changed();
 }
 
@@ -243,7 +309,7 @@ void TextSelection::look()
     const int index = m_session ? m_session->undoStack()->index() : -1;
     if (now != m_seenObjects || index != m_seenIndex) {
         if (now != m_seenObjects)
-            m_mixed.clear();
+            m_runs.clear();
         m_seenObjects = now;
         m_seenIndex = index;
         m_values.clear();
@@ -260,7 +326,8 @@ void TextSelection::announce()
     m_announced = true;
     QTimer::singleShot(0, this, [this] {
         m_announced = false;
-        m_runTimer.start();
+        m_runsAreStale = true;
+        m_runTimer.stop(); // and begins anew when somebody wants them still
         Q_EMIT changed();
     });
 }

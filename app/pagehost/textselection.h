@@ -3,15 +3,16 @@
 #ifndef PAGEHOST_TEXTSELECTION_H
 #define PAGEHOST_TEXTSELECTION_H
 
+#include "app/pagehost/runvalues.h"
 #include "host/framework/hosttypes.h"
 
 #include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
-#include <QSet>
-#include <QStringList>
 #include <QTimer>
+
+#include <functional>
 
 class CVXRootObject;
 class PageSession;
@@ -33,6 +34,8 @@ public:
 
     /// The edited object alone, or the selected objects; lowest first.
     QList<CVXRootObject *> objects() const;
+    /// Those of objects() that are not locked.
+    QList<CVXRootObject *> openObjects() const;
     /// Those of objects() that are rich texts.
     QList<CVXRootObject *> texts() const;
     /// Those of texts() that may be changed.
@@ -40,15 +43,31 @@ public:
     /// True while one text of texts() is edited.
     bool isEditing() const;
 
-    /// The value that all texts have under \a key. Invalid when they differ, when one of them has
-    /// several, and without a text.
+    /// True when a selected object that may be changed knows \a key.
+    bool canChange(const QString &key) const;
+    /// True while a text is edited without a selection in it.
+    bool isAtCaret() const;
+    /// The value that all objects have under \a key which know it; what was never set has the value that
+    /// it looks like. Invalid when they differ, when one of them has several, and without an object.
     QVariant value(const QString &key) const;
+    /// All of their values, each once.
+    QVariantList values(const QString &key) const;
     /// The first words of the first object with a text, for samples of it; a word of ours without one.
     QString sampleWords() const;
 
-    /// Gives all open texts \a attributes, in one step.
+    /// Gives all objects that may be changed those of \a attributes that they know, in one step. An art
+    /// text takes them when its edit has ended.
     void apply(const AttributeMap &attributes);
-    /// Reads the runs of the texts now instead of a moment after the last change.
+    /// Makes one step called \a name of all that \a change records; what was typed in an open edit stays
+    /// a step of its own.
+    void asOneStep(const QString &name, const std::function<void()> &change);
+    /// Undoes the step of the last apply() or asOneStep() and throws it away. False, and nothing happens,
+    /// when that has made none or another step has come since.
+    bool takeBack();
+
+    /// To be called by who shows values of runs: they are read when nothing has changed for a moment.
+    void wantRuns();
+    /// Reads the runs of the texts now.
     void readRuns();
 
 Q_SIGNALS:
@@ -62,14 +81,17 @@ Q_SIGNALS:
 private:
     void look();
     void announce();
-    AttributeMap attributesOf(CVXRootObject *object) const;
+    const AttributeMap &attributesOf(CVXRootObject *object) const;
+    QVariantList valuesOf(CVXRootObject *object, const QString &key) const;
 
     QPointer<PageSession> m_session;
     QList<CVXRootObject *> m_seenObjects; ///< to compare with, never to call
     int m_seenIndex = -1;                 ///< of the undo stack
     mutable QHash<CVXRootObject *, AttributeMap> m_values;
-    QSet<QString> m_mixed; ///< keys with several values within one text
+    QHash<CVXRootObject *, RunValues> m_runs;
     QTimer m_runTimer;
+    bool m_runsAreStale = true;
+    int m_ownIndex = -1; ///< of the stack behind the last step of a panel; -1 for none
     bool m_announced = false;
 };
 

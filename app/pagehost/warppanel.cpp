@@ -45,7 +45,7 @@ void send(CVXRootObject *object, const TextWarp &warp, bool commit)
 } // namespace
 
 WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
-    : m_selection(selection)
+    : Panel(selection)
     , m_orientation(new QComboBox)
     , m_reset(new QPushButton(tr("Reset")))
 {
@@ -62,6 +62,16 @@ WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
     column->addWidget(m_gallery, 1);
     auto *form = new QFormLayout;
     column->addLayout(form);
+    addControls(form);
+    m_reset->setObjectName(QStringLiteral("warpReset"));
+    m_reset->setAccessibleName(tr("Reset the warp"));
+    m_reset->setFocusPolicy(Qt::TabFocus);
+    column->addWidget(m_reset);
+    connect(m_reset, &QAbstractButton::clicked, this, &WarpPanel::reset);
+}
+
+void WarpPanel::addControls(QFormLayout *form)
+{
     addValue(form, m_bend, tr("Bend"), "warp_value", &TextWarp::value);
     addValue(form, m_horizontal, tr("Horizontal"), "warp_horizontal_value", &TextWarp::horizontal);
     addValue(form, m_vertical, tr("Vertical"), "warp_vertical_value", &TextWarp::vertical);
@@ -73,13 +83,6 @@ WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
         setOrientation(index == 1);
         Q_EMIT m_selection->pageWanted();
     });
-    m_reset->setObjectName(QStringLiteral("warpReset"));
-    m_reset->setAccessibleName(tr("Reset the warp"));
-    m_reset->setFocusPolicy(Qt::TabFocus);
-    column->addWidget(m_reset);
-    connect(m_reset, &QAbstractButton::clicked, this, &WarpPanel::reset);
-    connect(m_selection, &TextSelection::changed, this, &WarpPanel::refresh);
-    refresh();
 }
 
 void WarpPanel::addValue(QFormLayout *form, Value &value, const QString &name, const char *key,
@@ -106,10 +109,9 @@ void WarpPanel::addValue(QFormLayout *form, Value &value, const QString &name, c
             Q_EMIT m_selection->pageWanted();
     });
     connect(value.slider, &LiveSlider::cancelled, this, &WarpPanel::restore);
-    connect(value.field, &NumberField::entered, this, [this, &value](double percent) {
+    connectNumber(value.field, [this, &value](double percent) {
         setPart(value.part, percent / wholePercent, /*commit=*/true);
     });
-    connect(value.field, &NumberField::left, m_selection, &TextSelection::pageWanted);
 }
 
 /// A text that lacks a font shows a picture and is not bent.
@@ -137,22 +139,20 @@ TextWarp WarpPanel::warpOf(CVXRootObject *object) const
 }
 
 /// Lets \a edit change the warp of all targets: to be seen for now, or as one step.
-template<typename Edit>
-void WarpPanel::change(bool commit, const Edit &edit)
+void WarpPanel::change(bool commit, const std::function<void(TextWarp &warp)> &edit)
 {
     const QList<CVXRootObject *> all = targets();
-    if (all.isEmpty())
-        return;
-    CUndoRedo *stack = m_selection->session()->undoStack();
+    const auto changeAll = [&] {
+        for (CVXRootObject *object : all) {
+            TextWarp warp = warpOf(object);
+            edit(warp);
+            send(object, warp, commit);
+        }
+    };
     if (commit)
-        stack->beginGroup(warpStep);
-    for (CVXRootObject *object : all) {
-        TextWarp warp = warpOf(object);
-        edit(warp);
-        send(object, warp, commit);
-    }
-    if (commit)
-        stack->endGroup();
+        m_selection->asOneStep(warpStep, changeAll);
+    else
+        changeAll();
     m_previewed = commit ? QList<CVXRootObject *>() : all;
 }
 
@@ -201,15 +201,7 @@ void WarpPanel::refresh()
     const QVariant style = m_selection->value(styleKey);
     m_gallery->show(isOpen && style.isValid() ? style.toInt() : -1);
     const bool isBent = isOpen && (!style.isValid() || style.toInt() != 0);
-    for (const Value *value : {&m_bend, &m_horizontal, &m_vertical}) {
-        value->slider->setEnabled(isBent);
-        value->field->setEnabled(isBent);
-        if (value->slider->isSliderDown())
-            continue;
-        const QVariant percent = m_selection->value(QLatin1String(value->key));
-        value->slider->show(percent.toInt());
-        value->field->show(percent);
-    }
+    refreshValues(isBent);
     const QVariant orientation = m_selection->value(orientationKey);
     m_orientation->setCurrentIndex(!orientation.isValid()          ? (isOpen ? -1 : 0)
                                    : orientation.toInt() == across ? 1
@@ -220,4 +212,17 @@ void WarpPanel::refresh()
                           m_selection->value(QStringLiteral("font_family")).toString(),
                           palette().color(QPalette::Text), devicePixelRatioF()},
                          m_orientation->currentIndex());
+}
+
+void WarpPanel::refreshValues(bool isBent)
+{
+    for (const Value *value : {&m_bend, &m_horizontal, &m_vertical}) {
+        value->slider->setEnabled(isBent);
+        value->field->setEnabled(isBent);
+        if (value->slider->isSliderDown())
+            continue;
+        const QVariant percent = m_selection->value(QLatin1String(value->key));
+        value->slider->show(percent.toInt());
+        value->field->show(percent);
+    }
 }

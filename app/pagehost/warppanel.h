@@ -4,27 +4,27 @@
 #define PAGEHOST_WARPPANEL_H
 
 #include "app/page/textwarp.h"
-
-#include <QWidget>
+#include "app/pagehost/panel.h"
 
 class CVXRootObject;
 class LiveSlider;
-class NumberField;
 class PluginLoader;
 class QComboBox;
 class QFormLayout;
 class QPushButton;
 class StyleGallery;
-class TextSelection;
 
 /// A gallery of the styles with the user's own words, and the values of the style. The drag of a slider
 /// shows on the page what it will give; its release makes one step, Escape brings back what was.
-class WarpPanel : public QWidget
+class WarpPanel : public Panel
 {
     Q_OBJECT
 
 public:
     WarpPanel(TextSelection *selection, const PluginLoader *loader);
+
+protected:
+    void refresh() override;
 
 private:
     /// A value from -100 to 100 percent.
@@ -34,8 +34,8 @@ private:
         const char *key = nullptr;        ///< among the attributes, in percent
         double TextWarp::*part = nullptr; ///< -1 to 1
     };
-    using Change = void (*)(TextWarp &warp, double value);
 
+    void addControls(QFormLayout *form);
     void addValue(QFormLayout *form, Value &value, const QString &name, const char *key,
                   double TextWarp::*part);
     QList<CVXRootObject *> targets() const;
@@ -45,11 +45,9 @@ private:
     void setOrientation(bool acrossColumns);
     void reset();
     void restore();
-    template<typename Edit>
-    void change(bool commit, const Edit &edit);
-    void refresh();
+    void change(bool commit, const std::function<void(TextWarp &warp)> &edit);
+    void refreshValues(bool isBent);
 
-    TextSelection *m_selection;
     StyleGallery *m_gallery;
     QComboBox *m_orientation;
     QPushButton *m_reset;

@@ -5,12 +5,16 @@
 
 #include "app/page/framework.h"
 #include "app/page/pluginloader.h"
+#include "app/page/textrecord.h"
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
+#include "app/pagehost/panelfields.h"
 #include "app/pagehost/panels.h"
+#include "app/pagehost/stylegallery.h"
 #include "app/pagehost/textcommands.h"
 #include "app/pagehost/textselection.h"
+#include "app/pagehost/tools.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
@@ -22,7 +26,8 @@ class PanelWindow
 {
 public:
     explicit PanelWindow(const PluginLoader *loader)
-        : m_window((m_framework.setDefaultFont(QStringLiteral("DejaVu Sans"), 24), loader),
+        : m_loader(loader)
+        , m_window((m_framework.setDefaultFont(QStringLiteral("DejaVu Sans"), 24), loader),
                    &m_framework)
     {
         m_window.show();
@@ -63,12 +68,69 @@ public:
             QTest::keyClick(view(), Qt::Key_Left, Qt::ShiftModifier);
         settle();
     }
-    /// Everything that waits for the event loop is done.
+    void selectAllInEdit()
+    {
+        view()->setFocus();
+        QTest::keyClick(view(), Qt::Key_A, Qt::ControlModifier);
+        settle();
+    }
+    /// An art text that shows its hint, selected.
+    CVXRootObject *drawArt()
+    {
+        m_window.setTool(EditorTool::ArtText);
+        const QPoint from = view()->mapFromScene(QPointF(100, 100));
+        const QPoint to = view()->mapFromScene(QPointF(300, 200));
+        QTest::mousePress(view()->viewport(), Qt::LeftButton, {}, from);
+        QMouseEvent move(QEvent::MouseMove, to, view()->viewport()->mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier); // QTest::mouseMove() tells no buttons
+        QCoreApplication::sendEvent(view()->viewport(), &move);
+        QTest::mouseRelease(view()->viewport(), Qt::LeftButton, {}, to);
+        settle();
+        return session()->page()->objects().constLast();
+    }
+    /// Gives the selected texts the warp \a style.
+    void bend(int style)
+    {
+        raise("warpPanel");
+        Q_EMIT find<StyleGallery>("warpPanel", "warpGallery")->picked(style);
+        settle();
+    }
+    /// A line of a font that no machine has, selected.
+    CVXRootObject *addTextWithMissingFont()
+    {
+        CVXRootObject *text = m_loader->createText(900, session()->page());
+        session()->page()->addObject(text);
+        const QString string = documentString(QStringLiteral("strange"),
+                                              {QStringLiteral("Never Installed"), 24,
+                                               QStringLiteral("#000000"), /*vertical=*/false});
+        TextPlace place;
+        place.pos = {120, 140};
+        loadDocumentString(text, string, inspectDocumentString(string), place);
+        session()->select(text);
+        settle();
+        return text;
+    }
+    /// Everything that waits for the event loop is done: a panel that comes to be seen is painted, brought
+    /// up to date, and has asked for runs.
     void settle()
     {
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
+        turn();
         selection()->readRuns();
+        turn();
+    }
+    void turn()
+    {
+        for (int i = 0; i < 4; ++i)
+            QCoreApplication::processEvents();
+    }
+    /// Types \a text into \a field in place of what it shows, and takes it.
+    void enter(NumberField *field, const QString &text)
+    {
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, text);
+        QTest::keyClick(field, Qt::Key_Return);
+        settle();
     }
     QVariant attribute(CVXRootObject *object, const char *key) const
     {
@@ -103,6 +165,7 @@ public:
     }
 
 private:
+    const PluginLoader *m_loader;
     Framework m_framework;
     MainWindow m_window;
 };

@@ -6,12 +6,13 @@
 #include "app/pagehost/historypanel.h"
 #include "app/pagehost/panelfields.h"
 
-#include <QAbstractItemModel>
+#include <QAbstractProxyModel>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
 #include <QDockWidget>
 #include <QLineEdit>
-#include <QStyledItemDelegate>
 
 #include <memory>
 
@@ -39,7 +40,11 @@ private Q_SLOTS:
     void superAndSubscriptExcludeEachOther();
     void missingFamilyHasSign();
     void typedPartOfFamilyFindsIt();
+    void searchListsFamiliesWithThatPart();
+    void familiesShowTheirOwnFace();
     void usedFamilyComesFirst();
+    void pickedFamilyIsRememberedAsUsedLast();
+    void missingFamilyOfTextIsMarked();
     void colorOfSelectionIsShown();
 
     void alignmentIsSet_data();
@@ -49,6 +54,8 @@ private Q_SLOTS:
     void paragraphRulesAreSet();
 
     void historyNamesSteps();
+    void historyReadsAloudWhatItShows();
+    void historyFollowsUndoAndRedo();
     void historyGoesBackAndForth();
     void historyKeepsTypedText();
     void everyControlHasAccessibleName();
@@ -60,7 +67,7 @@ private:
         return m_host->find<NumberField>(panel, name);
     }
     FontFamilyBox *family() { return m_host->find<FontFamilyBox>("characterPanel", "font_family"); }
-    void typeNumber(NumberField *field, const QString &text);
+    void typeNumber(NumberField *field, const QString &text) { m_host->enter(field, text); }
 
     PluginLoader m_loader;
     std::unique_ptr<PanelWindow> m_host;
@@ -69,15 +76,6 @@ private:
 void TestCharacterPanel::initTestCase()
 {
     QVERIFY2(m_loader.load(QStringLiteral(VX_PLUGIN)), qPrintable(m_loader.errorString()));
-}
-
-void TestCharacterPanel::typeNumber(NumberField *field, const QString &text)
-{
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, text);
-    QTest::keyClick(field, Qt::Key_Return);
-    m_host->settle();
 }
 
 void TestCharacterPanel::panelIsOffWithoutText()
@@ -305,6 +303,64 @@ void TestCharacterPanel::usedFamilyComesFirst()
     QCOMPARE(box.itemData(0, Qt::FontRole).value<QFont>().family(), QStringLiteral("DejaVu Serif"));
 }
 
+void TestCharacterPanel::searchListsFamiliesWithThatPart()
+{
+    m_host->writeLine({100, 150}, QStringLiteral("face"));
+    family()->setFocus();
+    family()->lineEdit()->selectAll();
+    QTest::keyClicks(family()->lineEdit(), QStringLiteral("vu sans m"));
+    QCompleter *search = family()->completer();
+    QVERIFY(search->completionCount() > 0);
+    for (int row = 0; search->setCurrentRow(row); ++row) {
+        const QString found = search->currentCompletion();
+        QVERIFY2(found.contains(QLatin1String("vu sans m"), Qt::CaseInsensitive),
+                 qPrintable(found));
+    }
+    QTest::keyClick(family(), Qt::Key_Escape);
+}
+
+/// In the list and among what the search has found; a family without Latin letters shows its name in the
+/// usual face.
+void TestCharacterPanel::familiesShowTheirOwnFace()
+{
+    const FontFamilyBox box(QStringLiteral("Font"));
+    const QAbstractItemModel *found = box.completer()->completionModel();
+    QCOMPARE(qobject_cast<const QAbstractProxyModel *>(found)->sourceModel(), box.model());
+    int faces = 0;
+    for (int row = 0; row < box.count(); ++row) {
+        const QVariant face = box.itemData(row, Qt::FontRole);
+        if (!face.isValid())
+            continue;
+        QCOMPARE(face.value<QFont>().family(), box.itemText(row));
+        ++faces;
+    }
+    QVERIFY(faces > 1);
+}
+
+void TestCharacterPanel::pickedFamilyIsRememberedAsUsedLast()
+{
+    m_host->writeLine({100, 150}, QStringLiteral("face"));
+    for (const char *name : {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"}) {
+        family()->setFocus();
+        family()->lineEdit()->selectAll();
+        QTest::keyClicks(family()->lineEdit(), QLatin1String(name));
+        QTest::keyClick(family(), Qt::Key_Return);
+    }
+    const QStringList used = FontFamilyBox::recentFamilies();
+    QCOMPARE(used.mid(0, 3),
+             QStringList({QStringLiteral("DejaVu Sans Mono"), QStringLiteral("DejaVu Serif"),
+                          QStringLiteral("DejaVu Sans")}));
+    QCOMPARE(used.count(QStringLiteral("DejaVu Sans")), 1);
+}
+
+void TestCharacterPanel::missingFamilyOfTextIsMarked()
+{
+    m_host->addTextWithMissingFont();
+    QCOMPARE(family()->lineEdit()->text(), QStringLiteral("Never Installed"));
+    QVERIFY(family()->isMissing());
+    QCOMPARE(family()->accessibleDescription(), QStringLiteral("This font is not installed"));
+}
+
 void TestCharacterPanel::colorOfSelectionIsShown()
 {
     m_host->writeLine({100, 150}, QStringLiteral("red"));
@@ -346,7 +402,7 @@ void TestCharacterPanel::alignmentIsSet()
     CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("aligned"));
     m_host->selection()->apply({{QStringLiteral("text_wordwrap"), true}});
     m_host->selection()->apply({{QStringLiteral("text_horizontal"), isHorizontal}});
-    m_host->settle();
+    m_host->raise("paragraphPanel");
     auto *button = m_host->find<FlagButton>("paragraphPanel",
                                             qPrintable(QStringLiteral("alignment-") + name));
     QVERIFY(button);
@@ -363,6 +419,7 @@ void TestCharacterPanel::alignmentIsSet()
 void TestCharacterPanel::justifyNeedsBox()
 {
     m_host->writeLine({100, 150}, QStringLiteral("line"));
+    m_host->raise("paragraphPanel");
     auto *button = m_host->find<FlagButton>("paragraphPanel", "alignment-justify");
     QVERIFY(!button->isEnabled());
     m_host->selection()->apply({{QStringLiteral("text_wordwrap"), true}});
@@ -412,14 +469,39 @@ void TestCharacterPanel::historyNamesSteps()
     QVERIFY(history);
     const QAbstractItemModel *model = history->model();
     QCOMPARE(model->rowCount(), m_host->steps()->count() + 1);
-    auto *delegate = qobject_cast<QStyledItemDelegate *>(history->itemDelegate());
-    QVERIFY(delegate);
-    const auto name = [&](int row) {
-        return delegate->displayText(model->index(row, 0).data(), QLocale());
-    };
+    const auto name = [&](int row) { return model->index(row, 0).data().toString(); };
     QCOMPARE(name(0), QStringLiteral("The page as it was"));
     QCOMPARE(name(1), QStringLiteral("Add Object"));
     QCOMPARE(name(2), QStringLiteral("Change Text"));
+    QCOMPARE(history->currentIndex().row(), m_host->steps()->index());
+}
+
+void TestCharacterPanel::historyReadsAloudWhatItShows()
+{
+    m_host->writeLine({100, 150}, QStringLiteral("one"));
+    auto *history = m_host->window()->findChild<HistoryPanel *>();
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(history);
+    QVERIFY(list);
+    QCOMPARE(list->text(QAccessible::Name), QStringLiteral("History"));
+    QCOMPARE(list->childCount(), m_host->steps()->count() + 1);
+    const auto spoken = [&](int row) { return list->child(row)->text(QAccessible::Name); };
+    QCOMPARE(spoken(0), QStringLiteral("The page as it was"));
+    QCOMPARE(spoken(1), QStringLiteral("Add Object"));
+    QCOMPARE(spoken(2), QStringLiteral("Change Text"));
+}
+
+void TestCharacterPanel::historyFollowsUndoAndRedo()
+{
+    m_host->writeLine({100, 150}, QStringLiteral("one"));
+    auto *history = m_host->window()->findChild<HistoryPanel *>();
+    const int steps = m_host->steps()->count();
+    m_host->session()->undo();
+    QCOMPARE(history->currentIndex().row(), steps - 1);
+    m_host->session()->redo();
+    QCOMPARE(history->currentIndex().row(), steps);
+    m_host->writeLine({100, 300}, QStringLiteral("two"));
+    QCOMPARE(history->currentIndex().row(), m_host->steps()->count());
+    QCOMPARE(history->model()->rowCount(), m_host->steps()->count() + 1);
 }
 
 void TestCharacterPanel::historyGoesBackAndForth()
@@ -452,22 +534,30 @@ void TestCharacterPanel::historyKeepsTypedText()
     QCOMPARE(TextCommands::plainText(text), QStringLiteral("typed"));
 }
 
+/// Whatever the keys can reach, and whatever is pressed.
 void TestCharacterPanel::everyControlHasAccessibleName()
 {
-    for (QDockWidget *dock : m_host->window()->findChildren<QDockWidget *>()) {
-        const QList<QWidget *> controls = dock->widget()->findChildren<QWidget *>();
-        for (QWidget *control : controls) {
-            const bool isControl = qobject_cast<QAbstractButton *>(control)
-                                   || qobject_cast<QAbstractSpinBox *>(control)
-                                   || qobject_cast<QAbstractSlider *>(control)
-                                   || qobject_cast<QComboBox *>(control);
-            const bool isPart = control->objectName().startsWith(QLatin1String("qt_"))
-                                || control->inherits("QScrollBar")
-                                || control->inherits("QLineEditIconButton");
-            if (isControl && !isPart)
-                QVERIFY2(!control->accessibleName().isEmpty(), control->metaObject()->className());
+    const QList<QDockWidget *> docks = m_host->window()->findChildren<QDockWidget *>();
+    QCOMPARE(docks.size(), 8);
+    int seen = 0;
+    for (QDockWidget *dock : docks) {
+        for (QWidget *control : dock->findChildren<QWidget *>()) {
+            const bool isButton = qobject_cast<QAbstractButton *>(control) != nullptr;
+            const bool isPart = control->focusProxy() || qobject_cast<QLineEdit *>(control)
+                                || control->inherits("QLineEditIconButton")
+                                || control->inherits("QComboBoxListView");
+            if (isPart || (control->focusPolicy() == Qt::NoFocus && !isButton))
+                continue;
+            QAccessibleInterface *spoken = QAccessible::queryAccessibleInterface(control);
+            QVERIFY(spoken);
+            const QString what = QStringLiteral("%1 %2 in %3")
+                                     .arg(QLatin1String(control->metaObject()->className()),
+                                          control->objectName(), dock->objectName());
+            QVERIFY2(!spoken->text(QAccessible::Name).isEmpty(), qPrintable(what));
+            ++seen;
         }
     }
+    QVERIFY(seen > 60);
 }
 
 QTEST_MAIN(TestCharacterPanel)

@@ -4,15 +4,19 @@
 
 #include "app/page/textobject.h"
 #include "app/page/textrecord.h"
+#include "app/pagehost/fontfamilybox.h"
 #include "app/pagehost/missingfontspanel.h"
 #include "app/pagehost/panelfields.h"
 #include "app/pagehost/stylegallery.h"
 #include "app/pagehost/stylenames.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QPushButton>
+#include <QStyleOptionSlider>
+#include <QTemporaryDir>
 
 #include <memory>
 
@@ -28,8 +32,9 @@ private Q_SLOTS:
     // Warp
     void warpGalleryHasAllStylesWithPictures();
     void pickedStyleBendsTextInOneStep();
+    void dragOfSliderIsOneStep_data();
     void dragOfSliderIsOneStep();
-    void dragShowsOnPage();
+    void escapeInDragRestores_data() { dragOfSliderIsOneStep_data(); }
     void escapeInDragRestores();
     void typedPercentIsOneStep();
     void warpOrientationAndReset();
@@ -46,16 +51,20 @@ private Q_SLOTS:
     void textChangesItsRoom();
     void textTurnsIntoColumns();
     void differentPlacesAreMixed();
+    void whatIsSetComesBackFromFile_data();
+    void whatIsSetComesBackFromFile();
 
     // Art
     void artGalleryHasAllStylesWithPictures();
     void pickedArtStyleIsOneStep();
+    void artStylesOfMenuHaveNames();
 
     // Missing fonts
     void missingFontsAreListed();
     void previewIsShownAndCancelled();
     void confirmedReplacementIsOneStep();
     void hiddenPanelLeavesNoPreview();
+    void familyUnderPointerIsPreviewed();
 
     // Styles
     void everyStyleHasName();
@@ -65,7 +74,11 @@ private:
     {
         return m_host->find<NumberField>(panel, name);
     }
-    LiveSlider *slider() { return m_host->find<LiveSlider>("warpPanel", "warp_value_slider"); }
+    LiveSlider *sliderOf(const QString &key)
+    {
+        return m_host->find<LiveSlider>("warpPanel", qPrintable(key + QLatin1String("_slider")));
+    }
+    LiveSlider *slider() { return sliderOf(QStringLiteral("warp_value")); }
     StyleGallery *gallery(const char *panel, const char *name)
     {
         return m_host->find<StyleGallery>(panel, name);
@@ -78,10 +91,10 @@ private:
     {
         return m_host->attribute(object, "warp_style").toInt();
     }
-    void enter(NumberField *field, const QString &text);
+    void enter(NumberField *field, const QString &text) { m_host->enter(field, text); }
     void choose(QComboBox *box, int row);
-    CVXRootObject *addTextWithMissingFont();
-    CVXRootObject *drawArt();
+    static QPoint knobOf(const LiveSlider *slider);
+    static void moveKnob(LiveSlider *slider, int part);
 
     PluginLoader m_loader;
     std::unique_ptr<PanelWindow> m_host;
@@ -92,20 +105,35 @@ void TestObjectPanels::initTestCase()
     QVERIFY2(m_loader.load(QStringLiteral(VX_PLUGIN)), qPrintable(m_loader.errorString()));
 }
 
-void TestObjectPanels::enter(NumberField *field, const QString &text)
-{
-    field->setFocus();
-    field->selectAll();
-    QTest::keyClicks(field, text);
-    QTest::keyClick(field, Qt::Key_Return);
-    m_host->settle();
-}
-
 void TestObjectPanels::choose(QComboBox *box, int row)
 {
     box->setCurrentIndex(row);
     Q_EMIT box->activated(row);
     m_host->settle();
+}
+
+QPoint TestObjectPanels::knobOf(const LiveSlider *slider)
+{
+    QStyleOptionSlider option;
+    option.initFrom(slider);
+    option.subControls = QStyle::SC_All;
+    option.orientation = slider->orientation();
+    option.minimum = slider->minimum();
+    option.maximum = slider->maximum();
+    option.sliderPosition = slider->sliderPosition();
+    option.sliderValue = slider->value();
+    return slider->style()
+        ->subControlRect(QStyle::CC_Slider, &option, QStyle::SC_SliderHandle, slider)
+        .center();
+}
+
+/// The pointer moves to \a part percent of the way, with the button held.
+void TestObjectPanels::moveKnob(LiveSlider *slider, int part)
+{
+    const QPoint to(slider->width() * part / 100, slider->height() / 2);
+    QMouseEvent move(QEvent::MouseMove, to, slider->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QCoreApplication::sendEvent(slider, &move);
 }
 
 // Warp
@@ -149,73 +177,74 @@ void TestObjectPanels::pickedStyleBendsTextInOneStep()
     QCOMPARE(styles->style(), 0);
 }
 
-void TestObjectPanels::dragOfSliderIsOneStep()
+void TestObjectPanels::dragOfSliderIsOneStep_data()
 {
-    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(1);
-    m_host->settle();
-    const int before = m_host->steps()->index();
-    slider()->setSliderDown(true);
-    for (int value : {40, 20, -10, -60})
-        slider()->setSliderPosition(value);
-    QCOMPARE(m_host->steps()->index(), before);
-    slider()->setSliderDown(false);
-    m_host->settle();
-    QCOMPARE(percent(text), -60);
-    QCOMPARE(number("warpPanel", "warp_value")->value(), -60.0);
-    QCOMPARE(m_host->steps()->index(), before + 1);
-    m_host->session()->undo();
-    QCOMPARE(percent(text), 50);
-    m_host->session()->redo();
-    QCOMPARE(percent(text), -60);
+    QTest::addColumn<QString>("key");
+    for (const char *key : {"warp_value", "warp_horizontal_value", "warp_vertical_value"})
+        QTest::newRow(key) << key;
 }
 
-void TestObjectPanels::dragShowsOnPage()
+void TestObjectPanels::dragOfSliderIsOneStep()
 {
+    QFETCH(QString, key);
     CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(1);
+    m_host->bend(1);
+    LiveSlider *slider = sliderOf(key);
+    const int start = m_host->attribute(text, qPrintable(key)).toInt();
+    const int before = m_host->steps()->index();
+    int seen = start;
+    QTest::mousePress(slider, Qt::LeftButton, {}, knobOf(slider));
+    for (int part : {70, 50, 30, 10}) {
+        moveKnob(slider, part);
+        const int now = m_host->attribute(text, qPrintable(key)).toInt();
+        QCOMPARE(now, slider->value());
+        QVERIFY(now != seen); // on the page at once
+        seen = now;
+    }
+    QCOMPARE(m_host->steps()->index(), before);
+    QTest::mouseRelease(slider, Qt::LeftButton, {}, knobOf(slider));
     m_host->settle();
-    const QSizeF before = text->getSize();
-    slider()->setSliderDown(true);
-    slider()->setSliderPosition(100);
-    QCOMPARE(percent(text), 100);
-    QVERIFY(text->getSize() != before);
-    slider()->setSliderDown(false);
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), seen);
+    QCOMPARE(number("warpPanel", qPrintable(key))->value(), double(seen));
+    QCOMPARE(m_host->steps()->index(), before + 1);
+    m_host->session()->undo();
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), start);
+    m_host->session()->redo();
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), seen);
 }
 
 void TestObjectPanels::escapeInDragRestores()
 {
+    QFETCH(QString, key);
     CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(1);
-    m_host->settle();
+    m_host->bend(1);
+    LiveSlider *slider = sliderOf(key);
+    const int start = m_host->attribute(text, qPrintable(key)).toInt();
     const int before = m_host->steps()->index();
-    const QSizeF size = text->getSize();
-    slider()->setSliderDown(true);
-    slider()->setSliderPosition(-90);
-    QVERIFY(text->getSize() != size);
-    QTest::keyClick(slider(), Qt::Key_Escape);
+    const QRectF place(text->getPos(), text->getSize());
+    QTest::mousePress(slider, Qt::LeftButton, {}, knobOf(slider));
+    moveKnob(slider, 5);
+    QVERIFY(m_host->attribute(text, qPrintable(key)).toInt() != start);
+    QVERIFY(QRectF(text->getPos(), text->getSize()) != place);
+    QTest::keyClick(slider, Qt::Key_Escape);
     m_host->settle();
-    QCOMPARE(percent(text), 50);
-    QCOMPARE(text->getSize(), size);
-    QCOMPARE(slider()->value(), 50);
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), start);
+    QCOMPARE(QRectF(text->getPos(), text->getSize()), place);
+    QCOMPARE(slider->value(), start);
+    moveKnob(slider, 95); // of a drag that has been given up
+    QTest::mouseRelease(slider, Qt::LeftButton, {}, knobOf(slider));
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), start);
     QCOMPARE(m_host->steps()->index(), before);
-    QTest::mouseRelease(slider(), Qt::LeftButton);
-    QCOMPARE(m_host->steps()->index(), before);
-    enter(number("warpPanel", "warp_value"),
-          QStringLiteral("30")); // the next change is a step again
-    QCOMPARE(percent(text), 30);
+    enter(number("warpPanel", qPrintable(key)), QStringLiteral("31")); // a step again
+    QCOMPARE(m_host->attribute(text, qPrintable(key)).toInt(), 31);
     QCOMPARE(m_host->steps()->index(), before + 1);
 }
 
 void TestObjectPanels::typedPercentIsOneStep()
 {
     CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(8);
-    m_host->settle();
+    m_host->bend(8);
     const int before = m_host->steps()->index();
     enter(number("warpPanel", "warp_horizontal_value"), QStringLiteral("25"));
     enter(number("warpPanel", "warp_vertical_value"), QStringLiteral("-35"));
@@ -228,9 +257,7 @@ void TestObjectPanels::typedPercentIsOneStep()
 void TestObjectPanels::warpOrientationAndReset()
 {
     CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(3);
-    m_host->settle();
+    m_host->bend(3);
     choose(m_host->find<QComboBox>("warpPanel", "warpOrientation"), 1);
     QCOMPARE(m_host->attribute(text, "warp_oriention").toInt(), 2);
     m_host->find<QPushButton>("warpPanel", "warpReset")->click();
@@ -247,9 +274,7 @@ void TestObjectPanels::warpOfSeveralTextsIsOneStep()
     CVXRootObject *second = m_host->writeLine({100, 350}, QStringLiteral("second"));
     m_host->session()->selectAll();
     m_host->settle();
-    m_host->raise("warpPanel");
-    Q_EMIT gallery("warpPanel", "warpGallery")->picked(5);
-    m_host->settle();
+    m_host->bend(5);
     const int before = m_host->steps()->index();
     slider()->setSliderDown(true);
     slider()->setSliderPosition(-20);
@@ -301,7 +326,7 @@ void TestObjectPanels::placeIsShownAndSet()
     QFETCH(QString, name);
     QFETCH(QString, typed);
     QFETCH(double, expected);
-    CVXRootObject *art = drawArt();
+    CVXRootObject *art = m_host->drawArt();
     const auto values = [art] {
         return QMap<QString, double>{{QStringLiteral("x"), art->getPos().x()},
                                      {QStringLiteral("y"), art->getPos().y()},
@@ -365,7 +390,7 @@ void TestObjectPanels::mirrorOfSeveralIsOneStep()
     CVXRootObject *second = m_host->writeLine({100, 300}, QStringLiteral("second"));
     first->setMirror(true, /*notify=*/true);
     m_host->session()->selectAll();
-    m_host->settle();
+    m_host->raise("objectPanel");
     auto *box = m_host->find<QCheckBox>("objectPanel", "mirror");
     QCOMPARE(box->checkState(), Qt::PartiallyChecked);
     const int before = m_host->steps()->index();
@@ -419,32 +444,80 @@ void TestObjectPanels::differentPlacesAreMixed()
     m_host->writeLine({100, 150}, QStringLiteral("first"))->setPos({50, 70}, false);
     m_host->writeLine({100, 300}, QStringLiteral("second"))->setPos({50, 90}, false);
     m_host->session()->selectAll();
-    m_host->settle();
+    m_host->raise("objectPanel");
     QVERIFY(!number("objectPanel", "x")->isMixed());
     QCOMPARE(number("objectPanel", "x")->value(), 50.0);
     QVERIFY(number("objectPanel", "y")->isMixed());
 }
 
-// Art
-
-CVXRootObject *TestObjectPanels::drawArt()
+void TestObjectPanels::whatIsSetComesBackFromFile_data()
 {
-    m_host->window()->setTool(EditorTool::ArtText);
-    PageView *view = m_host->view();
-    const QPoint from = view->mapFromScene(QPointF(100, 100));
-    const QPoint to = view->mapFromScene(QPointF(300, 200));
-    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, from);
-    QMouseEvent move(QEvent::MouseMove, to, view->viewport()->mapToGlobal(to), Qt::NoButton,
-                     Qt::LeftButton, Qt::NoModifier);
-    QCoreApplication::sendEvent(view->viewport(), &move);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, to);
-    m_host->settle();
-    return m_host->session()->page()->objects().value(0);
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("line") << "line";
+    QTest::newRow("box") << "box";
+    QTest::newRow("growing box") << "growing box";
+    QTest::newRow("art text") << "art text";
 }
+
+void TestObjectPanels::whatIsSetComesBackFromFile()
+{
+    QFETCH(QString, kind);
+    const QStringList rooms{QStringLiteral("line"), QStringLiteral("box"),
+                            QStringLiteral("growing box")};
+    const int room = rooms.indexOf(kind);
+    if (room < 0)
+        m_host->drawArt();
+    else
+        m_host->writeLine({100, 150}, QStringLiteral("to be stored"));
+    m_host->raise("objectPanel");
+    choose(m_host->find<QComboBox>("objectPanel", "direction"), 1);
+    if (room > 0)
+        choose(m_host->find<QComboBox>("objectPanel", "form"), 1);
+    m_host->find<QCheckBox>("objectPanel", "flip")->click();
+    m_host->find<QCheckBox>("objectPanel", "mirror")->click();
+    enter(number("objectPanel", "height"), QStringLiteral("250"));
+    enter(number("objectPanel", "width"), QStringLiteral("301"));
+    enter(number("objectPanel", "angle"), QStringLiteral("30"));
+    enter(number("objectPanel", "x"), QStringLiteral("12.25"));
+    enter(number("objectPanel", "y"), QStringLiteral("-7.5"));
+    if (room > 1) // which a size of its own would make a plain box again
+        choose(m_host->find<QComboBox>("objectPanel", "form"), room);
+    QMap<QString, double> shown;
+    for (const char *name : {"x", "y", "width", "height", "angle"})
+        shown.insert(QLatin1String(name), number("objectPanel", name)->value());
+    if (room < 2) {
+        const QMap<QString, double> typed{{QStringLiteral("x"), 12.25},
+                                          {QStringLiteral("y"), -7.5},
+                                          {QStringLiteral("width"), 301},
+                                          {QStringLiteral("height"), 250},
+                                          {QStringLiteral("angle"), 30}};
+        QCOMPARE(shown, typed);
+    }
+    const QTemporaryDir folder;
+    const QString file = folder.filePath(QStringLiteral("stored.json"));
+    QString error;
+    QVERIFY2(m_host->session()->save(file, error), qPrintable(error));
+    QVERIFY(m_host->window()->openFile(file));
+    m_host->session()->selectAll();
+    m_host->settle();
+
+    for (auto expected = shown.constBegin(); expected != shown.constEnd(); ++expected) {
+        NumberField *field = number("objectPanel", qPrintable(expected.key()));
+        QVERIFY2(!field->isMixed(), qPrintable(expected.key()));
+        QVERIFY2(qAbs(field->value() - *expected) < 0.005, qPrintable(expected.key()));
+    }
+    QCOMPARE(m_host->find<QCheckBox>("objectPanel", "flip")->checkState(), Qt::Checked);
+    QCOMPARE(m_host->find<QCheckBox>("objectPanel", "mirror")->checkState(), Qt::Checked);
+    QCOMPARE(m_host->find<QComboBox>("objectPanel", "direction")->currentIndex(), 1);
+    // Deliberate: a growing box comes back as one that keeps its size.
+    QCOMPARE(m_host->find<QComboBox>("objectPanel", "form")->currentIndex(), qMin(room, 1));
+}
+
+// Art
 
 void TestObjectPanels::artGalleryHasAllStylesWithPictures()
 {
-    QVERIFY(drawArt());
+    QVERIFY(m_host->drawArt());
     m_host->raise("artPanel");
     StyleGallery *styles = gallery("artPanel", "artGallery");
     QCOMPARE(styles->count(), 42);
@@ -460,7 +533,7 @@ void TestObjectPanels::artGalleryHasAllStylesWithPictures()
 
 void TestObjectPanels::pickedArtStyleIsOneStep()
 {
-    CVXRootObject *art = drawArt();
+    CVXRootObject *art = m_host->drawArt();
     QVERIFY(art);
     m_host->raise("artPanel");
     StyleGallery *styles = gallery("artPanel", "artGallery");
@@ -479,30 +552,26 @@ void TestObjectPanels::pickedArtStyleIsOneStep()
     QCOMPARE(styles->style(), first);
 }
 
-// Missing fonts
-
-CVXRootObject *TestObjectPanels::addTextWithMissingFont()
+void TestObjectPanels::artStylesOfMenuHaveNames()
 {
-    Page *page = m_host->session()->page();
-    CVXRootObject *text = m_loader.createText(900, page);
-    page->addObject(text);
-    const QString string = documentString(QStringLiteral("strange"),
-                                          {QStringLiteral("Never Installed"), 24,
-                                           QStringLiteral("#000000"), /*vertical=*/false});
-    TextPlace place;
-    place.pos = {120, 140};
-    loadDocumentString(text, string, inspectDocumentString(string), place);
-    m_host->session()->select(text);
-    m_host->settle();
-    return text;
+    for (int style = 0; style < artStyleCount; ++style) {
+        const auto *action = m_host->window()->findChild<QAction *>(
+            QStringLiteral("artStyle%1").arg(style));
+        QVERIFY(action);
+        QCOMPARE(action->text(), artStyleName(style));
+    }
+    QCOMPARE(m_host->window()->findChild<QAction *>(QStringLiteral("artStyle1"))->text(),
+             QStringLiteral("Cut Corners"));
 }
+
+// Missing fonts
 
 void TestObjectPanels::missingFontsAreListed()
 {
     auto *list = m_host->find<QListWidget>("fontsPanel", "missingFonts");
     QVERIFY(list);
     QCOMPARE(list->count(), 0);
-    addTextWithMissingFont();
+    m_host->addTextWithMissingFont();
     m_host->raise("fontsPanel");
     m_host->keepPicture("fonts.png");
     QCOMPARE(list->count(), 1);
@@ -511,7 +580,7 @@ void TestObjectPanels::missingFontsAreListed()
 
 void TestObjectPanels::previewIsShownAndCancelled()
 {
-    CVXRootObject *text = addTextWithMissingFont();
+    CVXRootObject *text = m_host->addTextWithMissingFont();
     auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
     QVERIFY(panel);
     const int before = m_host->steps()->index();
@@ -531,7 +600,7 @@ void TestObjectPanels::previewIsShownAndCancelled()
 
 void TestObjectPanels::confirmedReplacementIsOneStep()
 {
-    CVXRootObject *text = addTextWithMissingFont();
+    CVXRootObject *text = m_host->addTextWithMissingFont();
     auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
     const int before = m_host->steps()->index();
     panel->preview(QStringLiteral("DejaVu Sans"));
@@ -550,10 +619,27 @@ void TestObjectPanels::confirmedReplacementIsOneStep()
 
 void TestObjectPanels::hiddenPanelLeavesNoPreview()
 {
-    CVXRootObject *text = addTextWithMissingFont();
+    CVXRootObject *text = m_host->addTextWithMissingFont();
     auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
     panel->preview(QStringLiteral("DejaVu Sans"));
     m_host->raise("artPanel");
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
+}
+
+/// The rows of the open list are seen on the page one after the other; nothing is recorded.
+void TestObjectPanels::familyUnderPointerIsPreviewed()
+{
+    CVXRootObject *text = m_host->addTextWithMissingFont();
+    m_host->raise("fontsPanel");
+    auto *box = m_host->find<FontFamilyBox>("fontsPanel", "replacement");
+    const int before = m_host->steps()->index();
+    for (const char *name : {"DejaVu Sans", "DejaVu Serif"}) {
+        const QString family = QLatin1String(name);
+        Q_EMIT box->highlighted(box->findText(family));
+        QCOMPARE(m_host->attribute(text, "font_family").toString(), family);
+    }
+    QCOMPARE(m_host->steps()->index(), before);
+    m_host->find<QPushButton>("fontsPanel", "cancelReplacement")->click();
     QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
 }
 

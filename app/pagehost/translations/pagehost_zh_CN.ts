@@ -7,6 +7,38 @@
         <source>Styles of art text</source>
         <translation>艺术字样式</translation>
     </message>
+    <message>
+        <source>Line color</source>
+        <translation>线条颜色</translation>
+    </message>
+    <message>
+        <source>px</source>
+        <translation>像素</translation>
+    </message>
+    <message>
+        <source>Line width</source>
+        <translation>线条宽度</translation>
+    </message>
+    <message>
+        <source>Line width, 0 for no line</source>
+        <translation>线条宽度，0 为无线条</translation>
+    </message>
+    <message>
+        <source>Letter spacing</source>
+        <translation>字间距</translation>
+    </message>
+    <message>
+        <source>Letter spacing of art text</source>
+        <translation>艺术字的字间距</translation>
+    </message>
+    <message>
+        <source>Row spacing</source>
+        <translation>行间距</translation>
+    </message>
+    <message>
+        <source>Row spacing of art text</source>
+        <translation>艺术字的行间距</translation>
+    </message>
 </context>
 <context>
     <name>BusySign</name>
@@ -121,6 +153,14 @@
     <message>
         <source>Row spacing</source>
         <translation>行间距</translation>
+    </message>
+    <message>
+        <source>Kerning</source>
+        <translation>字偶间距</translation>
+    </message>
+    <message>
+        <source>Space at the caret, in thousandths of the size</source>
+        <translation>光标处的间距（字号的千分之几）</translation>
     </message>
 </context>
 <context>
@@ -298,6 +338,10 @@ The page that is open stays as it is.</source>
     <message>
         <source>Save the changes to %1?</source>
         <translation>要保存对 %1 的更改吗？</translation>
+    </message>
+    <message>
+        <source>Recovering the page</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "app/pagehost/panel.h"
+
+#include "app/pagehost/panelfields.h"
+#include "app/pagehost/textselection.h"
+
+#include <QTimer>
+
+Panel::Panel(TextSelection *selection)
+    : m_selection(selection)
+{
+    connect(selection, &TextSelection::changed, this, &Panel::bringUpToDate);
+}
+
+/// Behind another panel this one is visible by its own account, but no part of it is.
+bool Panel::isSeen() const
+{
+    return isVisible() && !visibleRegion().isEmpty();
+}
+
+void Panel::bringUpToDate()
+{
+    m_isStale = !isSeen();
+    if (m_isStale)
+        return;
+    refresh();
+    Q_EMIT refreshed();
+}
+
+void Panel::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (m_isStale)
+        QTimer::singleShot(0, this, &Panel::bringUpToDate);
+}
+
+void Panel::connectNumber(NumberField *field, const std::function<void(double)> &set)
+{
+    connect(field, &NumberField::entered, this, set);
+    connect(field, &NumberField::stepped, this, [this, set](double value, bool goesOn) {
+        if (goesOn)
+            m_selection->takeBack();
+        set(value);
+    });
+    connect(field, &NumberField::givenUp, this, [this, set](const QVariant &before) {
+        // A format at a caret has made no step: it is set back.
+        if (!m_selection->takeBack() && before.isValid())
+            set(before.toDouble());
+    });
+    connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
+}

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+// panel.h -- what all panels that show the selected objects have in common.
+#ifndef PAGEHOST_PANEL_H
+#define PAGEHOST_PANEL_H
+
+#include <QWidget>
+
+#include <functional>
+
+class NumberField;
+class TextSelection;
+
+/// Follows the selection while it is seen. One that is hidden, or lies behind another panel, asks
+/// nothing of the objects; it is brought up to date when it comes to be seen.
+class Panel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Panel(TextSelection *selection);
+
+Q_SIGNALS:
+    /// The controls show the selection as it is now.
+    void refreshed();
+
+protected:
+    /// Shows the selection in the controls.
+    virtual void refresh() = 0;
+    void bringUpToDate();
+    bool isSeen() const;
+    /// Gives what the user enters in \a field to \a set, which makes one step at most. All steps up and
+    /// down while the field has the focus are one step together, and Escape takes it back.
+    void connectNumber(NumberField *field, const std::function<void(double)> &set);
+    void paintEvent(QPaintEvent *event) override;
+
+    TextSelection *const m_selection;
+
+private:
+    bool m_isStale = true;
+};
+
+#endif
