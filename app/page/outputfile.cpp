@@ -77,8 +77,7 @@ bool writeFile(const QString &name, const QByteArray &bytes, QString &reason, Fo
     if (former == FormerFile::Kept && QFileInfo(name).isFile() && !holds(name, bytes)
         && !keepFormer(name, reason))
         return false;
-    if (!output.commit())
-        return fail(reason, output.errorString());
+    // Ahead of the commit: no finished file may ever bear the mark.
     mark.remove();
-    return true;
+    return output.commit() || fail(reason, output.errorString());
 }
