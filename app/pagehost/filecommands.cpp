@@ -75,11 +75,10 @@ bool FileCommands::openFile(const QString &fileName)
     {
         BusySign work(m_window, tr("Opening %1").arg(QFileInfo(fileName).fileName()));
         opened = PageSession::open(m_loader, fileName, error, work);
-        if (!opened && !work.isWanted())
-            return false;
     }
     if (!opened) {
-        tellProblem(fileName, error);
+        if (!error.isEmpty()) // not given up by the user
+            tellProblem(fileName, error);
         return false;
     }
     m_window->takeSession(std::move(opened));
@@ -107,10 +106,15 @@ bool FileCommands::offerRecovery()
     if (!copy)
         return false;
     QString error;
-    std::unique_ptr<PageSession> recovered = PageSession::recover(m_loader, copy->pageName(),
-                                                                  copy->originalName(), error);
+    std::unique_ptr<PageSession> recovered;
+    {
+        BusySign work(m_window, tr("Recovering the page"));
+        recovered = PageSession::recover(m_loader, copy->pageName(), copy->originalName(), error,
+                                         work);
+    }
     if (!recovered) {
-        tellProblem(copy->pageName(), error);
+        if (!error.isEmpty()) // not given up by the user, to whom it is offered again
+            tellProblem(copy->pageName(), error);
         return false;
     }
     m_window->takeSession(std::move(recovered));

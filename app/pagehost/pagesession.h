@@ -33,9 +33,11 @@ public:
     /// The same, as long as \a work is wanted; null with an empty \a error when it is not any more.
     static std::unique_ptr<PageSession> open(const PluginLoader *loader, const QString &fileName,
                                              QString &error, LongWork &work);
-    /// The page of the file \a copy as a modified one of the file \a fileName, which may be empty.
+    /// The page of the file \a copy as a modified one of the file \a fileName, which may be empty. As
+    /// open() as long as \a work is wanted.
     static std::unique_ptr<PageSession> recover(const PluginLoader *loader, const QString &copy,
-                                                const QString &fileName, QString &error);
+                                                const QString &fileName, QString &error,
+                                                LongWork &work);
     ~PageSession() override;
 
     /// Writes the page; the file so far stays as "NAME~". An open edit goes on afterwards with its

@@ -73,9 +73,10 @@ std::unique_ptr<PageSession> PageSession::open(const PluginLoader *loader, const
 }
 
 std::unique_ptr<PageSession> PageSession::recover(const PluginLoader *loader, const QString &copy,
-                                                  const QString &fileName, QString &error)
+                                                  const QString &fileName, QString &error,
+                                                  LongWork &work)
 {
-    std::unique_ptr<PageSession> session = open(loader, copy, error);
+    std::unique_ptr<PageSession> session = open(loader, copy, error, work);
     if (!session)
         return nullptr;
     session->m_open->completePictures();

@@ -110,6 +110,7 @@ private Q_SLOTS:
     void savingThatIsGivenUpLeavesFile();
     void slowOpeningCanBeCancelled();
     void slowSavingCanBeCancelled();
+    void slowRecoveryCanBeCancelled();
     void slowWorkThatIsWaitedForIsDone();
 
     // Languages
@@ -131,6 +132,7 @@ private:
     void compose(const QString &preedit, const QString &commit = QString());
     void abandonCopy();
     void answer(QMessageBox::StandardButton button, QString *text = nullptr);
+    void recoverFirst();
     QJsonObject changedAndSaved(const QString &name);
     QTimer *copyTimer() const { return m_window->files()->recovery()->findChild<QTimer *>(); }
 
@@ -281,6 +283,18 @@ void TestFiles::answer(QMessageBox::StandardButton button, QString *text)
         if (text)
             *text = box->text() + QLatin1Char('\n') + box->informativeText();
         box->button(button)->click();
+    });
+}
+
+/// Chooses the first page of the next dialog that offers some.
+void TestFiles::recoverFirst()
+{
+    QTimer::singleShot(0, this, [] {
+        auto *dialog = qobject_cast<RecoveryDialog *>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        QVERIFY(dialog->findChild<QListWidget *>()->item(0)->text().startsWith(
+            QLatin1String("page.json")));
+        QTest::keyClick(dialog->findChild<QListWidget *>(), Qt::Key_Return);
     });
 }
 
@@ -812,13 +826,7 @@ void TestFiles::recoveredPageIsModifiedPageOfItsFile()
     edit();
     type(QStringLiteral("!"));
     abandonCopy();
-    QTimer::singleShot(0, this, [] {
-        auto *dialog = qobject_cast<RecoveryDialog *>(QApplication::activeModalWidget());
-        QVERIFY(dialog);
-        QVERIFY(dialog->findChild<QListWidget *>()->item(0)->text().startsWith(
-            QLatin1String("page.json")));
-        QTest::keyClick(dialog->findChild<QListWidget *>(), Qt::Key_Return);
-    });
+    recoverFirst();
     QVERIFY(m_window->files()->offerRecovery());
     QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
     QCOMPARE(session()->fileName(), fileName);
@@ -1176,6 +1184,26 @@ void TestFiles::slowSavingCanBeCancelled()
     QVERIFY(session()->undoStack()->count() <= steps + 1); // the edit's own
     type(QStringLiteral("?"));
     QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!?"));
+}
+
+void TestFiles::slowRecoveryCanBeCancelled()
+{
+    openText();
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    const PageSession *before = session();
+    {
+        const SlowClock clock(1000);
+        const ProgressWatch user(ProgressWatch::Manner::Cancels);
+        recoverFirst();
+        QVERIFY(!m_window->files()->offerRecovery()); // and no message
+        QCOMPARE(user.words(), QStringLiteral("Recovering the page"));
+    }
+    QCOMPARE(session(), before);
+    recoverFirst();
+    QVERIFY(m_window->files()->offerRecovery()); // it is still there
+    QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!"));
 }
 
 void TestFiles::slowWorkThatIsWaitedForIsDone()

@@ -292,6 +292,10 @@ The page that is open stays as it is.</source>
 当前打开的页面保持不变。</translation>
     </message>
     <message>
+        <source>Recovering the page</source>
+        <translation>正在恢复页面</translation>
+    </message>
+    <message>
         <source>Recovered: save the page to keep it</source>
         <translation>已恢复：请保存页面以保留内容</translation>
     </message>
