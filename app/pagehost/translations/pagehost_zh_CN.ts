@@ -343,10 +343,6 @@ The page that is open stays as it is.</source>
         <source>Save the changes to %1?</source>
         <translation>要保存对 %1 的更改吗？</translation>
     </message>
-    <message>
-        <source>Recovering the page</source>
-        <translation type="unfinished"></translation>
-    </message>
 </context>
 <context>
     <name>FlagButton</name>
