@@ -162,4 +162,8 @@ void CMultiTextOjbect::defaultWordLayout()
                                   : placeholderColumn(defaultWord(), font, alignment, rect.size());
     m_defaultCursorLine = shown.caret;
     updateData(TextLayout(), rect, rect, shown.outline);
+    // The box has its stretch already; one that stayed pending would widen it with every layout.
+    const TextScales factors = scales();
+    setScales({1.0, 1.0, factors.transformScaleX * factors.scaleX,
+               factors.transformScaleY * factors.scaleY});
 }
