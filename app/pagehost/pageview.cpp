@@ -11,7 +11,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
-#include <QtMath>
 
 #include <algorithm>
 #include <cmath>
@@ -22,26 +21,6 @@ namespace {
 constexpr double pageMargin = 48;    // around the page, page pixels
 constexpr double smallestMargin = 8; // around a selection that fills the view, page pixels
 constexpr int checkerSide = 8;       // of the ground under a transparent page
-
-/// The pointer over an edge or corner of an upright object, and the direction in which it points:
-/// degrees, clockwise, from the right.
-struct HandlePointer {
-    int handle;
-    double angle;
-};
-
-// clang-format off
-constexpr HandlePointer handlePointers[] = {
-    {CObjAction::ACT_Right,        0},
-    {CObjAction::ACT_BottomRight,  45},
-    {CObjAction::ACT_BottomCentre, 90},
-    {CObjAction::ACT_BottomLeft,   135},
-    {CObjAction::ACT_Left,         180},
-    {CObjAction::ACT_TopLeft,      225},
-    {CObjAction::ACT_TopCentre,    270},
-    {CObjAction::ACT_TopRight,     315},
-};
-// clang-format on
 
 struct ArrowKey {
     Qt::Key key;
@@ -55,39 +34,6 @@ constexpr ArrowKey arrowKeys[] = {
     {Qt::Key_Right,  1,  0},
     {Qt::Key_Up,     0, -1},
     {Qt::Key_Down,   0,  1},
-};
-// clang-format on
-
-/// The pointer of a drag along \a angle.
-Qt::CursorShape shapeAlong(double angle)
-{
-    constexpr Qt::CursorShape shapes[] = {Qt::SizeHorCursor, Qt::SizeFDiagCursor, Qt::SizeVerCursor,
-                                          Qt::SizeBDiagCursor};
-    const double turned = std::fmod(std::fmod(angle, 180.0) + 180.0, 180.0);
-    return shapes[qRound(turned / 45.0) % 4];
-}
-
-Qt::CursorShape pointerOfHandle(int handle, double rotation)
-{
-    for (const HandlePointer &row : handlePointers) {
-        if (row.handle == handle)
-            return shapeAlong(row.angle + rotation);
-    }
-    return handle == CObjAction::ACT_Rotate ? Qt::PointingHandCursor : Qt::ArrowCursor;
-}
-
-struct DirectionPointer {
-    const char *name;
-    Qt::CursorShape shape;
-};
-
-// clang-format off
-constexpr DirectionPointer directionPointers[] = {
-    {"tl_or_br",  Qt::SizeFDiagCursor},
-    {"tr_or_br",  Qt::SizeBDiagCursor},
-    {"tc_or_bc",  Qt::SizeVerCursor},
-    {"cr_or_cl",  Qt::SizeHorCursor},
-    {"edit_move", Qt::SizeAllCursor},
 };
 // clang-format on
 
@@ -109,7 +55,8 @@ bool onlyMovesCaret(const QKeyEvent &event)
     const int key = event.key();
     const bool isArrow = key >= Qt::Key_Home && key <= Qt::Key_PageDown;
     const bool isModifier = key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
-    return key == Qt::Key_Escape || isModifier || (isArrow && !event.modifiers().testFlag(Qt::AltModifier));
+    return key == Qt::Key_Escape || isModifier
+           || (isArrow && !event.modifiers().testFlag(Qt::AltModifier));
 }
 
 QGraphicsObject *itemOf(CVXRootObject *object)
@@ -599,93 +546,4 @@ bool PageView::nudge(const QKeyEvent &event)
         return true;
     }
     return false;
-}
-
-// The menu of the canvas
-
-/// The key of the keyboard for it comes as an event of this kind as well.
-void PageView::contextMenuEvent(QContextMenuEvent *event)
-{
-    event->accept();
-    if (!m_session || isDragging())
-        return;
-    if (event->reason() == QContextMenuEvent::Keyboard)
-        return openMenuByKey();
-    chooseForMenu(mapToScene(event->pos()));
-    Q_EMIT menuWanted(event->globalPos());
-}
-
-void PageView::openMenuByKey()
-{
-    if (m_session)
-        Q_EMIT menuWanted(viewport()->mapToGlobal(keyboardPlace()));
-}
-
-/// As a press does, but what is selected stays so.
-void PageView::chooseForMenu(const QPointF &scenePos)
-{
-    prepareEdit(scenePos);
-    if (m_session->editedObject())
-        return;
-    CVXRootObject *owner = handleOwner(scenePos);
-    CVXRootObject *object = owner ? owner : objectUnder(scenePos);
-    if (!object)
-        scene()->clearSelection();
-    else if (!object->graphicsItem()->isSelected())
-        m_session->select(object);
-}
-
-QPoint PageView::keyboardPlace() const
-{
-    const QRect shown = viewport()->rect();
-    QPoint place = shown.center();
-    if (m_session && m_session->editedObject()) {
-        place = inputMethodQuery(Qt::ImCursorRectangle).toRect().bottomLeft();
-    } else if (m_session && !m_session->page()->getSelectedObjects().isEmpty()) {
-        const QRectF bounds = ObjectCommands::selectionBounds(*m_session);
-        const QRect selected = mapFromScene(bounds).boundingRect() & shown;
-        place = selected.isEmpty() ? place : selected.center();
-    }
-    return {qBound(shown.left(), place.x(), shown.right()),
-            qBound(shown.top(), place.y(), shown.bottom())};
-}
-
-// Pointer shapes
-
-void PageView::resetPointer()
-{
-    viewport()->setCursor(m_tool == EditorTool::Select ? Qt::ArrowCursor : Qt::CrossCursor);
-}
-
-void PageView::setDirection(const QString &direction, bool horizontal)
-{
-    for (const DirectionPointer &row : directionPointers) {
-        if (direction == QLatin1String(row.name)) {
-            viewport()->setCursor(row.shape);
-            return;
-        }
-    }
-    viewport()->setCursor(horizontal ? Qt::IBeamCursor : Qt::SplitVCursor);
-}
-
-/// Outside an edit, where objects say nothing.
-void PageView::showPointerOver(const QPointF &scenePos)
-{
-    CVXRootObject *edited = m_session->editedObject();
-    if (edited && objectUnder(scenePos) == edited) {
-        if (TextCommands::isArtText(edited))
-            setDirection(QString(), /*horizontal=*/true);
-        return; // a rich text says itself
-    }
-    int handle = CObjAction::ACT_None;
-    CVXRootObject *owner = handleOwner(scenePos, &handle);
-    CVXRootObject *under = owner ? owner : objectUnder(scenePos);
-    if (owner)
-        viewport()->setCursor(pointerOfHandle(handle, owner->getRotate()));
-    else if (under && m_tool == EditorTool::Text && TextCommands::isRichText(under))
-        setDirection(QString(), /*horizontal=*/true);
-    else if (under && under->graphicsItem()->isSelected() && !under->isLocked())
-        viewport()->setCursor(Qt::SizeAllCursor);
-    else
-        resetPointer();
 }

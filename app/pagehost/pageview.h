@@ -111,10 +111,10 @@ private:
     bool m_hasHints = false;             ///< some text wants a font that is missing
     CVXRootObject *m_drawn = nullptr;    ///< between press and release
     QPointer<QGraphicsObject> m_grabber; ///< gets the pointer until the release
-    bool m_mayDragEdit = false;          ///< the press was at a handle or the margin of an edited text
-    bool m_isDragGivenUp = false;        ///< by Escape; the pointer has not been released yet
-    bool m_isCarryingText = false;       ///< text is dragged as data, whose drop eats the release
-    QRect m_announcedCaret;              ///< what the input method has been told
+    bool m_mayDragEdit = false;    ///< the press was at a handle or the margin of an edited text
+    bool m_isDragGivenUp = false;  ///< by Escape; the pointer has not been released yet
+    bool m_isCarryingText = false; ///< text is dragged as data, whose drop eats the release
+    QRect m_announcedCaret;        ///< what the input method has been told
 };
 
 #endif
