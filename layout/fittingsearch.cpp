@@ -25,11 +25,11 @@ MeasuredText::MeasuredText(const QString &text, const QFont &font, qreal scale,
     , m_source(source)
     , m_scale(scale)
     , m_letterSpacing(font.letterSpacing())
-    , m_em(m_metrics.height())
     , m_isFast(search == FittingSearch::Fast && text.length() > shortText)
 {
     if (!m_isFast)
         return;
+    m_em = m_metrics.height();
     findComplexText();
     for (int i = 0; m_letterSpacing < 0 && i < text.length(); ++i)
         m_possibleLoss += possibleLoss(text.at(i));

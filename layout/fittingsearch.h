@@ -89,7 +89,7 @@ private:
     OutlineSource *m_source;
     qreal m_scale;
     qreal m_letterSpacing;
-    qreal m_em;
+    qreal m_em = 0; // for the fast road
     bool m_isFast;
     qreal m_possibleLoss = 0; // by how much text behind a prefix can make the whole shorter
     int m_start = 0;

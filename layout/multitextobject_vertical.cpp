@@ -150,8 +150,9 @@ void spreadColumn(TextLine &line, const Spread &spread)
 qreal widthOf(const TextLine &line, const ColumnPass &pass)
 {
     qreal width = 0;
+    FontHeight heights;
     for (const TextFragment &run : line.fragments)
-        width = qMax(width, QFontMetricsF(run.font).height() * pass.kx);
+        width = qMax(width, heights.of(run.font) * pass.kx);
     return width;
 }
 
@@ -176,9 +177,10 @@ void closeWrappedColumn(TextLine &line, qreal spare, bool isFirst, const BoxRunS
                         ColumnBlock &columns, ColumnPass &pass)
 {
     takeMeasuresFromRuns(line);
+    FontHeight heights;
     for (const TextFragment &run : qAsConst(line.fragments)) {
         columns.descent = qMax(columns.descent, current.descent * pass.kx);
-        askForDistance(columns, current.rowSpacing, QFontMetricsF(run.font).height() * pass.kx);
+        askForDistance(columns, current.rowSpacing, heights.of(run.font) * pass.kx);
     }
     spreadColumn(line, spreadOf(wrappedLineTreatment(columns.alignment), spare, line.length));
     placeColumn(line, isFirst, columns, pass);
@@ -212,7 +214,7 @@ Piece columnPiece(const TextFragment &run, const QString &text, const BoxRunStyl
     if (piece.run.isCJK) {
         piece.run.font = style.upright;
         piece.extraAdvance = style.letterSpacing * run.scaleY;
-        piece.width = outlines.characterWidth(style.upright, text);
+        piece.width = outlines.width(style.upright, text);
     }
     return piece;
 }
@@ -261,7 +263,7 @@ QPainterPath runOutline(const TextFragment &run, const QPointF &pen, ColumnPass 
         return sidewaysOutline(pass.outlines.text(pen, run.font, run.text), pen,
                                pass.halfCapital(run.font));
     }
-    const qreal width = pass.outlines.characterWidth(run.font, run.text);
+    const qreal width = pass.outlines.width(run.font, run.text);
     return uprightOutline(pass.outlines.character(pen, run.font, run.text), pen, width,
                           run.isHalfPunct ? width / 2 : width);
 }

@@ -54,6 +54,15 @@ LineRules lineRules(const BlockRules &rules, const BlockMeasures &measures, qrea
     return result;
 }
 
+qreal FontHeight::of(const QFont &font)
+{
+    if (!m_font || !m_font->isCopyOf(font)) {
+        m_font = font;
+        m_height = QFontMetricsF(font).height();
+    }
+    return m_height;
+}
+
 BoxRunStyles::BoxRunStyles(int dpi, qreal kx, qreal ky, Qt::Orientation orientation)
     : m_dpi(dpi)
     , m_kx(kx)
@@ -116,9 +125,10 @@ void takeMeasuresFromRuns(TextLine &line)
     line.length = line.text.length();
     line.position = line.fragments.first().position;
     qreal tallest = 0;
+    FontHeight heights;
     for (int i = 0; i < line.fragments.size(); ++i) {
         const QFont &font = line.fragments.at(i).font;
-        const qreal height = QFontMetricsF(font).height();
+        const qreal height = heights.of(font);
         if (i == 0 || height > tallest) {
             tallest = height;
             line.font = font;

@@ -27,6 +27,17 @@ struct BoxRunStyle : RunStyle {
     bool isScript() const { return isSuperscript || isSubscript; }
 };
 
+/// Height of the fonts of run after run: neighbours that share one are measured once.
+class FontHeight
+{
+public:
+    qreal of(const QFont &font);
+
+private:
+    std::optional<QFont> m_font;
+    qreal m_height = 0;
+};
+
 /// Reads styles run after run: neighbours of one format are read once.
 class BoxRunStyles
 {

@@ -46,6 +46,14 @@ constexpr int glyphElementLimit = 1 << 20;
 constexpr int measuredLimit = 1 << 20;
 constexpr int shapedLimit = 1 << 17;
 
+// Elements of the upright characters that are kept.
+constexpr int characterElementLimit = 1 << 19;
+
+bool areSame(const QPointF &a, const QPointF &b)
+{
+    return a.x() == b.x() && a.y() == b.y();
+}
+
 // What addText() adds to the glyphs, or draws with glyphs of another size, is left to it.
 bool isPlain(const QFont &font)
 {
@@ -94,23 +102,65 @@ uint qHash(const FontText &key, uint seed)
 OutlineSource::OutlineSource()
     : m_measured(measuredLimit)
     , m_shaped(shapedLimit)
+    , m_characters(characterElementLimit)
 {
+}
+
+OutlineSource::Glyph::Glyph(const QPainterPath &path)
+    : m_path(path)
+{
+    for (int i = 1; i + 2 < path.elementCount(); ++i) {
+        if (!path.elementAt(i).isCurveTo())
+            continue;
+        const QPointF start = path.elementAt(i - 1);
+        const QPointF first = path.elementAt(i);
+        const QPointF second = path.elementAt(i + 1);
+        const QPointF end = path.elementAt(i + 2);
+        const QPointF about = (3 * first - start) / 2 * 64;
+        const QPointF control(std::round(about.x()) / 64, std::round(about.y()) / 64);
+        if (areSame((2 * control + start) / 3, first) && areSame((2 * control + end) / 3, second))
+            m_quadratic.append({i, control});
+        i += 2;
+    }
+}
+
+QPainterPath OutlineSource::Glyph::at(const QPointF &place) const
+{
+    QPainterPath raised = m_path.translated(place);
+    for (const Curve &curve : m_quadratic) {
+        const QPointF start = raised.elementAt(curve.element - 1);
+        const QPointF end = raised.elementAt(curve.element + 2);
+        const QPointF control = 2 * (curve.control + place);
+        const QPointF first = (control + start) / 3;
+        const QPointF second = (control + end) / 3;
+        raised.setElementPositionAt(curve.element, first.x(), first.y());
+        raised.setElementPositionAt(curve.element + 1, second.x(), second.y());
+    }
+    return raised;
 }
 
 bool OutlineSource::startLayout()
 {
     const bool fontsHaveChanged = m_fonts.haveChanged();
-    if (fontsHaveChanged) {
-        m_measured.clear();
-        m_shaped.clear();
-    }
-    m_characters.clear();
-    m_widths.clear();
-    if (m_glyphElements > glyphElementLimit) {
-        m_glyphs.clear();
-        m_glyphElements = 0;
-    }
+    if (fontsHaveChanged)
+        clear();
+    if (m_glyphElements > glyphElementLimit)
+        clearGlyphs();
     return fontsHaveChanged;
+}
+
+void OutlineSource::clear()
+{
+    m_measured.clear();
+    m_shaped.clear();
+    m_characters.clear();
+    clearGlyphs();
+}
+
+void OutlineSource::clearGlyphs()
+{
+    m_glyphs.clear();
+    m_glyphElements = 0;
 }
 
 QPainterPath OutlineSource::text(const QPointF &pen, const QFont &font, const QString &text)
@@ -144,8 +194,9 @@ OutlineSource::ShapedText OutlineSource::shape(const QFont &font, const QString 
         const QVector<QPointF> positions = run.positions();
         for (int i = 0; i < indexes.size(); ++i) {
             shaped.glyphs.append({glyph(rawFont, indexes.at(i)), positions.at(i)});
-            shaped.elements += shaped.glyphs.last().outline.elementCount();
-            withoutInk += shaped.glyphs.last().outline.isEmpty() ? 1 : 0;
+            const QPainterPath &outline = shaped.glyphs.last().glyph.path();
+            shaped.elements += outline.elementCount();
+            withoutInk += outline.isEmpty() ? 1 : 0;
         }
     }
     // More of them than blanks: glyphs that are pictures, which addText() traces.
@@ -176,33 +227,35 @@ QPainterPath OutlineSource::fromGlyphs(const QPointF &pen, const QFont &font, co
     QPainterPath result;
     result.reserve(shaped->elements);
     for (const PlacedGlyph &placed : qAsConst(glyphs))
-        result.addPath(placed.outline.translated(placed.place));
+        result.addPath(placed.glyph.at(placed.place));
     return result;
 }
 
-QPainterPath OutlineSource::glyph(const QRawFont &font, quint32 index)
+OutlineSource::Glyph OutlineSource::glyph(const QRawFont &font, quint32 index)
 {
-    QHash<quint32, QPainterPath> &glyphs = m_glyphs[font];
+    QHash<quint32, Glyph> &glyphs = m_glyphs[font];
     const auto known = glyphs.find(index);
     if (known != glyphs.end())
         return *known;
     takeGlyphOffsetAway(font, index);
     const QPainterPath outline = font.pathForGlyph(index);
     m_glyphElements += outline.elementCount();
-    glyphs.insert(index, outline);
-    return outline;
+    return *glyphs.insert(index, Glyph(outline));
 }
 
 QPainterPath OutlineSource::character(const QPointF &pen, const QFont &font, const QString &text)
 {
     if (!isWithinGrid(pen) || !isPlain(font))
         return textOutline(pen, font, text);
-    QHash<QString, QPainterPath> &characters = m_characters[font];
-    auto known = characters.find(text);
-    if (known == characters.end())
-        known = characters.insert(text, textOutline(QPointF(0, 0), font, text));
+    const FontText key{font, text};
+    const Glyph *known = m_characters.find(key);
+    if (!known) {
+        const QPainterPath outline = textOutline(QPointF(0, 0), font, text);
+        known = m_characters.insert(key, Glyph(outline), outline.elementCount());
+    }
     // Blanks leave an element behind that stands for no ink and has no place.
-    return known->isEmpty() ? *known : known->translated(onGrid(pen.x()), onGrid(pen.y()));
+    return known->path().isEmpty() ? known->path()
+                                   : known->at(QPointF(onGrid(pen.x()), onGrid(pen.y())));
 }
 
 qreal OutlineSource::width(const QFont &font, const QFontMetricsF &metrics, const QString &text)
@@ -213,11 +266,7 @@ qreal OutlineSource::width(const QFont &font, const QFontMetricsF &metrics, cons
     return *m_measured.insert(key, metrics.horizontalAdvance(text), text.length());
 }
 
-qreal OutlineSource::characterWidth(const QFont &font, const QString &text)
+qreal OutlineSource::width(const QFont &font, const QString &text)
 {
-    QHash<QString, qreal> &widths = m_widths[font];
-    auto known = widths.find(text);
-    if (known == widths.end())
-        known = widths.insert(text, QFontMetricsF(font).horizontalAdvance(text));
-    return *known;
+    return width(font, QFontMetricsF(font), text);
 }

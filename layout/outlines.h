@@ -37,17 +37,42 @@ uint qHash(const FontText &key, uint seed = 0);
 /// Makes the outlines of layout after layout; a glyph or an upright character that comes again is
 /// copied and not made again, and a text that comes again is neither measured nor shaped again.
 /// Shapes text with the shaper that addText() itself uses. The outlines are those of
-/// QPainterPath::addText(), to the last few bits; they depend on nothing but the arguments. What is
-/// kept has a bound.
+/// QPainterPath::addText(), bit for bit. What is kept has a bound.
 class OutlineSource
 {
 public:
     OutlineSource();
 
+    /// An outline with its pen at (0, 0), to be raised at a place. addText() makes cubic curves of
+    /// quadratic ones at the place, in rounded numbers: those are kept as they are in the font.
+    class Glyph
+    {
+    public:
+        Glyph() = default;
+        explicit Glyph(const QPainterPath &path);
+
+        const QPainterPath &path() const { return m_path; }
+
+        /// The outline that addText() makes at \a place, a point of its grid.
+        QPainterPath at(const QPointF &place) const;
+
+    private:
+        struct Curve {
+            int element;     // its first control point
+            QPointF control; // of the quadratic curve
+        };
+
+        QPainterPath m_path;
+        QVector<Curve> m_quadratic;
+    };
+
     /// Begins a layout: forgets everything when the program's fonts have changed, since a font of the
     /// same description may no longer look alike, and the glyphs too when they have become many.
     /// \return true when the fonts have changed since the layout before
     bool startLayout();
+
+    /// Forgets all that is kept.
+    void clear();
 
     /// Outline of \a text in \a font with its pen at \a pen.
     QPainterPath text(const QPointF &pen, const QFont &font, const QString &text);
@@ -55,15 +80,15 @@ public:
     /// Outline of \a text, one character, with its pen at \a pen.
     QPainterPath character(const QPointF &pen, const QFont &font, const QString &text);
 
-    /// Width of \a text, one character. Makes no outline.
-    qreal characterWidth(const QFont &font, const QString &text);
+    /// Advance of \a text in \a font. Makes no outline.
+    qreal width(const QFont &font, const QString &text);
 
-    /// Advance of \a text in \a font, whose metrics are \a metrics. \a text may be raw data.
+    /// The same with the metrics of the font at hand. \a text may be raw data.
     qreal width(const QFont &font, const QFontMetricsF &metrics, const QString &text);
 
 private:
     struct PlacedGlyph {
-        QPainterPath outline;
+        Glyph glyph;
         QPointF place;
     };
 
@@ -75,17 +100,17 @@ private:
         bool hasSeveralRuns = false;
     };
 
+    void clearGlyphs();
     ShapedText shape(const QFont &font, const QString &text);
     QPainterPath fromGlyphs(const QPointF &pen, const QFont &font, const QString &text);
-    QPainterPath glyph(const QRawFont &font, quint32 index);
+    Glyph glyph(const QRawFont &font, quint32 index);
 
     FontWatch m_fonts;
     RecentHash<FontText, qreal> m_measured;
     RecentHash<FontText, ShapedText> m_shaped;
-    QHash<QRawFont, QHash<quint32, QPainterPath>> m_glyphs; // of loaded fonts: they never change
+    RecentHash<FontText, Glyph> m_characters; // with their pens at (0, 0)
+    QHash<QRawFont, QHash<quint32, Glyph>> m_glyphs; // of loaded fonts: they never change
     int m_glyphElements = 0;
-    QHash<QFont, QHash<QString, QPainterPath>> m_characters; // with their pens at (0, 0)
-    QHash<QFont, QHash<QString, qreal>> m_widths;
 };
 
 /// QPainterPath::addText() as a value.

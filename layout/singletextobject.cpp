@@ -16,11 +16,13 @@ namespace {
 
 // State across the blocks of one layout.
 struct RowPass {
-    RowPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut)
+    RowPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut,
+            OutlineSource &outlineSource)
         : anchor(at)
         , dpi(start.dpi)
         , layout(start)
         , blocks(laidOut)
+        , outlines(outlineSource)
     {
     }
 
@@ -37,6 +39,7 @@ struct RowPass {
     UnderlineThickness thickness;
     TextLayout layout;
     LaidOutBlocks &blocks;
+    OutlineSource &outlines;
 };
 
 void RowPass::goOnFrom(const LayoutNumbers &numbers)
@@ -121,7 +124,8 @@ void placeRow(TextLine &line, const RowDistance &distance, RowPass &pass)
 }
 
 // Second pass, one run: outline and measures, with the line still starting at the anchor.
-void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, LineExtent &extent)
+void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, LineExtent &extent,
+                OutlineSource &outlines)
 {
     const QPointF pen(line.origin.x() + extent.pen, line.origin.y());
     run.font = style.spacedFont();
@@ -135,7 +139,7 @@ void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, 
 
     run.scaleX = style.scaleX;
     run.scaleY = style.scaleY;
-    run.path = scaleAbout(pen, run.scaleX, run.scaleY).map(textOutline(pen, run.font, run.text));
+    run.path = scaleAbout(pen, run.scaleX, run.scaleY).map(outlines.text(pen, run.font, run.text));
     qreal movement = 0;
     if (style.isSuperscript || style.isSubscript) {
         run.scaleX *= 0.5;
@@ -147,7 +151,7 @@ void outlineRun(TextFragment &run, const RunStyle &style, const TextLine &line, 
     run.path.translate(0, -style.offset);
 
     run.baseline = line.origin.y() - style.offset + movement;
-    run.advance = metrics.horizontalAdvance(run.text) * run.scaleX;
+    run.advance = outlines.width(run.font, metrics, run.text) * run.scaleX;
     run.start = pen.x();
     extent.pen += run.advance;
     extent.ahead = qMax(extent.ahead, ascent);
@@ -161,7 +165,7 @@ void outlineRow(TextLine &line, const QVector<RunStyle> &styles, RowPass &pass, 
         if (format.fontUnderline())
             extent.thickness = qMax(extent.thickness, pass.thickness.of(format.font()));
         addLeadingGap(line, i, styles.at(i).gap, extent);
-        outlineRun(line.fragments[i], styles.at(i), line, extent);
+        outlineRun(line.fragments[i], styles.at(i), line, extent, pass.outlines);
     }
 }
 
@@ -254,20 +258,28 @@ CSingleTextObject::CSingleTextObject(CWordProcess *object)
 
 void CSingleTextObject::startBlocks()
 {
-    if (m_fonts.haveChanged())
+    if (m_outlines.startLayout())
         m_blocks.clear();
     const QPointF anchor = textOffset();
     m_blocks.startLayout({qreal(orientation()), qreal(dpi()), anchor.x(), anchor.y()},
                          document()->blockCount());
 }
 
+// A page holds many short lines: only the one that is edited keeps its glyphs.
+void CSingleTextObject::endBlocks()
+{
+    m_blocks.endLayout();
+    if (!isEdited())
+        m_outlines.clear();
+}
+
 void CSingleTextObject::horizontalLayout()
 {
     startBlocks();
-    RowPass pass(startLayout(), textOffset(), m_blocks);
+    RowPass pass(startLayout(), textOffset(), m_blocks, m_outlines);
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         layOutOrTake(block, pass, layOutBlock);
-    m_blocks.endLayout();
+    endBlocks();
     const QRectF rect = textRect(pass.layout);
     updateData(pass.layout, rect, rect, QPainterPath());
 }

@@ -24,11 +24,12 @@ public:
 
 private:
     void startBlocks();
+    void endBlocks();
 
     QPainterPath horizontalPlaceholder(QRectF &rect) const;
     QPainterPath verticalPlaceholder(QRectF &rect) const;
 
-    FontWatch m_fonts;
+    OutlineSource m_outlines;
     LaidOutBlocks m_blocks;
 };
 

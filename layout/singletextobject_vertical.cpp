@@ -16,11 +16,13 @@ namespace {
 
 // State across the blocks of one layout.
 struct ColumnPass {
-    ColumnPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut)
+    ColumnPass(const TextLayout &start, const QPointF &at, LaidOutBlocks &laidOut,
+               OutlineSource &outlineSource)
         : anchor(at)
         , dpi(start.dpi)
         , layout(start)
         , blocks(laidOut)
+        , outlines(outlineSource)
     {
     }
 
@@ -36,6 +38,7 @@ struct ColumnPass {
     UnderlineThickness thickness;
     TextLayout layout;
     LaidOutBlocks &blocks;
+    OutlineSource &outlines;
 };
 
 void ColumnPass::goOnFrom(const LayoutNumbers &numbers)
@@ -164,20 +167,25 @@ void placeColumn(Column &column, qreal cursor, ColumnPass &pass)
 }
 
 // Outline of a piece at the pen, centred on the column, unscaled. Returns its width as text.
-qreal addPieceOutline(TextFragment &piece, const PieceStyle &style, const QPointF &pen)
+qreal addPieceOutline(TextFragment &piece, const PieceStyle &style, const QPointF &pen,
+                      OutlineSource &outlines)
 {
-    const qreal width = QFontMetricsF(piece.font).horizontalAdvance(piece.text);
+    const qreal width = outlines.width(piece.font, piece.text);
     if (piece.isEmptyBlock)
         return width;
-    const QPainterPath outline = textOutline(pen, piece.font, piece.text);
-    piece.path = piece.isCJK ? uprightOutline(outline, pen, width, width)
-                             : sidewaysOutline(outline, pen, style.halfCapital);
+    if (piece.isCJK) {
+        piece.path = uprightOutline(outlines.character(pen, piece.font, piece.text), pen, width,
+                                    width);
+    } else {
+        piece.path = sidewaysOutline(outlines.text(pen, piece.font, piece.text), pen,
+                                     style.halfCapital);
+    }
     return width;
 }
 
 // Second pass, one piece: outline and measures, with the column still starting at the anchor.
 void outlinePiece(TextFragment &piece, const PieceStyle &style, const QPointF &origin,
-                  LineExtent &extent)
+                  LineExtent &extent, OutlineSource &outlines)
 {
     const QPointF pen(origin.x(), extent.pen + origin.y());
     const qreal half = style.fontHeight * style.scaleX / 2;
@@ -186,7 +194,7 @@ void outlinePiece(TextFragment &piece, const PieceStyle &style, const QPointF &o
 
     piece.font = piece.isCJK ? style.font : style.sidewaysFont;
     // Text on its side holds its letter spacing in the width already: it deliberately counts twice.
-    const qreal advance = addPieceOutline(piece, style, pen) + style.letterSpacing;
+    const qreal advance = addPieceOutline(piece, style, pen, outlines) + style.letterSpacing;
     piece.scaleX = style.scaleX;
     piece.scaleY = style.scaleY;
     piece.path = scaleAbout(pen, piece.scaleX, piece.scaleY).map(piece.path);
@@ -224,7 +232,7 @@ void outlineColumn(Column &column, ColumnPass &pass)
             extent.thickness = qMax(extent.thickness, pass.thickness.of(format.font()));
         }
         addLeadingGap(line, i, style.gap, extent);
-        outlinePiece(line.fragments[i], style, line.origin, extent);
+        outlinePiece(line.fragments[i], style, line.origin, extent, pass.outlines);
     }
 }
 
@@ -283,10 +291,10 @@ void layOutBlock(const QTextBlock &block, ColumnPass &pass)
 void CSingleTextObject::verticalLayout()
 {
     startBlocks();
-    ColumnPass pass(startLayout(), textOffset(), m_blocks);
+    ColumnPass pass(startLayout(), textOffset(), m_blocks, m_outlines);
     for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
         layOutOrTake(block, pass, layOutBlock);
-    m_blocks.endLayout();
+    endBlocks();
     const QRectF rect = unitedLineRects(pass.layout.lines);
     updateData(pass.layout, rect, rect, QPainterPath());
 }

@@ -118,6 +118,11 @@ bool CTextObjectBase::autoWordWrap() const
     return m_object->m_autoWordWrap;
 }
 
+bool CTextObjectBase::isEdited() const
+{
+    return m_object->m_editing;
+}
+
 QRectF CTextObjectBase::box() const
 {
     return m_object->getClientRect();

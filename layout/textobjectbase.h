@@ -71,6 +71,7 @@ protected:
     QString defaultWord() const;
     QPointF textOffset() const; ///< anchor of line text
     bool autoWordWrap() const;  ///< the box follows its text
+    bool isEdited() const;      ///< key press after key press may follow
     QRectF box() const;         ///< client rectangle
     TextScales scales() const;
     void setScales(const TextScales &scales);

@@ -4,6 +4,7 @@
 #include "boxtext.h"
 
 #include "layout/outlinesum.h"
+#include "layout/recenthash.h"
 
 #include <QFontDatabase>
 #include <QtTest/QtTest>
@@ -206,6 +207,7 @@ private Q_SLOTS:
     void movedResultsAreNotTakenForKeptOnes();
     void fontsThatGoAreSeen();
     void boundsOfOutlinesAreThoseOfTheirSum();
+    void hashForgetsWhatIsNoLongerUsed();
 };
 
 namespace {
@@ -348,6 +350,22 @@ void TestRelayout::boundsOfOutlinesAreThoseOfTheirSum()
         }
         QVERIFY(isSame(boundsOf(paths), sumOf(paths).boundingRect()));
     }
+}
+
+void TestRelayout::hashForgetsWhatIsNoLongerUsed()
+{
+    RecentHash<int, int> hash(10);
+    for (int key = 0; key < 1000; ++key) {
+        hash.insert(key, -key, 1);
+        const int *kept = hash.find(0);
+        QVERIFY(kept && *kept == 0);
+        const int *latest = hash.find(key);
+        QVERIFY(latest && *latest == -key);
+    }
+    int found = 0;
+    for (int key = 0; key < 1000; ++key)
+        found += hash.find(key) ? 1 : 0;
+    QVERIFY2(found < 30, qPrintable(QString::number(found)));
 }
 
 QTEST_MAIN(TestRelayout)
