@@ -61,8 +61,10 @@ FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
                                           QLineEdit::TrailingPosition);
     m_missingSign->setText(tr("This font is not installed"));
     m_missingSign->setVisible(false);
-    connect(this, QOverload<int>::of(&QComboBox::activated), this,
-            [this](int row) { take(itemText(row)); }); // also of the search
+    connect(this, QOverload<int>::of(&QComboBox::activated), this, [this](int row) {
+        take(itemText(row)); // also of the search
+        Q_EMIT left();
+    });
     connect(this, QOverload<int>::of(&QComboBox::highlighted), this,
             [this](int row) { Q_EMIT tried(itemText(row)); });
     show(QString());

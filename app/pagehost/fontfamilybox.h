@@ -31,7 +31,7 @@ Q_SIGNALS:
     void picked(const QString &family);
     /// The pointer or the keys rest on \a family in the open list.
     void tried(const QString &family);
-    /// The user has left the field by Enter or Escape.
+    /// The user has left the field: by Enter, Escape, or with a row of a list.
     void left();
 
 protected:
