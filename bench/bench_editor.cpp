@@ -117,7 +117,7 @@ public:
     ~Editor()
     {
         m_clock.follow(nullptr);
-        const auto mean = [this](double sum) {
+        const auto mean = [](double sum) {
             return benchmark::Counter(sum, benchmark::Counter::kAvgIterations);
         };
         m_state.counters["event"] = mean(m_event);
