@@ -108,7 +108,7 @@ private:
     FontWatch m_fonts;
     RecentHash<FontText, qreal> m_measured;
     RecentHash<FontText, ShapedText> m_shaped;
-    RecentHash<FontText, Glyph> m_characters; // with their pens at (0, 0)
+    RecentHash<FontText, Glyph> m_characters;        // with their pens at (0, 0)
     QHash<QRawFont, QHash<quint32, Glyph>> m_glyphs; // of loaded fonts: they never change
     int m_glyphElements = 0;
 };

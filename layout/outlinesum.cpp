@@ -4,16 +4,16 @@
 #include <QVector>
 
 namespace {
-// A path that stays further than this inside bounds does not touch them, however they were rounded.
-constexpr qreal margin = 1.0 / 64;
+// Bounds are kept as a corner and a size: a right edge is known up to rounding.
+constexpr qreal margin = 1e-6;
 
 // Beyond this the margin would be lost in rounding.
 constexpr qreal farthest = 1e9;
 
 /// False too for what is not a number.
-bool isWellInside(const QRectF &rect, const QRectF &bounds)
+bool isInside(const QRectF &rect, const QRectF &bounds)
 {
-    return rect.left() > bounds.left() + margin && rect.top() > bounds.top() + margin
+    return rect.left() >= bounds.left() && rect.top() >= bounds.top()
            && rect.right() < bounds.right() - margin && rect.bottom() < bounds.bottom() - margin;
 }
 
@@ -41,13 +41,13 @@ QRectF boundsOf(const QList<QPainterPath> &paths)
         const QPainterPath &path = paths.at(i);
         if (path.isEmpty())
             continue;
-        const QRectF hull = path.controlPointRect();
-        if (endsInMove(path) || !isNear(hull))
+        const QRectF own = path.boundingRect();
+        if (endsInMove(path) || !isNear(own))
             return sumOf(paths).boundingRect();
         const bool isEnd = i == 0 || i == paths.size() - 1;
-        if (!isEnd && isWellInside(hull, bounds))
+        if (!isEnd && isInside(own, bounds))
             continue;
-        bounds |= path.boundingRect();
+        bounds |= own;
         touching.append(path);
     }
     return sumOf(touching).boundingRect();

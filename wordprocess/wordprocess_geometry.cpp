@@ -16,6 +16,16 @@
 namespace {
 constexpr double smallestSide = 20.0; // of a client rectangle without any text
 
+/// A path measures its bounds when it is asked for them, even on a thread that only paints it. The layout still
+/// holds these paths: measured now, they are only read from here on.
+void measureBounds(const QList<QPainterPath> &paths)
+{
+    for (const QPainterPath &path : paths) {
+        path.boundingRect();
+        path.controlPointRect();
+    }
+}
+
 bool isFinite(const QRectF &rect)
 {
     return std::isfinite(rect.x()) && std::isfinite(rect.y()) && std::isfinite(rect.width())
@@ -111,6 +121,7 @@ void CWordProcess::updateTextPaths()
     QList<QPainterPath> paths;
     QList<QBrush> brushes;
     m_wordManager->textPaths(paths, brushes);
+    measureBounds(paths);
     forgetLineEdges();
     const bool placeholder = toPlainText().isEmpty();
     {
