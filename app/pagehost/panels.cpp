@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QStyle>
+#include <QTabBar>
 
 namespace {
 
@@ -78,6 +79,7 @@ QDockWidget *Panels::add(const char *name, const QString &title, QWidget *panel)
         dock->setWidget(area);
     }
     m_window->addDockWidget(Qt::RightDockWidgetArea, dock);
+    connect(dock, &QDockWidget::visibilityChanged, this, &Panels::nameTabs);
     m_docks.append(dock);
     return dock;
 }
@@ -88,6 +90,14 @@ void Panels::putTogether(const QList<QDockWidget *> &docks)
     for (int i = 1; i < docks.size(); ++i)
         m_window->tabifyDockWidget(docks.at(i - 1), docks.at(i));
     docks.constFirst()->raise();
+}
+
+/// The window makes bars of tabs as docks come together.
+void Panels::nameTabs()
+{
+    const auto bars = m_window->findChildren<QTabBar *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QTabBar *bar : bars)
+        bar->setAccessibleName(tr("Panels"));
 }
 
 void Panels::addTo(QMenu *menu)

@@ -39,6 +39,7 @@ public:
 private:
     QDockWidget *add(const char *name, const QString &title, QWidget *panel);
     void putTogether(const QList<QDockWidget *> &docks);
+    void nameTabs();
 
     QMainWindow *m_window;
     PageView *m_view;

@@ -113,17 +113,25 @@ QHash<QString, QVariantList> differentValues(const QJsonObject &document, const 
     return different;
 }
 
-} // namespace
-
-RunValues runValuesOf(CVXRootObject *object, bool isEdited)
+RunValues valuesOf(const QJsonObject &document, bool edited)
 {
-    const QJsonObject document =
-        QJsonDocument::fromJson(TextCommands::documentString(object).toUtf8()).object();
-    const Range range = isEdited ? selectionOf(document) : Range();
+    const Range range = edited ? selectionOf(document) : Range();
     RunValues values;
-    values.hasSelection = isEdited && !range.isEmpty();
+    values.hasSelection = edited && !range.isEmpty();
     if (!range.isEmpty())
         values.different = differentValues(document, range);
+    return values;
+}
+
+} // namespace
+
+QHash<CVXRootObject *, RunValues> runValuesOf(const QList<CVXRootObject *> &texts, bool edited)
+{
+    QHash<CVXRootObject *, RunValues> values;
+    for (CVXRootObject *text : texts) {
+        const QByteArray document = TextCommands::documentString(text).toUtf8();
+        values.insert(text, valuesOf(QJsonDocument::fromJson(document).object(), edited));
+    }
     return values;
 }
 

@@ -4,6 +4,7 @@
 #define PAGEHOST_RUNVALUES_H
 
 #include <QHash>
+#include <QList>
 #include <QString>
 #include <QVariant>
 
@@ -22,9 +23,10 @@ struct RunValues {
     }
 };
 
-/// Of the runs and paragraphs that overlap the selection of the edit when \a isEdited, of all otherwise.
-/// The edit goes on, and a composition in it too. Nothing for an object that is no rich text. O(text)
-RunValues runValuesOf(CVXRootObject *object, bool isEdited);
+/// Of each of \a texts: of the runs and paragraphs that overlap the selection of its edit when they are
+/// \a edited, of all otherwise. The edit goes on, and a composition in it too. Nothing for an object that
+/// is no rich text. O(text)
+QHash<CVXRootObject *, RunValues> runValuesOf(const QList<CVXRootObject *> &texts, bool edited);
 
 /// \a value in the one form that equal attributes have: a number for a string that is one, and what a
 /// text has that was never given a value for a blank.

@@ -290,12 +290,12 @@ void TextSelection::readRuns()
 {
     m_runTimer.stop();
     m_runsAreStale = false;
-    QHash<CVXRootObject *, RunValues> runs;
-    const QList<CVXRootObject *> all = texts();
-    for (CVXRootObject *object : all) {
-        if (attributesOf(object).value(QStringLiteral("text")).toString().size() <= longestRead)
-            runs.insert(object, runValuesOf(object, isEditing()));
-    }
+    QList<CVXRootObject *> read = texts();
+    const auto isTooLong = [this](CVXRootObject *text) {
+        return attributesOf(text).value(QStringLiteral("text")).toString().size() > longestRead;
+    };
+    read.erase(std::remove_if(read.begin(), read.end(), isTooLong), read.end());
+    const QHash<CVXRootObject *, RunValues> runs = runValuesOf(read, isEditing());
     if (runs == m_runs)
         return;
     m_runs = runs;

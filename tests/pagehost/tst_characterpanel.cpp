@@ -13,6 +13,7 @@
 #include <QCompleter>
 #include <QDockWidget>
 #include <QLineEdit>
+#include <QTabBar>
 
 #include <memory>
 
@@ -558,6 +559,10 @@ void TestCharacterPanel::everyControlHasAccessibleName()
         }
     }
     QVERIFY(seen > 60);
+    const auto bars = m_host->window()->findChildren<QTabBar *>();
+    QVERIFY(bars.size() >= 2);
+    for (const QTabBar *bar : bars)
+        QCOMPARE(bar->accessibleName(), QStringLiteral("Panels"));
 }
 
 QTEST_MAIN(TestCharacterPanel)

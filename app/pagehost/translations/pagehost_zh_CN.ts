@@ -1124,6 +1124,10 @@ The page that is open stays as it is.</source>
         <source>History</source>
         <translation>历史记录</translation>
     </message>
+    <message>
+        <source>Panels</source>
+        <translation>面板</translation>
+    </message>
 </context>
 <context>
     <name>ParagraphPanel</name>
