@@ -126,10 +126,7 @@ bool printOnPaper(PageSession &session, QPrinter &printer, QString &error, LongW
         QPainter painter;
         if (!beginPaper(session, printer, painter, error))
             return;
-        // Played in another resolution a picture keeps its inches: here it is to keep its pixels.
-        painter.scale(double(picture.logicalDpiX()) / printer.logicalDpiX(),
-                      double(picture.logicalDpiY()) / printer.logicalDpiY());
-        isPrinted = picture.play(&painter) && painter.end();
+        isPrinted = PictureExport::play(picture, painter) && painter.end();
     });
     return isPrinted;
 }
@@ -172,6 +169,17 @@ std::unique_ptr<QMimeData> PictureExport::selectionPicture(PageSession &session,
     data->setData(QStringLiteral("image/png"), png);
     data->setData(QStringLiteral("image/svg+xml"), svg);
     return data;
+}
+
+bool PictureExport::play(QPicture &picture, QPainter &painter)
+{
+    const QPaintDevice *device = painter.device();
+    painter.save();
+    painter.scale(double(picture.logicalDpiX()) / device->logicalDpiX(),
+                  double(picture.logicalDpiY()) / device->logicalDpiY());
+    const bool isPlayed = picture.play(&painter);
+    painter.restore();
+    return isPlayed;
 }
 
 bool PictureExport::print(PageSession &session, QPrinter &printer, QString &error, LongWork &work)

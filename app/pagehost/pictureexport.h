@@ -10,6 +10,8 @@
 class LongWork;
 class PageSession;
 class QMimeData;
+class QPainter;
+class QPicture;
 class QPrinter;
 
 /// Pictures show what the screen does, without handles, frames and caret; texts are outlines in them.
@@ -29,6 +31,9 @@ std::unique_ptr<QMimeData> selectionPicture(PageSession &session, QString &error
 /// smaller. False, with \a error, when the printer does not begin. A file in place of paper is written
 /// whole or not at all.
 bool print(PageSession &session, QPrinter &printer, QString &error, LongWork &work);
+/// Paints what \a picture holds in the pixels in which it was painted there: by itself it would keep its
+/// inches where \a painter has another resolution. For any thread.
+bool play(QPicture &picture, QPainter &painter);
 
 } // namespace PictureExport
 

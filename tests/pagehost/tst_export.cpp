@@ -10,6 +10,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QPainter>
+#include <QPicture>
 #include <QPrinter>
 #include <QProcess>
 #include <QScrollBar>
@@ -97,6 +98,9 @@ private Q_SLOTS:
     // Paper
     void pageIsPrintedOnOneSheet();
     void paperShowsThePageInItsSize();
+    void recordingIsPlayedInItsPixels_data();
+    void recordingIsPlayedInItsPixels();
+    void printerGetsThePageAtOnce();
 
     // Long work
     void workThatIsGivenUpLeavesFile_data();
@@ -511,6 +515,65 @@ void TestExport::paperShowsThePageInItsSize()
     QVERIFY(paper.width() > png.width() && paper.height() > png.height());
     checkAlike(png, paper.copy(png.rect()));
     QCOMPARE(paper.pixelColor(png.width() + 3, 10), QColor(Qt::white));
+}
+
+void TestExport::recordingIsPlayedInItsPixels_data()
+{
+    QTest::addColumn<int>("dpi");
+    for (int dpi : {72, 96, 300, 1200})
+        QTest::addRow("%d dots per inch", dpi) << dpi;
+}
+
+/// What a printer gets is the page as it is painted directly, whatever resolution the printer has.
+void TestExport::recordingIsPlayedInItsPixels()
+{
+    QFETCH(int, dpi);
+    ObjectWindow window(&m_loader);
+    openWhole(window, QStringLiteral("art and warps"));
+    PageRenderer::Options options;
+    options.page = window.session()->size();
+    options.background = window.session()->background();
+    PageRenderer renderer(window.session()->page(), options);
+    QImage direct(options.page, QImage::Format_ARGB32_Premultiplied);
+    direct.setDotsPerMeterX(qRound(dpi / 0.0254));
+    direct.setDotsPerMeterY(qRound(dpi / 0.0254));
+    direct.fill(Qt::white);
+    QImage played = direct;
+    QPainter painter(&direct);
+    QVERIFY(renderer.paint(painter));
+    painter.end();
+    QPicture picture;
+    QPainter recorder(&picture);
+    QVERIFY(renderer.paint(recorder));
+    recorder.end();
+    QPainter player(&played);
+    QVERIFY(PictureExport::play(picture, player));
+    player.end();
+    checkSame(direct, played);
+    QVERIFY(darkPixels(direct, direct.rect()) > 500);
+}
+
+/// Nothing of a page that is given up while it is painted reaches a printer: that is not even begun.
+void TestExport::printerGetsThePageAtOnce()
+{
+    class Printing : public ImpatientWork
+    {
+    public:
+        using ImpatientWork::ImpatientWork;
+        void beginLastPart() override { isLastPart = true; }
+        bool isLastPart = false;
+    };
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    for (int steps = 0; steps <= 2; ++steps) { // one for each object
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setOutputFormat(QPrinter::PdfFormat); // without a file it does not begin
+        Printing work(steps);
+        QString error;
+        QVERIFY(!PictureExport::print(*window.session(), printer, error, work));
+        QCOMPARE(work.isLastPart, steps == 2);
+        QCOMPARE(error.isEmpty(), steps < 2);
+    }
 }
 
 // Long work
