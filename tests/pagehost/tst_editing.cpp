@@ -15,6 +15,18 @@
 
 #include <memory>
 
+namespace {
+/// \param keys in the words of menus, with blanks in between: "Ctrl+A Delete"
+void pressKeys(QWidget *widget, const QString &keys)
+{
+    for (const QString &key : keys.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const int code = QKeySequence(key, QKeySequence::PortableText)[0];
+        QTest::keyClick(widget, Qt::Key(code & ~int(Qt::KeyboardModifierMask)),
+                        Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
+    }
+}
+} // namespace
+
 class TestEditing : public QObject
 {
     Q_OBJECT
@@ -47,7 +59,7 @@ private Q_SLOTS:
 private:
     ObjectWindow &window() { return *m_window; }
     PageView *view() { return m_window->view(); }
-    void press(const QString &keys);
+    void press(const QString &keys) { pressKeys(view(), keys); }
 
     PluginLoader m_loader;
     QTemporaryDir m_settings;
@@ -75,16 +87,6 @@ void TestEditing::init()
     view()->setFocus();
     window().settle();
     m_fired.clear();
-}
-
-/// Keys in the words of menus, with blanks in between: "Ctrl+A Delete".
-void TestEditing::press(const QString &keys)
-{
-    for (const QString &key : keys.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const int code = QKeySequence(key, QKeySequence::PortableText)[0];
-        QTest::keyClick(view(), Qt::Key(code & ~int(Qt::KeyboardModifierMask)),
-                        Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
-    }
 }
 
 // Keys
@@ -231,9 +233,7 @@ void TestEditing::programKeysReachTheProgram()
     action->disconnect();
     const QSignalSpy fired(action, &QAction::triggered);
     CVXRootObject *box = own.startBox({50, 50, 300, 100}, QStringLiteral("abc"));
-    const int code = QKeySequence(key, QKeySequence::PortableText)[0];
-    QTest::keyClick(own.view(), Qt::Key(code & ~int(Qt::KeyboardModifierMask)),
-                    Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
+    pressKeys(own.view(), key);
     QCOMPARE(fired.count(), 1);
     QCOMPARE(own.session()->editedObject(), box);
     QCOMPARE(own.text(0), QStringLiteral("abc"));
