@@ -78,6 +78,7 @@ PageSession::PageSession(const PluginLoader *loader, std::unique_ptr<OpenPage> p
         object->updateCursorColor(background());
     hintMissingFonts();
     connect(undoStack(), &QUndoStack::indexChanged, this, &PageSession::followSteps);
+    connect(undoStack(), &QUndoStack::indexChanged, this, &PageSession::hintMissingFonts);
     connect(undoStack(), &QUndoStack::cleanChanged, this, &PageSession::announce);
     connect(m_open->page()->scene(), &QGraphicsScene::selectionChanged, this,
             &PageSession::announce);
@@ -123,10 +124,10 @@ void PageSession::hintMissingFonts()
 {
     for (CVXRootObject *object : page()->objects()) {
         const QStringList families = TextObject::missingFonts(object);
-        if (!families.isEmpty()) {
-            TextObject::setMissingFontHint(object, tr("Missing font: %1")
-                                                       .arg(families.join(QLatin1String(", "))));
-        }
+        const QString hint = families.isEmpty()
+                                 ? QString() // also of fonts that have been replaced
+                                 : tr("Missing font: %1").arg(families.join(QLatin1String(", ")));
+        TextObject::setMissingFontHint(object, hint);
     }
 }
 
