@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/pagehost/editchanges.h"
 
+#include "app/pagehost/objectsteps.h"
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
@@ -37,6 +38,7 @@ void EditChanges::begin(CVXRootObject *object)
     m_startContent = content();
     m_undone = 0;
     m_isTouched = false;
+    m_comparedInputs = -1;
 }
 
 /// An art text is written in one format.
@@ -59,13 +61,18 @@ bool EditChanges::isChanged() const
         m_isTouched = true; // words that come back may come in other formats
         return true;
     }
-    return m_isTouched && !haveSameContent(content(), m_startContent);
+    if (m_isTouched && m_comparedInputs != m_inputs) { // a caret that blinks asks too
+        m_comparedInputs = m_inputs;
+        m_isDifferent = !haveSameContent(content(), m_startContent);
+    }
+    return m_isTouched && m_isDifferent;
 }
 
 /// Deliberate: a text that is told the form which it has records the form, and in a step ahead of that
 /// whatever its edit has changed. The step of the form changes nothing and goes.
 void EditChanges::record(CUndoRedo &stack)
 {
+    m_comparedInputs = -1; // look again
     if (!TextCommands::isRichText(m_object) || !isChanged())
         return;
     AttributeMap now;
@@ -74,11 +81,8 @@ void EditChanges::record(CUndoRedo &stack)
     m_object->setAllAttributes({{wordWrapKey, now.value(wordWrapKey)},
                                 {autoWordWrapKey, now.value(autoWordWrapKey)}},
                                /*withUndo=*/true);
-    if (stack.index() > index) {
-        const QUndoCommand *form = stack.command(stack.index() - 1);
-        const_cast<QUndoCommand *>(form)->setObsolete(true);
-        stack.undo(); // throws an obsolete step away
-    }
+    if (stack.index() > index)
+        forgetLastStep(stack);
     begin(m_object);
 }
 

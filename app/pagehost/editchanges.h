@@ -15,7 +15,8 @@ class EditChanges
 public:
     /// The edit of \a object begins, or a step has taken in all that it has changed so far.
     void begin(CVXRootObject *object);
-    /// To be called for whatever may change the text beside a motion of the caret.
+    /// To be called ahead of whatever may change the text beside a motion of the caret, in the same turn
+    /// of the event loop.
     void noteInput();
     /// So many calls of noteInput(), over all edits.
     int inputs() const { return m_inputs; }
@@ -44,8 +45,10 @@ private:
     QString m_startText;
     QString m_startContent;
     int m_inputs = 0;
-    int m_undone = 0;                 ///< calls of undo() that can be redone
-    mutable bool m_isTouched = false; ///< the formats may differ although the words do not
+    int m_undone = 0;                   ///< calls of undo() that can be redone
+    mutable bool m_isTouched = false;   ///< the formats may differ although the words do not
+    mutable int m_comparedInputs = -1;  ///< inputs() at the last comparison of formats; -1 for none
+    mutable bool m_isDifferent = false; ///< what that has come to
 };
 
 #endif

@@ -263,7 +263,6 @@ bool MainWindow::sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers)
     CVXRootObject *edited = m_session->editedObject();
     if (!edited)
         return false;
-    m_session->noteEditInput();
     TextCommands::sendKey(edited, key, modifiers);
     return true;
 }
@@ -300,6 +299,7 @@ void MainWindow::pastePlain()
 
 void MainWindow::remove()
 {
+    m_session->noteEditInput();
     if (!sendToEdit(Qt::Key_Delete, Qt::NoModifier))
         m_session->removeSelected();
 }

@@ -15,6 +15,12 @@ const QString autoWordWrapKey = QStringLiteral("text_auto_wordwrap");
 
 } // namespace
 
+void forgetLastStep(CUndoRedo &stack)
+{
+    const_cast<QUndoCommand *>(stack.command(stack.index() - 1))->setObsolete(true);
+    stack.undo(); // throws an obsolete step away, and does nothing else
+}
+
 PresenceStep::PresenceStep(Change change, Page *page, CVXRootObject *object)
     : m_change(change)
     , m_page(page)

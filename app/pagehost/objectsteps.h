@@ -13,6 +13,9 @@
 
 class Page;
 
+/// Takes the step pushed last off \a stack, which has one. What it has done stays done.
+void forgetLastStep(CUndoRedo &stack);
+
 /// Puts an object on a page or takes it away. Whichever step keeps an object off its page owns it, and
 /// releases it when the step is thrown away.
 class PresenceStep : public CWbUndoCmd

@@ -245,10 +245,8 @@ bool PageSession::settleNewText()
         return true;
     page()->takeObject(object); // ahead of the steps, that none of them looks for it there
     CUndoRedo *const stack = undoStack();
-    while (stack->index() > m_stepsAheadOfNewText) {
-        const_cast<QUndoCommand *>(stack->command(stack->index() - 1))->setObsolete(true);
-        stack->undo(); // throws an obsolete step away
-    }
+    while (stack->index() > m_stepsAheadOfNewText)
+        forgetLastStep(*stack);
     object->Release();
     announce();
     return false;

@@ -14,13 +14,6 @@ namespace {
 
 const QString editKey = QStringLiteral("IDS_IMAGE_ADJUST_ATTRIBUTE"); // as texts name their steps
 
-/// Takes the step pushed last off \a stack; what it has done stays.
-void forgetLastStep(CUndoRedo &stack)
-{
-    const_cast<QUndoCommand *>(stack.command(stack.index() - 1))->setObsolete(true);
-    stack.undo(); // throws an obsolete step away
-}
-
 } // namespace
 
 void PageSession::noteEditInput()
@@ -62,6 +55,7 @@ void PageSession::startEditDrag()
     CVXRootObject *edited = editedObject();
     if (!edited || m_editDragged)
         return;
+    recordNewText();
     m_edit.record(*undoStack());
     m_editDragged = edited;
     m_boxAheadOfDrag = TextBox::of(edited);
@@ -75,13 +69,12 @@ void PageSession::finishEditDrag()
         return;
     CUndoRedo &stack = *undoStack();
     const TextBox now = TextBox::of(object);
-    const bool isResized = now.size != m_boxAheadOfDrag.size;
     // Deliberate: outside an edit the host's own step would stretch the text that was wrapped anew.
-    if (isResized && stack.index() == m_stepsAheadOfDrag + 1)
+    if (stack.index() == m_stepsAheadOfDrag + 1)
         forgetLastStep(stack);
-    if (isResized)
+    if (now.size != m_boxAheadOfDrag.size)
         stack.push(new TextBoxStep(object, m_boxAheadOfDrag, now));
-    else if (now.pos != m_boxAheadOfDrag.pos && stack.index() == m_stepsAheadOfDrag)
+    else if (now.pos != m_boxAheadOfDrag.pos)
         stack.push(new ShiftStep(object, now.pos - m_boxAheadOfDrag.pos));
     object->updatePreview();
 }
