@@ -15,6 +15,9 @@ private Q_SLOTS:
     void dragMovesAndIsOneStep();
     void clickWithASlipMovesNothing();
     void selectedObjectsMoveTogetherAsOneStep();
+    void companionsFollowThoughTheyAreDeselected();
+    void cancelledDragChangesNothing_data();
+    void cancelledDragChangesNothing();
     void resizeKeepsTheOppositeSide_data();
     void resizeKeepsTheOppositeSide();
     void resizeStopsAtTheSmallestSize();
@@ -101,6 +104,67 @@ void TestDrags::selectedObjectsMoveTogetherAsOneStep()
     host.stack().undo();
     QCOMPARE(first->getPos(), QPointF(0, 0));
     QCOMPARE(second->getPos(), QPointF(200, 0));
+}
+
+void TestDrags::companionsFollowThoughTheyAreDeselected()
+{
+    RecordingHost host;
+    auto *const first = new PlainObject(&host);
+    auto *const second = new PlainObject(&host);
+    auto *const gone = new PlainObject(&host);
+    for (PlainObject *object : {first, second, gone}) {
+        host.scene().addItem(object);
+        object->setSelected(true);
+    }
+    sendMouse(*first, QEvent::GraphicsSceneMousePress, {50, 25});
+    sendMouse(*first, QEvent::GraphicsSceneMouseMove, {60, 25});
+    second->setSelected(false);
+    gone->Release();
+    sendMouse(*first, QEvent::GraphicsSceneMouseMove, {80, 25});
+    sendMouse(*first, QEvent::GraphicsSceneMouseRelease, {80, 25});
+    QCOMPARE(first->getPos(), QPointF(30, 0));
+    QCOMPARE(second->getPos(), QPointF(30, 0));
+    host.stack().undo();
+    QCOMPARE(first->getPos(), QPointF(0, 0));
+    QCOMPARE(second->getPos(), QPointF(0, 0));
+}
+
+void TestDrags::cancelledDragChangesNothing_data()
+{
+    QTest::addColumn<int>("handle");
+    QTest::newRow("move") << int(CObjAction::ACT_None);
+    QTest::newRow("resize") << int(CObjAction::ACT_TopLeft);
+    QTest::newRow("rotation") << int(CObjAction::ACT_Rotate);
+}
+
+void TestDrags::cancelledDragChangesNothing()
+{
+    QFETCH(int, handle);
+    RecordingHost host;
+    auto *const object = new PlainObject(&host);
+    auto *const companion = new PlainObject(&host);
+    for (PlainObject *each : {object, companion}) {
+        host.scene().addItem(each);
+        each->setSelected(true);
+    }
+    const QPointF start = handle == CObjAction::ACT_None
+                              ? QPointF(50, 25)
+                              : object->mapToScene(object->handlePosition(handle));
+    QVERIFY(!object->isDragged());
+    sendMouse(*object, QEvent::GraphicsSceneMousePress, start);
+    QVERIFY(object->isDragged());
+    sendMouse(*object, QEvent::GraphicsSceneMouseMove, start + QPointF(20, 30));
+    object->cancelDrag();
+    QVERIFY(!object->isDragged());
+    sendMouse(*object, QEvent::GraphicsSceneMouseMove, start + QPointF(40, 30));
+    sendMouse(*object, QEvent::GraphicsSceneMouseRelease, start + QPointF(40, 30));
+    for (PlainObject *each : {object, companion}) {
+        QCOMPARE(each->getPos(), QPointF(0, 0));
+        QCOMPARE(each->getSize(), QSizeF(100, 50));
+        QVERIFY(qAbs(each->getRotate()) < 1e-9);
+    }
+    QCOMPARE(object->activeHandle(), int(CObjAction::ACT_None));
+    QCOMPARE(host.stack().count(), 0);
 }
 
 void TestDrags::resizeKeepsTheOppositeSide_data()

@@ -310,8 +310,8 @@ void TestKeptWork::textMovedByItsMarginIsAStep()
 void TestKeptWork::resizeWithinEditIsUndoneWithinEdit()
 {
     ObjectWindow window(&m_loader);
-    CVXRootObject *box =
-        window.writeBox(firstPlace, QStringLiteral("several words that are wrapped"));
+    CVXRootObject *box = window.writeBox(firstPlace,
+                                         QStringLiteral("several words that are wrapped"));
     TextObject::letBoxGrow(box);
     window.settle();
     const PageState before = stateOf(window);
@@ -642,7 +642,10 @@ void TestKeptWork::randomWorkIsKept()
         std::function<void()> run;
     };
     const QVector<Action> inEdit{
-        {"type", [&] { QTest::keyClicks(window.view(), QStringLiteral("ab ").left(1 + random.bounded(3))); }},
+        {"type",
+         [&] {
+             QTest::keyClicks(window.view(), QStringLiteral("ab ").left(1 + random.bounded(3)));
+         }},
         {"erase", [&] { key(Qt::Key_Backspace); }},
         {"paragraph", [&] { key(Qt::Key_Return); }},
         {"caret", [&] { key(random.bounded(2) ? Qt::Key_Left : Qt::Key_Home); }},
@@ -706,8 +709,9 @@ void TestKeptWork::randomWorkIsKept()
         }
         if (!window.session()->isModified() && !edited()) {
             const QString differs = difference(stateOf(window), saved);
-            QVERIFY2(differs.isEmpty(), qPrintable(differs + QStringLiteral(" after ")
-                                                   + done.mid(done.size() - 25).join(QLatin1String(", "))));
+            QVERIFY2(differs.isEmpty(),
+                     qPrintable(differs + QStringLiteral(" after ")
+                                + done.mid(done.size() - 25).join(QLatin1String(", "))));
         }
     }
     window.session()->endEdit();
@@ -727,8 +731,9 @@ void TestKeptWork::randomWorkIsKept()
         if (!states.contains(window.steps()->index()))
             continue;
         const QString differs = difference(stateOf(window), states.value(window.steps()->index()));
-        QVERIFY2(differs.isEmpty(), qPrintable(differs + QLatin1Char(' ')
-                                               + window.steps()->text(window.steps()->index() - 1)));
+        QVERIFY2(differs.isEmpty(),
+                 qPrintable(differs + QLatin1Char(' ')
+                            + window.steps()->text(window.steps()->index() - 1)));
     }
     QCOMPARE(difference(stateOf(window), last), QString());
 }
