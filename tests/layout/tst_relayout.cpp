@@ -167,7 +167,7 @@ private:
     {
         const QVector<int> alignments = {1, 2, 4, 8, 0x20, 0x40, 0x80, 0x100, 0x200, 0x400, 0x800};
         QTextBlockFormat format;
-        switch (below(6)) {
+        switch (below(7)) {
         case 0:
             format.setProperty(TextProperty::Alignment, alignments.at(below(alignments.size())));
             break;
@@ -176,6 +176,9 @@ private:
             break;
         case 2:
             format.setProperty(TextProperty::SpaceBehindBlock, below(12));
+            break;
+        case 6:
+            format.setProperty(TextProperty::SpaceAheadOfBlock, below(12));
             break;
         case 3:
             format.setProperty(TextProperty::Hyphenate, below(2) == 0);
@@ -205,6 +208,8 @@ private Q_SLOTS:
     void everyEditGivesTheLayoutOfANewObject();
     void anotherBoxOrStretchForgetsWhatWasKept();
     void movedResultsAreNotTakenForKeptOnes();
+    void linesBehindAnUnderlineAreMadeAnew();
+    void firstBlockIsNotTakenForALaterOne();
     void fontsThatGoAreSeen();
     void boundsOfOutlinesAreThoseOfTheirSum();
     void hashForgetsWhatIsNoLongerUsed();
@@ -329,6 +334,43 @@ void TestRelayout::movedResultsAreNotTakenForKeptOnes()
     kept.layout();
     kept.updatePosition(7.25, -3.5, 200, 400);
     QCOMPARE(differenceFromNew(kept, text, true), QString());
+}
+
+// Its thickness belongs to the rectangles of all lines of the block that follow.
+void TestRelayout::linesBehindAnUnderlineAreMadeAnew()
+{
+    for (Qt::Orientation orientation : {Qt::Horizontal, Qt::Vertical}) {
+        BoxText text(120, 120, orientation);
+        text.setFirstFormat(BoxText::format());
+        text.add(QStringLiteral("first line, second line, third line, fourth line"));
+        CWordManager kept(&text, true);
+        QCOMPARE(differenceFromNew(kept, text, true), QString());
+        for (bool isUnderlined : {true, false, true}) {
+            QTextCursor cursor(text.m_document);
+            cursor.setPosition(4, QTextCursor::KeepAnchor);
+            QTextCharFormat format;
+            format.setFontUnderline(isUnderlined);
+            cursor.mergeCharFormat(format);
+            QCOMPARE(differenceFromNew(kept, text, true), QString());
+        }
+    }
+}
+
+// The space ahead of a block does not count for the first one.
+void TestRelayout::firstBlockIsNotTakenForALaterOne()
+{
+    BoxText text;
+    text.setFirstFormat(BoxText::format());
+    text.setBlockProperty(TextProperty::SpaceAheadOfBlock, 9);
+    text.add(QStringLiteral("line"));
+    for (bool wordWrap : {true, false}) {
+        CWordManager kept(&text, wordWrap);
+        QCOMPARE(differenceFromNew(kept, text, wordWrap), QString());
+        QTextCursor(text.m_document).insertBlock(); // of the same format
+        QCOMPARE(differenceFromNew(kept, text, wordWrap), QString());
+        QTextCursor(text.m_document).deleteChar();
+        QCOMPARE(differenceFromNew(kept, text, wordWrap), QString());
+    }
 }
 
 void TestRelayout::boundsOfOutlinesAreThoseOfTheirSum()
