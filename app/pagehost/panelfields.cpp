@@ -10,7 +10,8 @@
 
 namespace {
 
-constexpr int signHeight = 3; // pixels of the sign of several values
+constexpr int smallestField = 72; // pixels
+constexpr int signHeight = 3;     // pixels of the sign of several values
 constexpr QSize swatchSize(28, 14);
 
 QPixmap swatch(const QColor &color, const QWidget &button)
@@ -41,10 +42,11 @@ NumberField::NumberField(const QString &name, double smallest, double largest, i
     setDecimals(decimals);
     setRange(smallest, largest);
     if (!unit.isEmpty())
-        setSuffix(QLatin1Char(' ') + unit);
+        m_suffix = QLatin1Char(' ') + unit;
+    setSuffix(m_suffix);
+    setMinimumWidth(qMax(smallestField, sizeHint().width())); // also without the unit
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus);
-    setMinimumWidth(72);
     connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
     connect(this, &QAbstractSpinBox::editingFinished, this, &NumberField::commit);
 }
@@ -66,29 +68,23 @@ void NumberField::show(const QVariant &value)
         return;
     const QSignalBlocker blocker(this);
     m_isTyping = false;
-    m_isMixed = !isNumber;
+    setMixed(!isNumber);
     m_shown = isNumber ? number : m_start;
     setValue(m_shown);
     if (m_isMixed)
-        clearText();
+        lineEdit()->clear();
     else
         lineEdit()->setText(prefix() + textFromValue(this->value()) + suffix());
     setAccessibleDescription(m_isMixed ? tr("Several values, or none") : QString());
 }
 
-/// Qt writes the text anew there, the unit too, which alone says nothing.
-void NumberField::showEvent(QShowEvent *event)
+/// Of several values no unit is shown either, which says nothing alone.
+void NumberField::setMixed(bool mixed)
 {
-    QDoubleSpinBox::showEvent(event);
-    if (m_isMixed && !m_isTyping)
-        clearText();
-}
-
-/// Quietly: Qt takes other changes of the text for typing and comes back to them when the window is left.
-void NumberField::clearText()
-{
-    const QSignalBlocker blocker(lineEdit());
-    lineEdit()->clear();
+    m_isMixed = mixed;
+    const QString shown = mixed ? QString() : m_suffix;
+    if (suffix() != shown)
+        setSuffix(shown);
 }
 
 QString NumberField::textFromValue(double value) const
@@ -119,7 +115,7 @@ void NumberField::stepBy(int steps)
     if (!goesOn)
         m_beforeSteps = shown();
     m_isStepping = true;
-    m_isMixed = false;
+    setMixed(false);
     setValue(to);
     m_isTyping = false;
     m_shown = value();
@@ -177,7 +173,7 @@ void NumberField::commit()
     m_isStepping = false;
     const double number = value();
     const bool isNew = m_isMixed || number != m_shown;
-    m_isMixed = false;
+    setMixed(false);
     m_shown = number;
     if (isNew)
         Q_EMIT entered(number);

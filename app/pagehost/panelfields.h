@@ -43,17 +43,17 @@ Q_SIGNALS:
 protected:
     QString textFromValue(double value) const override;
     void keyPressEvent(QKeyEvent *event) override;
-    void showEvent(QShowEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
     void commit();
-    void clearText();
+    void setMixed(bool mixed);
     void escape();
     bool shows(bool isNumber, double number) const;
     QVariant shown() const { return m_isMixed ? QVariant() : QVariant(m_shown); }
 
+    QString m_suffix; ///< the unit
     double m_start;
     double m_shown = 0;
     bool m_isMixed = true;
