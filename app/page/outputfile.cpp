@@ -77,7 +77,8 @@ bool writeFile(const QString &name, const QByteArray &bytes, QString &reason, Fo
     if (former == FormerFile::Kept && QFileInfo(name).isFile() && !holds(name, bytes)
         && !keepFormer(name, reason))
         return false;
-    // Ahead of the commit: no finished file may ever bear the mark.
-    mark.remove();
-    return output.commit() || fail(reason, output.errorString());
+    if (!output.commit())
+        return fail(reason, output.errorString());
+    mark.remove(); // not earlier: a kill in the middle of commit() leaves a file too
+    return true;
 }

@@ -40,6 +40,17 @@ void removeIfAbandoned(const QByteArray &path)
     close(handle);
 }
 
+/// A writer that is killed behind its last step leaves its mark on the finished file.
+void unmark(const QByteArray &path)
+{
+    const int handle = open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    if (flock(handle, LOCK_EX | LOCK_NB) == 0)
+        fremovexattr(handle, markName);
+    close(handle);
+}
+
 } // namespace
 
 UnfinishedMark::UnfinishedMark(int handle)
@@ -68,6 +79,7 @@ void removeUnfinished(const QString &name)
     // A symbolic link stands for its file, beside which the unfinished one lies.
     const QString path = QFileInfo(name).canonicalFilePath();
     const QFileInfo file(path.isEmpty() ? name : path);
+    unmark(QFile::encodeName(file.filePath()));
     static const QRegularExpression suffix(QStringLiteral("^\\.[A-Za-z]{6}$"));
     const QDir folder = file.absoluteDir();
     const QStringList others = folder.entryList(QDir::Files | QDir::Hidden, QDir::Unsorted);

@@ -29,7 +29,8 @@ private:
 
 /// Removes the unfinished files of \a name that writers have left which do not live any more. A file
 /// goes only when it is called as QSaveFile calls those of \a name, belongs to this user, bears the mark
-/// and is locked by nobody; no other file is touched.
+/// and is locked by nobody; no other file is touched, but that a mark that was left on \a name itself,
+/// which is finished, goes.
 void removeUnfinished(const QString &name);
 
 #endif

@@ -564,6 +564,18 @@ void TestFiles::finishedFileBearsNoMark()
     QVERIFY(QDir().rename(fileName, fileName + QStringLiteral(".AbCdeF")));
     removeUnfinished(fileName);
     QVERIFY(QFile::exists(fileName + QStringLiteral(".AbCdeF")));
+    QVERIFY(QDir().rename(fileName + QStringLiteral(".AbCdeF"), fileName));
+
+    // A kill behind the last step of a save leaves the mark: it goes with the next look at the file.
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    if (!UnfinishedMark(file.handle()).isSet())
+        QSKIP("the disk takes no marks");
+    file.close();
+    QVERIFY(m_window->openFile(fileName));
+    QVERIFY(QDir().rename(fileName, fileName + QStringLiteral(".AbCdeF")));
+    removeUnfinished(fileName);
+    QVERIFY(QFile::exists(fileName + QStringLiteral(".AbCdeF")));
 }
 
 // Snapshots
