@@ -90,11 +90,14 @@ focus()
     settle
 }
 
+# start_editor FILE: at the left upper corner of the screen, wherever the last one has been.
 start_editor()
 {
     "$pagehost" "$1" 2>>pagehost.log &
     editor=$!
     focus "$(basename "$1")"
+    xdotool windowmove "$window" 0 0
+    settle
 }
 
 # Ends the editor, which has nothing to ask.

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|places|art|count FILE"""
+"""Prints what a saved JSON page holds. Usage: inspect_page.py strings|text|formats|places|warp|fonts|art|count FILE"""
 import json
 import sys
 
@@ -12,7 +12,7 @@ def read(name):
 
 def documents(objects):
     return [json.loads(item["record"]["params"]["document_data"]) for item in objects
-            if item["kind"] == "rich_text"]
+            if item["kind"] == "rich_text" and "record" in item]
 
 
 def print_art_texts(objects):
@@ -39,6 +39,11 @@ def print_formats(document):
     print("alignment:", [block["textalignment"] for block in document["block"]])
 
 
+def print_warp(document):
+    keys = "style", "value", "horizontal_value", "vertical_value"
+    print(*(document[f"warp_{key}"] for key in keys))
+
+
 def main():
     question, name = sys.argv[1:]
     objects = read(name)
@@ -54,6 +59,10 @@ def main():
         elif question == "text":
             print("\n".join("".join(run["content"] for run in block)
                             for block in document["fragment"]))
+        elif question == "warp":
+            print_warp(document)
+        elif question == "fonts":
+            print(*sorted({run["font_family"] for block in document["fragment"] for run in block}))
         elif question == "formats":
             print_formats(document)
 
