@@ -68,8 +68,10 @@ QString FileCommands::shownName() const
                                            : QFileInfo(session()->fileName()).fileName();
 }
 
-bool FileCommands::openFile(const QString &fileName)
+bool FileCommands::openFile(const QString &name)
 {
+    // The page may be saved, and recovered, by a program that stands in another folder.
+    const QString fileName = QFileInfo(name).absoluteFilePath();
     QString error;
     std::unique_ptr<PageSession> opened;
     {
@@ -209,8 +211,9 @@ bool FileCommands::saveTo(const QString &fileName)
 /// Asks ahead of the loss of what another program has written to the file of the page.
 bool FileCommands::mayReplace(const QString &fileName)
 {
-    if (fileName != session()->fileName() || !session()->isFileForeign()
-        || !QFileInfo::exists(fileName))
+    const QString written = QFileInfo(fileName).canonicalFilePath();
+    if (written.isEmpty() || written != QFileInfo(session()->fileName()).canonicalFilePath()
+        || !session()->isFileForeign())
         return true;
     return QMessageBox::warning(m_window, tr("Save"),
                                 tr("Another program has changed %1. Replace it?").arg(shownName()),

@@ -122,14 +122,35 @@ void openPages(MainWindow &window, const Options &options)
     QProcess::startDetached(QCoreApplication::applicationFilePath(), arguments);
 }
 
+/// False, with a message on the standard error, when there is no library.
+bool loadLibrary(PluginLoader &loader, const Options &options, QString &message)
+{
+    if (loader.load(options.plugin))
+        return true;
+    message = QCoreApplication::translate("main",
+                                          "The library of text objects cannot be loaded.\n%1")
+                  .arg(loader.errorString());
+    tell(message);
+    return false;
+}
+
+/// A missing library comes first: it would be missing with a display too.
+ExitCode failWithoutDisplay(const Options &options, int &argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    PluginLoader loader;
+    QString message;
+    if (!loadLibrary(loader, options, message))
+        return NoLibrary;
+    tell(QStringLiteral("there is no display; pagerender makes a picture of a page without one"));
+    return Failed;
+}
+
 int run(const Options &options)
 {
     PluginLoader loader;
-    if (!loader.load(options.plugin)) {
-        const QString message =
-            QCoreApplication::translate("main", "The library of text objects cannot be loaded.\n%1")
-                .arg(loader.errorString());
-        tell(message);
+    QString message;
+    if (!loadLibrary(loader, options, message)) {
         if (hasScreen())
             QMessageBox::critical(nullptr, QStringLiteral("pagehost"), message);
         return NoLibrary;
@@ -150,17 +171,14 @@ int main(int argc, char **argv)
     ExitCode code = Done;
     if (!parse(commandLine(argc, argv), options, code))
         return code;
-    if (!hasDisplay()) {
-        tell(QStringLiteral(
-            "there is no display; pagerender makes a picture of a page without one"));
-        return Failed;
-    }
+    int applicationArgc = argc > 0 ? 1 : 0;
+    if (!hasDisplay())
+        return failWithoutDisplay(options, applicationArgc, argv);
     QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     // 1.25 and 1.5 as they are: rounded, all would be too small or too large.
     QGuiApplication::setHighDpiScaleFactorRoundingPolicy(
         Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    int applicationArgc = argc > 0 ? 1 : 0;
     QApplication application(applicationArgc, argv);
     QApplication::setApplicationName(QStringLiteral("pagehost"));
     QApplication::setApplicationDisplayName(QString());

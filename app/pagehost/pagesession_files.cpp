@@ -81,7 +81,11 @@ std::unique_ptr<PageSession> PageSession::recover(const PluginLoader *loader, co
         return nullptr;
     session->m_open->completePictures();
     session->m_fileName = fileName;
-    session->m_fileStamp = stampOf(fileName);
+    // A file written after the copy holds what this page does not: saving asks first.
+    if (QFileInfo(fileName).lastModified() <= QFileInfo(copy).lastModified())
+        session->m_fileStamp = stampOf(fileName);
+    else
+        session->m_fileStamp.clear();
     session->undoStack()->resetClean();
     return session;
 }

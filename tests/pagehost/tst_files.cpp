@@ -83,6 +83,8 @@ private Q_SLOTS:
     void copyOfRunningProgramIsNotOffered();
     void abandonedCopyIsOffered();
     void recoveredPageIsModifiedPageOfItsFile();
+    void recoveredPageAsksAheadOfAFileThatIsNewer();
+    void pageIsKnownByItsWholePath();
     void discardedCopyIsGone();
     void copyThatIsLeftForLaterIsOfferedAgain();
 
@@ -850,6 +852,36 @@ void TestFiles::recoveredPageIsModifiedPageOfItsFile()
     QVERIFY(contentOf(fileName) != before);
     QTRY_VERIFY(m_window->files()->recovery()->copyName().isEmpty());
     QVERIFY(RecoveryCopy::abandoned().empty());
+}
+
+void TestFiles::recoveredPageAsksAheadOfAFileThatIsNewer()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    edit();
+    type(QStringLiteral("!"));
+    abandonCopy();
+    const QByteArray newer = contentOf(fileName) + "\n";
+    QVERIFY(write(fileName, newer));
+    QFile file(fileName);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(60),
+                             QFileDevice::FileModificationTime));
+    file.close();
+    recoverFirst();
+    QVERIFY(m_window->files()->offerRecovery());
+    QVERIFY(session()->isFileForeign());
+    answer(QMessageBox::Cancel);
+    m_window->findChild<QAction *>(QStringLiteral("save"))->trigger();
+    QCOMPARE(contentOf(fileName), newer);
+}
+
+void TestFiles::pageIsKnownByItsWholePath()
+{
+    openText();
+    const QString fileName = session()->fileName();
+    QVERIFY(m_window->openFile(QDir::current().relativeFilePath(fileName)));
+    QCOMPARE(session()->fileName(), fileName);
 }
 
 void TestFiles::discardedCopyIsGone()

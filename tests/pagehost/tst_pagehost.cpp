@@ -93,6 +93,7 @@ private Q_SLOTS:
     void pageThatGoesWithItsEditedArtTextIsNoHarm();
     void styleOfSelectedArtTextsIsOneStep();
 
+    void missingLibraryEndsWithCode4_data();
     void missingLibraryEndsWithCode4();
     void wrongUsageEndsWithCode2();
 
@@ -1097,9 +1098,23 @@ void TestPageHost::styleOfSelectedArtTextsIsOneStep()
 
 // The program
 
+void TestPageHost::missingLibraryEndsWithCode4_data()
+{
+    QTest::addColumn<bool>("hasDisplay");
+    QTest::newRow("with a display") << true;
+    QTest::newRow("without") << false;
+}
+
 void TestPageHost::missingLibraryEndsWithCode4()
 {
+    QFETCH(bool, hasDisplay);
     QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    if (!hasDisplay) {
+        for (const char *name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+            environment.remove(QLatin1String(name));
+    }
+    program.setProcessEnvironment(environment);
     program.start(QStringLiteral(PAGEHOST_PROGRAM),
                   {QStringLiteral("--plugin"), QStringLiteral("/nowhere/libvxarttext.so.1")});
     QVERIFY(program.waitForFinished());
