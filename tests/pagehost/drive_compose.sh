@@ -13,7 +13,7 @@ start_input_method()
 {
     export QT_IM_MODULE=ibus XDG_CACHE_HOME=$HOME/cache GSETTINGS_BACKEND=memory NO_AT_BRIDGE=1
     ibus-daemon --replace --config="$settings" >ibus.log 2>&1 &
-    helpers+=($!)
+    companions+=($!)
     wait_for "the input method" has_engine
 }
 has_engine()

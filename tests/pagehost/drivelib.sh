@@ -24,12 +24,12 @@ cd "$work"
 editor=
 screen=
 window=
-helpers=() # other programs, to be ended
+companions=() # other programs, to be ended
 
 stop()
 {
     [ -z "$editor" ] || kill "$editor" 2>/dev/null || true
-    [ "${#helpers[@]}" -eq 0 ] || kill "${helpers[@]}" 2>/dev/null || true
+    [ "${#companions[@]}" -eq 0 ] || kill "${companions[@]}" 2>/dev/null || true
     [ -z "$screen" ] || kill "$screen" 2>/dev/null || true
 }
 trap stop EXIT
@@ -58,11 +58,7 @@ start_screen()
     # A screen tells its size in whole millimetres; this one, 381 by 254, is of just that density.
     Xvfb -displayfd 3 -screen 0 1440x960x24 -dpi 96 -nolisten tcp 3>display 2>xvfb.log &
     screen=$!
-    for _ in $(seq 100); do
-        [ -s display ] && break
-        sleep 0.1
-    done
-    [ -s display ] || fail "no virtual screen"
+    wait_for "the virtual screen" test -s display
     DISPLAY=:$(cat display)
     XDG_RUNTIME_DIR=$work/runtime
     HOME=$work/home
@@ -104,20 +100,17 @@ start_editor()
 quit_editor()
 {
     xdotool key ctrl+q
-    for _ in $(seq 600); do
-        kill -0 "$editor" 2>/dev/null || break
-        sleep 0.1
-    done
-    kill -0 "$editor" 2>/dev/null && fail "the editor does not end"
+    wait_for "the end of the editor" has_ended "$editor"
     wait "$editor" || fail "the editor ends with code $?"
     editor=
 }
+has_ended() { ! kill -0 "$1" 2>/dev/null; }
 
 # keys KEY...: presses them one by one, as ctrl+shift+b. The editor asks which modifiers are down when it comes to a
 # key, so they stay down until then. A key is named as it is without Shift: comma, not less.
 keys()
 {
-    local key= name= down=() up=()
+    local key= name= modifier= down=() up=()
     for key in "$@"; do
         down=()
         up=()
@@ -197,11 +190,11 @@ double_click()
     settle
 }
 
-# alike WHAT A B [FUZZ], of canvas pictures: colours that differ by up to FUZZ count as the same. unlike the same.
+# alike WHAT A B, of canvas pictures; unlike the same.
 alike()
 {
     local difference=
-    difference=$(compare -fuzz "${4:-0}" -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
+    difference=$(compare -metric AE "$2.png" "$3.png" null: 2>&1) || fail "$1: $difference pixels differ"
 }
 unlike()
 {
