@@ -13,7 +13,8 @@ BOXES = [("a character typed or deleted", "key"), ("the caret moved by a key", "
 PAGES = [("a character typed or deleted in a box of 60", "key/among many"),
          ("panning by 12 by 9 pixels at 100 %", "pan/100 %"), ("the same at 50 %", "pan/50 %"),
          ("panning by 900 by 600 pixels at 100 %", "pan/100 %, a screen"),
-         ("repaint of the canvas at 100 %", "repaint/100 %"), ("repaint of the whole page", "repaint/fit"),
+         ("repaint of the canvas at 100 %, about 130 objects", "repaint/100 %"),
+         ("repaint of the whole page", "repaint/fit"),
          ("a step of the zoom", "zoom"), ("select all, or nothing", "select all"),
          ("open, JSON", "open/mixed.json"), ("open, binary", "open/mixed.vxpage")]
 
@@ -25,9 +26,14 @@ def medians(name):
             if row.get("aggregate_name") == "median"}
 
 
+def number(value, digits):
+    """With so many digits, and never with an exponent."""
+    return f"{value:.0f}" if round(value) >= 10 ** digits else f"{value:.{digits}g}"
+
+
 def cell(row):
     parts = [row[part] for part in ("event", "canvas", "rest")]
-    return f"{sum(parts):.3g} ({' + '.join(f'{part:.2g}' if part < 100 else f'{part:.0f}' for part in parts)})"
+    return f"{number(sum(parts), 3)} ({' + '.join(number(part, 2) for part in parts)})"
 
 
 def main(arguments):
@@ -41,7 +47,7 @@ def main(arguments):
             for script in ("Latin", "Han"):
                 cells = [cell(rows[f"{kind}/{script}/{size}"]) for size in SIZES]
                 print(f"| {script}: {words} | {' | '.join(cells)} |")
-        print("\n| A page of 1 000 objects | milliseconds |\n|---|---|")
+        print("\n| The mixed page of 1 000 objects | milliseconds |\n|---|---|")
         for words, name in PAGES:
             print(f"| {words} | {cell(rows[name])} |")
     except KeyError as missing:
