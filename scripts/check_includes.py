@@ -26,10 +26,11 @@ ALLOWED = {
 ALLOWED_FOR_FILE = {
     "layout/textobjectbase.cpp": ("wordprocess/cwordprocess.h",),
 }
+BEYOND_GUI = re.compile(r"^(QtWidgets|QtSvg|QtPrintSupport|QtNetwork)\b|^Q(Graphics|Widget|App)")
 # Folder -> the Qt headers that it may not include.
 FORBIDDEN_QT = {
-    "common": re.compile(r"^Q"),
-    "warp": re.compile(r"^(QtWidgets|QtSvg|QtPrintSupport|QtNetwork)\b|^Q(Graphics|Widget|App)"),
+    "common": BEYOND_GUI,
+    "warp": BEYOND_GUI,
     "layout": re.compile(r"^(QtWidgets|QtSvg|QtPrintSupport|QtNetwork)\b|^Q(Widget|App)"),
 }
 
