@@ -43,7 +43,7 @@ Value answer(CVXRootObject *object, int property, Value fallback, Question... qu
     QBuffer buffer;
     buffer.open(QIODevice::ReadWrite);
     QDataStream stream(&buffer);
-    (stream << ... << question);
+    static_cast<void>((stream << ... << question)); // of which there may be none
     buffer.seek(0);
     if (!object->GetSpecialProperty(property, stream))
         return fallback;
