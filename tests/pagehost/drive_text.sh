@@ -52,32 +52,25 @@ same "texts" "$(text page.json)" "A line that goes on and on
 Words that wrap in a box"
 quit_editor
 
-# Between two double clicks that belong to different ones.
-pause() { sleep 0.5; }
-
 # Characters of 24 pixels, the first from 195 on; lines of some 47 pixels from 216 on.
 echo "a double click takes a word"
 start_editor "$work/words.json"
 double_click 250 240
 shot 4-edit
-pause
 double_click 400 240
 shot 5-word
 keys ctrl+c
 gives "the word" "brave"
-pause
 double_click 350 288
 keys ctrl+c
 gives "the second word of the lower line" "world"
 
 echo "a drag selects over lines, either way"
-pause
 drag 338 240 267 288
 shot 6-dragged
 keys ctrl+c
 gives "what was dragged over" "brave
 new"
-pause
 drag 290 288 197 240
 keys ctrl+c
 gives "what was dragged over backwards" "Hello brave
