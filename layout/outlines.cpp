@@ -152,13 +152,14 @@ bool OutlineSource::startLayout()
 void OutlineSource::clear()
 {
     m_measured.clear();
-    m_shaped.clear();
     m_characters.clear();
     clearGlyphs();
 }
 
+// Shaped texts share the outlines of their glyphs, which would stay with them.
 void OutlineSource::clearGlyphs()
 {
+    m_shaped.clear();
     m_glyphs.clear();
     m_glyphElements = 0;
 }
