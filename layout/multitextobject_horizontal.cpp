@@ -32,7 +32,11 @@ struct RowPass : BoxPass {
 
 LayoutNumbers RowPass::numbers() const
 {
-    return {y, previousDescent, afterSpace, textBottom, qreal(layout.lines.isEmpty()),
+    return {y,
+            previousDescent,
+            afterSpace,
+            textBottom,
+            qreal(layout.lines.isEmpty()),
             qreal(isFull)};
 }
 

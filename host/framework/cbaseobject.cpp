@@ -274,8 +274,7 @@ void CBaseObject::mousePressEvent(QGraphicsSceneMouseEvent *event)
     const QList<CVXRootObject *> selected = GetPage()->getSelectedObjects();
     for (CVXRootObject *object : selected) {
         if (object && object != this && !object->isLocked())
-            m_drag->companions.append({object,
-                                       object->GetGraphicsItemPtr()->toGraphicsObject(),
+            m_drag->companions.append({object, object->GetGraphicsItemPtr()->toGraphicsObject(),
                                        ObjectGeometry::of(object)});
     }
 }
