@@ -51,9 +51,9 @@ void CharacterPanel::addFamily(QFormLayout *form)
 {
     form->addRow(tr("Font"), m_family);
     m_family->setObjectName(familyKey);
-    connect(m_family, &FontFamilyBox::picked, this, [this](const QString &family) {
-        m_selection->apply({{familyKey, family}});
-    });
+    const auto set = [this](const QVariant &family) { m_selection->apply({{familyKey, family}}); };
+    connect(m_family, &FontFamilyBox::picked, this, set);
+    connectSteps(m_family, set);
     connect(m_family, &FontFamilyBox::left, m_selection, &TextSelection::pageWanted);
 }
 

@@ -11,8 +11,11 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QScopedValueRollback>
 #include <QStandardItemModel>
 #include <QStyle>
+
+#include <utility>
 
 namespace {
 
@@ -40,6 +43,7 @@ FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
     setAccessibleName(name);
     setToolTip(name);
     setEditable(true);
+    setFocusPolicy(Qt::StrongFocus);
     setInsertPolicy(NoInsert);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(8);
@@ -62,6 +66,8 @@ FontFamilyBox::FontFamilyBox(const QString &name, QWidget *parent)
     m_missingSign->setText(tr("This font is not installed"));
     m_missingSign->setVisible(false);
     connect(this, QOverload<int>::of(&QComboBox::activated), this, [this](int row) {
+        if (m_stepsByKey)
+            return step(itemText(row));
         take(itemText(row)); // also of the search
         Q_EMIT left();
     });
@@ -122,6 +128,7 @@ void FontFamilyBox::noteRecent(const QString &family)
 
 void FontFamilyBox::showPopup()
 {
+    endSteps();
     fill();
     show(m_family);
     QComboBox::showPopup();
@@ -138,11 +145,12 @@ void FontFamilyBox::keyPressEvent(QKeyEvent *event)
     if (isEnter || event->key() == Qt::Key_Escape)
         found->hide(); // which it leaves to a field that takes the key
     if (event->key() == Qt::Key_Escape) {
-        lineEdit()->setModified(false);
-        show(m_family);
+        escape();
     } else if (isEnter) {
-        takeTyped();
+        endSteps();
+        takeTyped(Match::Part);
     } else {
+        const QScopedValueRollback<bool> stepping(m_stepsByKey, true);
         QComboBox::keyPressEvent(event);
         return;
     }
@@ -150,25 +158,48 @@ void FontFamilyBox::keyPressEvent(QKeyEvent *event)
     Q_EMIT left();
 }
 
+void FontFamilyBox::escape()
+{
+    const bool hasStepped = std::exchange(m_isStepping, false);
+    lineEdit()->setModified(false);
+    show(hasStepped ? m_beforeSteps : m_family);
+    if (hasStepped)
+        Q_EMIT givenUp(m_family.isEmpty() ? QVariant() : QVariant(m_family));
+}
+
+/// The wheel scrolls the panel, unless the box has been entered.
+void FontFamilyBox::wheelEvent(QWheelEvent *event)
+{
+    const QScopedValueRollback<bool> stepping(m_stepsByKey, true);
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
 void FontFamilyBox::focusOutEvent(QFocusEvent *event)
 {
     QComboBox::focusOutEvent(event);
-    if (event->reason() == Qt::PopupFocusReason) // of the search
+    if (event->reason() == Qt::PopupFocusReason // of the search
+        || event->reason() == Qt::ActiveWindowFocusReason)
         return;
-    takeTyped();
+    takeTyped(Match::Whole);
+    endSteps();
 }
 
-/// What is typed counts when it names a family, or when it is a part of one name at least: the first.
-void FontFamilyBox::takeTyped()
+/// What is typed counts when it names a family, or, with Match::Part, when it is a part of one name at
+/// least: the first.
+void FontFamilyBox::takeTyped(Match match)
 {
     if (!lineEdit()->isModified())
         return;
     lineEdit()->setModified(false);
     const QString typed = lineEdit()->text().trimmed();
     int row = typed.isEmpty() ? -1 : findText(typed, Qt::MatchFixedString);
-    if (row < 0 && !typed.isEmpty())
+    const bool isPartEnough = match == Match::Part && !typed.isEmpty();
+    if (row < 0 && isPartEnough)
         row = findText(typed, Qt::MatchStartsWith);
-    if (row < 0 && !typed.isEmpty())
+    if (row < 0 && isPartEnough)
         row = findText(typed, Qt::MatchContains);
     if (row < 0)
         show(m_family);
@@ -181,7 +212,26 @@ void FontFamilyBox::take(const QString &family)
     lineEdit()->setModified(false);
     if (family.isEmpty())
         return;
+    m_isStepping = false;
     show(family);
     noteRecent(family);
     Q_EMIT picked(family);
+}
+
+void FontFamilyBox::step(const QString &family)
+{
+    if (family.isEmpty())
+        return;
+    const bool goesOn = std::exchange(m_isStepping, true);
+    if (!goesOn)
+        m_beforeSteps = m_family;
+    show(family);
+    Q_EMIT stepped(family, goesOn);
+}
+
+/// The last one has been used.
+void FontFamilyBox::endSteps()
+{
+    if (std::exchange(m_isStepping, false))
+        noteRecent(m_family);
 }

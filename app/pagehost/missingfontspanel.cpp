@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSignalBlocker>
 
 namespace {
@@ -62,6 +63,8 @@ MissingFontsPanel::MissingFontsPanel()
         refreshButtons();
     });
     connect(m_replacement, &FontFamilyBox::picked, this, &MissingFontsPanel::preview);
+    connect(m_replacement, &FontFamilyBox::stepped, this, &MissingFontsPanel::preview);
+    connect(m_replacement, &FontFamilyBox::givenUp, this, &MissingFontsPanel::cancel);
     connect(m_replacement, &FontFamilyBox::tried, this, &MissingFontsPanel::preview);
     connect(m_confirm, &QAbstractButton::clicked, this, &MissingFontsPanel::confirm);
     connect(m_cancel, &QAbstractButton::clicked, this, &MissingFontsPanel::cancel);
@@ -78,8 +81,13 @@ void MissingFontsPanel::setSession(PageSession *session)
     m_previewed.clear();
     m_shownInstead.clear();
     m_changed.clear();
-    if (session)
+    if (session) {
         connect(session, &PageSession::stateChanged, this, &MissingFontsPanel::look);
+        connect(session, &PageSession::aboutToAct, this, [this] {
+            if (!m_isActing)
+                cancel();
+        });
+    }
     m_seenObjects.clear();
     m_seenIndex = -1;
     refresh();
@@ -109,6 +117,7 @@ void MissingFontsPanel::preview(const QString &replacement)
     if (family.isEmpty() || replacement.isEmpty() || !m_session
         || (family == m_previewed && replacement == m_shownInstead))
         return;
+    const QScopedValueRollback<bool> acting(m_isActing, true);
     m_session->endEdit(); // fonts are replaced outside an edit
     const QList<CVXRootObject *> texts = textsThatMiss(family);
     for (CVXRootObject *object : texts)
@@ -124,6 +133,7 @@ void MissingFontsPanel::confirm()
 {
     if (m_previewed.isEmpty() || !m_session)
         return;
+    const QScopedValueRollback<bool> acting(m_isActing, true);
     m_session->endEdit();
     const QList<CVXRootObject *> texts = textsThatMiss(m_previewed);
     CUndoRedo *stack = m_session->undoStack();

@@ -46,6 +46,7 @@ private:
     QPointer<PageSession> m_session;
     QList<CVXRootObject *> m_seenObjects; ///< to compare with, never to call
     int m_seenIndex = -1;                 ///< of the undo stack
+    bool m_isActing = false;              ///< itself
     QListWidget *m_list;
     FontFamilyBox *m_replacement;
     QLabel *m_none;

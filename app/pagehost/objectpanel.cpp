@@ -7,7 +7,6 @@
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
 
-#include <QComboBox>
 #include <QFormLayout>
 
 #include <cmath>
@@ -83,8 +82,9 @@ double nearestAngle(double angle)
 
 ObjectPanel::ObjectPanel(TextSelection *selection)
     : Panel(selection)
-    , m_direction(new QComboBox)
-    , m_form(new QComboBox)
+    , m_direction(new ChoiceBox(tr("Direction of the text"), {tr("Lines"), tr("Columns")}))
+    , m_form(new ChoiceBox(tr("Room of the text"),
+                           {tr("Line"), tr("Box"), tr("Box that grows")}))
 {
     auto *form = new QFormLayout(this);
     addText(form);
@@ -99,18 +99,14 @@ ObjectPanel::ObjectPanel(TextSelection *selection)
 void ObjectPanel::addText(QFormLayout *form)
 {
     m_direction->setObjectName(QStringLiteral("direction"));
-    m_direction->setAccessibleName(tr("Direction of the text"));
-    m_direction->addItems({tr("Lines"), tr("Columns")});
     form->addRow(tr("Direction"), m_direction);
-    connect(m_direction, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
-        m_selection->apply({{horizontalKey, index == 0}});
-        Q_EMIT m_selection->pageWanted();
-    });
+    connect(m_direction, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int index) { m_selection->apply({{horizontalKey, index == 0}}); });
     m_form->setObjectName(QStringLiteral("form"));
-    m_form->setAccessibleName(tr("Room of the text"));
-    m_form->addItems({tr("Line"), tr("Box"), tr("Box that grows")});
     form->addRow(tr("Room"), m_form);
     connect(m_form, QOverload<int>::of(&QComboBox::activated), this, &ObjectPanel::setForm);
+    for (const ChoiceBox *box : {m_direction, m_form})
+        connect(box, &ChoiceBox::left, m_selection, &TextSelection::pageWanted);
 }
 
 void ObjectPanel::addMirrors(QFormLayout *form)
@@ -204,7 +200,6 @@ void ObjectPanel::changeAll(const QString &stepName,
 void ObjectPanel::setForm(int form)
 {
     m_selection->apply({{wrapKey, form != LineForm}, {growsKey, form == GrowingBoxForm}});
-    Q_EMIT m_selection->pageWanted();
 }
 
 void ObjectPanel::refresh()

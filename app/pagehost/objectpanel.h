@@ -7,9 +7,9 @@
 
 #include <vector>
 
+class ChoiceBox;
 class CVXRootObject;
 class FlagBox;
-class QComboBox;
 class QFormLayout;
 
 /// Shows and changes the direction of the text, how it takes its room, the mirror images, and place,
@@ -48,8 +48,8 @@ private:
     void setForm(int form);
     void refreshPlace();
 
-    QComboBox *m_direction;
-    QComboBox *m_form;
+    ChoiceBox *m_direction;
+    ChoiceBox *m_form;
     std::vector<Place> m_places;
     std::vector<Flag> m_flags;
 };

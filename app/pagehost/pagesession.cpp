@@ -218,6 +218,7 @@ void PageSession::takeDrawn(CVXRootObject *object)
 
 bool PageSession::endEdit()
 {
+    Q_EMIT aboutToAct();
     if (CVXRootObject *object = editedObject()) {
         prepareEndOfEdit();
         TextObject::endEdit(object);

@@ -124,6 +124,8 @@ public:
 Q_SIGNALS:
     /// Title and menus are to be brought up to date. Comes once for many changes.
     void stateChanged();
+    /// An edit begins or ends, or a step is made or undone: what is shown for now alone is to go first.
+    void aboutToAct();
 
 private:
     PageSession(const PluginLoader *loader, std::unique_ptr<OpenPage> page);

@@ -357,6 +357,7 @@ void PageView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (!m_session || event->button() != Qt::LeftButton)
         return;
+    Q_EMIT m_session->aboutToAct();
     const QPointF scenePos = mapToScene(event->pos());
     CVXRootObject *taker = takerOfPress(scenePos);
     if (taker)

@@ -2,7 +2,6 @@
 #include "app/pagehost/panel.h"
 
 #include "app/pagehost/panelfields.h"
-#include "app/pagehost/textselection.h"
 
 #include <QTimer>
 
@@ -37,15 +36,6 @@ void Panel::paintEvent(QPaintEvent *event)
 void Panel::connectNumber(NumberField *field, const std::function<void(double)> &set)
 {
     connect(field, &NumberField::entered, this, set);
-    connect(field, &NumberField::stepped, this, [this, set](double value, bool goesOn) {
-        if (goesOn)
-            m_selection->takeBack();
-        set(value);
-    });
-    connect(field, &NumberField::givenUp, this, [this, set](const QVariant &before) {
-        // A format at a caret has made no step: it is set back.
-        if (!m_selection->takeBack() && before.isValid())
-            set(before.toDouble());
-    });
+    connectSteps(field, [set](const QVariant &value) { set(value.toDouble()); });
     connect(field, &NumberField::left, m_selection, &TextSelection::pageWanted);
 }

@@ -8,6 +8,8 @@
 #include <QPixmap>
 #include <QSignalBlocker>
 
+#include <utility>
+
 namespace {
 
 constexpr int smallestField = 72; // pixels
@@ -47,7 +49,10 @@ NumberField::NumberField(const QString &name, double smallest, double largest, i
     setMinimumWidth(qMax(smallestField, sizeHint().width())); // also without the unit
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus);
-    connect(lineEdit(), &QLineEdit::textEdited, this, [this] { m_isTyping = true; });
+    connect(lineEdit(), &QLineEdit::textEdited, this, [this] {
+        m_isTyping = true;
+        m_isUsable = hasAcceptableInput();
+    });
     connect(this, &QAbstractSpinBox::editingFinished, this, &NumberField::commit);
 }
 
@@ -122,6 +127,23 @@ void NumberField::stepBy(int steps)
     Q_EMIT stepped(m_shown, goesOn);
 }
 
+/// Undo and redo are the page's while there is nothing typed to undo.
+bool NumberField::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isUndo = key->matches(QKeySequence::Undo);
+        const bool isRedo = key->matches(QKeySequence::Redo);
+        const bool isOwn = m_isTyping && (isUndo ? lineEdit()->isUndoAvailable()
+                                                 : lineEdit()->isRedoAvailable());
+        if ((isUndo || isRedo) && !isOwn) {
+            event->ignore();
+            return true;
+        }
+    }
+    return QDoubleSpinBox::event(event);
+}
+
 void NumberField::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {
@@ -171,6 +193,11 @@ void NumberField::commit()
         return;
     m_isTyping = false;
     m_isStepping = false;
+    if (!m_isUsable) { // nothing, or a sign alone
+        lineEdit()->setModified(true);
+        show(shown());
+        return;
+    }
     const double number = value();
     const bool isNew = m_isMixed || number != m_shown;
     setMixed(false);
@@ -242,6 +269,34 @@ void FlagBox::show(const QVariant &value)
                                    : Qt::Unchecked);
 }
 
+// ChoiceBox
+
+ChoiceBox::ChoiceBox(const QString &name, const QStringList &choices)
+{
+    setAccessibleName(name);
+    addItems(choices);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void ChoiceBox::keyPressEvent(QKeyEvent *event)
+{
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isEnter && event->key() != Qt::Key_Escape) {
+        QComboBox::keyPressEvent(event);
+        return;
+    }
+    event->accept();
+    Q_EMIT left();
+}
+
+void ChoiceBox::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QComboBox::wheelEvent(event);
+    else
+        event->ignore();
+}
+
 // ColorButton
 
 ColorButton::ColorButton(const QString &name)
@@ -282,7 +337,9 @@ LiveSlider::LiveSlider(const QString &name)
 {
     setAccessibleName(name);
     setToolTip(name);
+    setFocusPolicy(Qt::StrongFocus);
     connect(this, &QSlider::sliderPressed, this, [this] {
+        m_isStepping = false;
         m_start = value();
         m_hasMoved = false;
         setFocus(); // for Escape
@@ -301,22 +358,33 @@ void LiveSlider::show(int value)
         return;
     const QSignalBlocker blocker(this);
     setValue(value);
+    m_shown = this->value();
 }
 
 void LiveSlider::take(int value)
 {
     if (!isSliderDown()) {
-        Q_EMIT committed(value);
+        step(value);
         return;
     }
     m_hasMoved = true;
     Q_EMIT previewed(value);
 }
 
-/// While it is dragged Escape is the slider's, whatever a menu makes of it.
+void LiveSlider::step(int value)
+{
+    const bool goesOn = std::exchange(m_isStepping, true);
+    if (!goesOn)
+        m_start = m_shown;
+    m_shown = value;
+    Q_EMIT stepped(value, goesOn);
+}
+
+/// While there is something to give up Escape is the slider's, whatever a menu makes of it.
 bool LiveSlider::event(QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isSliderDown()) {
+    if (event->type() == QEvent::ShortcutOverride && (isSliderDown() || m_isStepping)
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         event->accept();
         return true;
     }
@@ -325,15 +393,40 @@ bool LiveSlider::event(QEvent *event)
 
 void LiveSlider::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Escape || !isSliderDown()) {
+    if (event->key() != Qt::Key_Escape || !(isSliderDown() || m_isStepping)) {
         QSlider::keyPressEvent(event);
         return;
     }
     event->accept();
-    m_isGivenUp = true;
+    escape();
+}
+
+void LiveSlider::escape()
+{
+    const bool isDrag = isSliderDown();
+    m_isStepping = false;
+    m_isGivenUp = isDrag;
     setSliderDown(false);
     show(m_start);
-    Q_EMIT cancelled();
+    if (isDrag)
+        Q_EMIT cancelled();
+    else
+        Q_EMIT givenUp(m_start);
+}
+
+void LiveSlider::focusOutEvent(QFocusEvent *event)
+{
+    QSlider::focusOutEvent(event);
+    m_isStepping = false;
+}
+
+/// The wheel scrolls the panel, unless the slider has been entered.
+void LiveSlider::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QSlider::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 void LiveSlider::mouseMoveEvent(QMouseEvent *event)
@@ -346,4 +439,6 @@ void LiveSlider::mouseReleaseEvent(QMouseEvent *event)
 {
     QSlider::mouseReleaseEvent(event);
     m_isGivenUp = false;
+    if (m_isStepping)
+        Q_EMIT left();
 }

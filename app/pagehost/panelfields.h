@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QColor>
+#include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QSlider>
 #include <QToolButton>
@@ -42,6 +43,7 @@ Q_SIGNALS:
 
 protected:
     QString textFromValue(double value) const override;
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
@@ -58,6 +60,7 @@ private:
     double m_shown = 0;
     bool m_isMixed = true;
     bool m_isTyping = false;
+    bool m_isUsable = false; ///< what is typed is a number
     bool m_isStepping = false;
     QVariant m_beforeSteps;
 };
@@ -100,6 +103,23 @@ Q_SIGNALS:
     void chosen(bool on);
 };
 
+/// A choice of a few things. Tab alone gives it the keys, and the wheel turns it only then.
+class ChoiceBox : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    ChoiceBox(const QString &name, const QStringList &choices);
+
+Q_SIGNALS:
+    /// The user has left the box by Enter or Escape.
+    void left();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};
+
 /// A colour, or a crossed field when there are several.
 class ColorButton : public QToolButton
 {
@@ -121,7 +141,8 @@ private:
     QColor m_color;
 };
 
-/// A slider whose drag can be given up by Escape.
+/// A slider whose drag can be given up by Escape, and so can all moves by keys, by the wheel and by clicks
+/// beside the knob since it got the focus.
 class LiveSlider : public QSlider
 {
     Q_OBJECT
@@ -135,23 +156,36 @@ public:
 Q_SIGNALS:
     /// The drag goes on: \a value for now.
     void previewed(int value);
-    /// The drag has ended, or a key has moved the slider: \a value for good.
+    /// The drag has ended: \a value for good.
     void committed(int value);
     /// Escape has ended the drag.
     void cancelled();
+    /// The slider has moved to \a value without a drag. \a goesOn: it takes the place of the value before,
+    /// which came that way too.
+    void stepped(int value, bool goesOn);
+    /// The user has taken back the moves: \a before is what was shown ahead of them.
+    void givenUp(const QVariant &before);
+    /// The button has been released beside the knob.
+    void left();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     bool event(QEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
     void take(int value);
+    void step(int value);
+    void escape();
 
-    int m_start = 0;          ///< ahead of the drag
-    bool m_hasMoved = false;  ///< in the drag
-    bool m_isGivenUp = false; ///< until the button is released
+    int m_start = 0;           ///< ahead of the drag, or of the moves without one
+    int m_shown = 0;           ///< that is known outside
+    bool m_hasMoved = false;   ///< in the drag
+    bool m_isGivenUp = false;  ///< until the button is released
+    bool m_isStepping = false; ///< has moved without a drag since it got the focus
 };
 
 #endif

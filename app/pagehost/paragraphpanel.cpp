@@ -5,7 +5,6 @@
 #include "app/pagehost/panelfields.h"
 #include "app/pagehost/textselection.h"
 
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QFormLayout>
 #include <QGridLayout>
@@ -62,7 +61,8 @@ QPixmap pictureOf(const AlignmentRow &row, const QPalette &palette)
 
 ParagraphPanel::ParagraphPanel(TextSelection *selection)
     : Panel(selection)
-    , m_headTail(new QComboBox)
+    , m_headTail(new ChoiceBox(tr("Punctuation at line ends"),
+                               {tr("Off"), tr("Relaxed"), tr("Strict")}))
 {
     auto *form = new QFormLayout(this);
     addAlignments(form);
@@ -112,13 +112,10 @@ void ParagraphPanel::addNumber(QFormLayout *form, const char *key, const QString
 void ParagraphPanel::addHeadTail(QFormLayout *form)
 {
     m_headTail->setObjectName(headTailKey);
-    m_headTail->setAccessibleName(tr("Punctuation at line ends"));
-    m_headTail->addItems({tr("Off"), tr("Relaxed"), tr("Strict")});
     form->addRow(tr("Line ends"), m_headTail);
-    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this, [this](int rule) {
-        m_selection->apply({{headTailKey, rule}});
-        Q_EMIT m_selection->pageWanted();
-    });
+    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int rule) { m_selection->apply({{headTailKey, rule}}); });
+    connect(m_headTail, &ChoiceBox::left, m_selection, &TextSelection::pageWanted);
 }
 
 void ParagraphPanel::addCheck(QFormLayout *form, const char *key, const QString &name)

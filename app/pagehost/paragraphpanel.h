@@ -7,9 +7,9 @@
 
 #include <QHash>
 
+class ChoiceBox;
 class FlagBox;
 class FlagButton;
-class QComboBox;
 class QFormLayout;
 
 /// Shows and changes the attributes of paragraphs.
@@ -34,7 +34,7 @@ private:
     QHash<QString, FlagButton *> m_alignments; ///< by name
     QHash<QString, NumberField *> m_numbers;
     QHash<QString, FlagBox *> m_checks;
-    QComboBox *m_headTail;
+    ChoiceBox *m_headTail;
 };
 
 #endif

@@ -220,6 +220,27 @@ QString TextSelection::sampleWords() const
     return tr("Text");
 }
 
+/// True when \a object has all of \a attributes everywhere. What a caret or a selection has is not known of
+/// characters, only of paragraphs.
+bool TextSelection::hasAlready(CVXRootObject *object, const AttributeMap &attributes)
+{
+    const auto isSame = [&] {
+        for (auto it = attributes.constBegin(); it != attributes.constEnd(); ++it) {
+            const bool isKnown = !isEditing() || it.key() == QLatin1String("textalignment")
+                                 || it.key().startsWith(QLatin1String("paragraph_"));
+            const QVariantList same{plainValue(it.key(), *it)};
+            if (!isKnown || valuesOf(object, it.key()) != same)
+                return false;
+        }
+        return true;
+    };
+    if (!TextCommands::isRichText(object) || !isSame())
+        return false;
+    if (m_runsAreStale || m_announced)
+        readRuns();
+    return m_runs.contains(object) && isSame();
+}
+
 void TextSelection::apply(const AttributeMap &attributes)
 {
     if (!m_session)
@@ -227,9 +248,15 @@ void TextSelection::apply(const AttributeMap &attributes)
     CVXRootObject *edited = m_session->editedObject();
     if (edited && TextCommands::isArtText(edited))
         m_session->endEdit();
-    const QList<CVXRootObject *> open = openObjects();
+    QList<CVXRootObject *> open = openObjects();
+    const auto isDone = [&](CVXRootObject *object) { return hasAlready(object, attributes); };
+    open.erase(std::remove_if(open.begin(), open.end(), isDone), open.end());
+    if (open.isEmpty()) {
+        announce(); // controls go back to what is there
+        return;
+    }
     const auto change = [&] {
-        for (CVXRootObject *object : open) {
+        for (CVXRootObject *object : qAsConst(open)) {
             if (TextCommands::isRichText(object))
                 object->setAllAttributes(recorded(object, attributes), /*withUndo=*/true);
             else if (TextCommands::isArtText(object))
@@ -247,6 +274,7 @@ void TextSelection::asOneStep(const QString &name, const std::function<void()> &
 {
     if (!m_session)
         return;
+    Q_EMIT m_session->aboutToAct();
     CUndoRedo *stack = m_session->undoStack();
     if (isEditing()) {
         m_session->recordNewText();

@@ -82,6 +82,7 @@ private:
     void look();
     void announce();
     const AttributeMap &attributesOf(CVXRootObject *object) const;
+    bool hasAlready(CVXRootObject *object, const AttributeMap &attributes);
     QVariantList valuesOf(CVXRootObject *object, const QString &key) const;
 
     QPointer<PageSession> m_session;

@@ -11,12 +11,13 @@
 #include "host/framework/cvxrootobject.h"
 
 #include <QBuffer>
-#include <QComboBox>
 #include <QDataStream>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QSignalBlocker>
+
+#include <algorithm>
 
 namespace {
 
@@ -46,7 +47,8 @@ void send(CVXRootObject *object, const TextWarp &warp, bool commit)
 
 WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
     : Panel(selection)
-    , m_orientation(new QComboBox)
+    , m_orientation(new ChoiceBox(tr("Direction of the warp"),
+                                  {tr("Along lines"), tr("Along columns")}))
     , m_reset(new QPushButton(tr("Reset")))
 {
     m_gallery = new StyleGallery(tr("Warp styles"), [this, loader](const SampleText &text,
@@ -76,13 +78,10 @@ void WarpPanel::addControls(QFormLayout *form)
     addValue(form, m_horizontal, tr("Horizontal"), "warp_horizontal_value", &TextWarp::horizontal);
     addValue(form, m_vertical, tr("Vertical"), "warp_vertical_value", &TextWarp::vertical);
     m_orientation->setObjectName(QStringLiteral("warpOrientation"));
-    m_orientation->setAccessibleName(tr("Direction of the warp"));
-    m_orientation->addItems({tr("Along lines"), tr("Along columns")});
     form->addRow(tr("Direction"), m_orientation);
-    connect(m_orientation, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
-        setOrientation(index == 1);
-        Q_EMIT m_selection->pageWanted();
-    });
+    connect(m_orientation, QOverload<int>::of(&QComboBox::activated), this,
+            [this](int index) { setOrientation(index == 1); });
+    connect(m_orientation, &ChoiceBox::left, m_selection, &TextSelection::pageWanted);
 }
 
 void WarpPanel::addValue(QFormLayout *form, Value &value, const QString &name, const char *key,
@@ -103,15 +102,19 @@ void WarpPanel::addValue(QFormLayout *form, Value &value, const QString &name, c
         value.field->show(percent);
         setPart(value.part, percent / double(wholePercent), /*commit=*/false);
     });
-    connect(value.slider, &LiveSlider::committed, this, [this, &value](int percent) {
-        setPart(value.part, percent / double(wholePercent), /*commit=*/true);
+    const auto leave = [this] {
         if (m_selection->isEditing())
             Q_EMIT m_selection->pageWanted();
-    });
+    };
+    const auto set = [this, &value](const QVariant &percent) {
+        setPart(value.part, percent.toDouble() / wholePercent, /*commit=*/true);
+    };
+    connect(value.slider, &LiveSlider::committed, this, set);
+    connect(value.slider, &LiveSlider::committed, this, leave);
+    connect(value.slider, &LiveSlider::left, this, leave);
     connect(value.slider, &LiveSlider::cancelled, this, &WarpPanel::restore);
-    connectNumber(value.field, [this, &value](double percent) {
-        setPart(value.part, percent / wholePercent, /*commit=*/true);
-    });
+    connectSteps(value.slider, set);
+    connectNumber(value.field, set);
 }
 
 /// A text that lacks a font shows a picture and is not bent.
@@ -161,8 +164,18 @@ void WarpPanel::setPart(double TextWarp::*part, double value, bool commit)
     change(commit, [&](TextWarp &warp) { warp.*part = value; });
 }
 
+/// Whether \a isNew holds for a warp that would be changed.
+bool WarpPanel::isAny(const std::function<bool(const TextWarp &warp)> &isNew) const
+{
+    const QList<CVXRootObject *> all = targets();
+    return std::any_of(all.begin(), all.end(),
+                       [&](CVXRootObject *object) { return isNew(warpOf(object)); });
+}
+
 void WarpPanel::setStyle(int style)
 {
+    if (!isAny([style](const TextWarp &warp) { return warp.style != style; }))
+        return;
     change(/*commit=*/true, [&](TextWarp &warp) {
         if (style != 0 && warp.value == 0)
             warp.value = firstBend; // or the style would not show
@@ -172,6 +185,8 @@ void WarpPanel::setStyle(int style)
 
 void WarpPanel::setOrientation(bool acrossColumns)
 {
+    if (!isAny([=](const TextWarp &warp) { return warp.acrossColumns != acrossColumns; }))
+        return;
     change(/*commit=*/true, [&](TextWarp &warp) { warp.acrossColumns = acrossColumns; });
 }
 

@@ -6,10 +6,10 @@
 #include "app/page/textwarp.h"
 #include "app/pagehost/panel.h"
 
+class ChoiceBox;
 class CVXRootObject;
 class LiveSlider;
 class PluginLoader;
-class QComboBox;
 class QFormLayout;
 class QPushButton;
 class StyleGallery;
@@ -41,6 +41,7 @@ private:
     QList<CVXRootObject *> targets() const;
     TextWarp warpOf(CVXRootObject *object) const;
     void setPart(double TextWarp::*part, double value, bool commit);
+    bool isAny(const std::function<bool(const TextWarp &warp)> &isNew) const;
     void setStyle(int style);
     void setOrientation(bool acrossColumns);
     void reset();
@@ -49,7 +50,7 @@ private:
     void refreshValues(bool isBent);
 
     StyleGallery *m_gallery;
-    QComboBox *m_orientation;
+    ChoiceBox *m_orientation;
     QPushButton *m_reset;
     Value m_bend;
     Value m_horizontal;

@@ -43,6 +43,9 @@ private Q_SLOTS:
     void typedPartOfFamilyFindsIt();
     void searchListsFamiliesWithThatPart();
     void familiesShowTheirOwnFace();
+    void leavingTakesWholeNameAlone_data();
+    void leavingTakesWholeNameAlone();
+    void typedFamilyWaitsForOtherWindow();
     void usedFamilyComesFirst();
     void pickedFamilyIsRememberedAsUsedLast();
     void missingFamilyOfTextIsMarked();
@@ -292,6 +295,45 @@ void TestCharacterPanel::typedPartOfFamilyFindsIt()
     QTest::keyClick(family(), Qt::Key_Return);
     m_host->settle();
     QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans Mono"));
+}
+
+void TestCharacterPanel::leavingTakesWholeNameAlone_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("family");
+    QTest::newRow("part") << QStringLiteral("s") << QStringLiteral("DejaVu Sans");
+    QTest::newRow("whole") << QStringLiteral("dejavu serif") << QStringLiteral("DejaVu Serif");
+}
+
+void TestCharacterPanel::leavingTakesWholeNameAlone()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, family);
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("face"));
+    auto *box = m_host->find<FontFamilyBox>("characterPanel", "font_family");
+    box->setFocus();
+    box->lineEdit()->selectAll();
+    QTest::keyClicks(box, typed);
+    box->completer()->popup()->hide();
+    m_host->view()->setFocus();
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), family);
+    QCOMPARE(box->lineEdit()->text(), family);
+}
+
+void TestCharacterPanel::typedFamilyWaitsForOtherWindow()
+{
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("face"));
+    auto *box = m_host->find<FontFamilyBox>("characterPanel", "font_family");
+    box->setFocus();
+    box->lineEdit()->selectAll();
+    QTest::keyClicks(box, QStringLiteral("DejaVu Serif"));
+    box->completer()->popup()->hide();
+    QFocusEvent otherWindow(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QCoreApplication::sendEvent(box, &otherWindow);
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(box->lineEdit()->text(), QStringLiteral("DejaVu Serif"));
 }
 
 void TestCharacterPanel::usedFamilyComesFirst()

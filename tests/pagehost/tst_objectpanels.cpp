@@ -39,6 +39,7 @@ private Q_SLOTS:
     void typedPercentIsOneStep();
     void warpOrientationAndReset();
     void warpOfSeveralTextsIsOneStep();
+    void sameWarpAgainMakesNoStep();
     void warpPanelLeavesEdit();
 
     // Object
@@ -65,6 +66,8 @@ private Q_SLOTS:
     void confirmedReplacementIsOneStep();
     void hiddenPanelLeavesNoPreview();
     void familyUnderPointerIsPreviewed();
+    void saveTakesPreviewBack();
+    void undoTakesPreviewBack();
 
     // Styles
     void everyStyleHasName();
@@ -287,6 +290,22 @@ void TestObjectPanels::warpOfSeveralTextsIsOneStep()
     m_host->session()->undo();
     QCOMPARE(percent(first), 50);
     QCOMPARE(percent(second), 50);
+}
+
+void TestObjectPanels::sameWarpAgainMakesNoStep()
+{
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bend me"));
+    m_host->bend(3);
+    auto *direction = m_host->find<QComboBox>("warpPanel", "warpOrientation");
+    const int before = m_host->steps()->count();
+    m_host->bend(3);
+    choose(direction, 0);
+    QCOMPARE(m_host->steps()->count(), before);
+    choose(direction, 1);
+    QCOMPARE(m_host->steps()->count(), before + 1);
+    choose(direction, 1);
+    QCOMPARE(m_host->steps()->count(), before + 1);
+    QCOMPARE(warpStyle(text), 3);
 }
 
 void TestObjectPanels::warpPanelLeavesEdit()
@@ -654,6 +673,34 @@ void TestObjectPanels::everyStyleHasName()
         arts.insert(artStyleName(style));
     QCOMPARE(arts.size(), 42);
     QCOMPARE(artStyleName(42), QString());
+}
+
+void TestObjectPanels::saveTakesPreviewBack()
+{
+    CVXRootObject *text = m_host->addTextWithMissingFont();
+    auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
+    panel->preview(QStringLiteral("DejaVu Sans"));
+    QTemporaryDir folder;
+    const QString name = folder.filePath(QStringLiteral("page.vxpage"));
+    QString error;
+    QVERIFY2(m_host->session()->save(name, error), qPrintable(error));
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
+    const auto saved = PageSession::open(&m_loader, name, error);
+    QVERIFY2(saved, qPrintable(error));
+    QCOMPARE(saved->missingFonts(), QStringList{QStringLiteral("Never Installed")});
+    QVERIFY(!m_host->find<QPushButton>("fontsPanel", "confirmReplacement")->isEnabled());
+}
+
+void TestObjectPanels::undoTakesPreviewBack()
+{
+    CVXRootObject *text = m_host->addTextWithMissingFont();
+    text->setPos({200, 200}, /*undo=*/true);
+    auto *panel = qobject_cast<MissingFontsPanel *>(m_host->raise("fontsPanel"));
+    panel->preview(QStringLiteral("DejaVu Sans"));
+    m_host->session()->undo();
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("Never Installed"));
+    QCOMPARE(text->getPos(), QPointF(120, 140));
 }
 
 QTEST_MAIN(TestObjectPanels)

@@ -31,6 +31,8 @@ private Q_SLOTS:
     void lookingEndsNoEdit();
     void undoOfFormatKeepsWhatWasTyped_data();
     void undoOfFormatKeepsWhatWasTyped();
+    void whatIsNoNumberChangesNothing_data();
+    void whatIsNoNumberChangesNothing();
 
     // Paragraphs
     void numberOfOneParagraphIsMixedInSelection_data();
@@ -39,6 +41,9 @@ private Q_SLOTS:
     void ruleOfOneParagraphIsMixedInSelection();
     void lineEndRuleOfOneParagraphIsMixedInSelection();
     void alignmentsThatAreThereAreMixed();
+    void sameValueAgainMakesNoStep();
+    void indentsOfEditedLineAreNumbers_data() { numberOfOneParagraphIsMixedInSelection_data(); }
+    void indentsOfEditedLineAreNumbers();
 
     // Caret
     void letterSpacingAtCaretIsForWhatIsTypedNext();
@@ -56,6 +61,16 @@ private Q_SLOTS:
     void typedNumberIsWhereStepsBegin();
     void stepByOtherHandIsNotTakenBack();
     void wheelAboveFieldChangesNothing();
+    void wheelAboveControlChangesNothing_data();
+    void wheelAboveControlChangesNothing();
+
+    // Keys in controls
+    void keysInChoiceKeepFocus_data();
+    void keysInChoiceKeepFocus();
+    void keysInFontBoxAreOneStep();
+    void escapeTakesFontsBack();
+    void keysAtSliderAreOneStep();
+    void undoKeyIsPagesWithNothingTyped();
 
 private:
     FlagButton *flag(const char *name) { return m_host->find<FlagButton>("characterPanel", name); }
@@ -284,6 +299,45 @@ void TestPanelValues::undoOfFormatKeepsWhatWasTyped()
     QCOMPARE(TextCommands::plainText(text), QStringLiteral("typed words"));
 }
 
+void TestPanelValues::whatIsNoNumberChangesNothing_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<bool>("byEnter");
+    for (const bool byEnter : {false, true}) {
+        const char *way = byEnter ? "enter" : "focus";
+        QTest::addRow("nothing, %s", way) << QStringLiteral("1") << byEnter;
+        QTest::addRow("sign, %s", way) << QStringLiteral("-") << byEnter;
+    }
+}
+
+void TestPanelValues::whatIsNoNumberChangesNothing()
+{
+    QFETCH(QString, typed);
+    QFETCH(bool, byEnter);
+    CVXRootObject *first = m_host->writeLine({100, 150}, QStringLiteral("first"));
+    NumberField *field = number("characterPanel", "baseline_offset");
+    m_host->enter(field, QStringLiteral("6"));
+    CVXRootObject *second = m_host->writeLine({100, 250}, QStringLiteral("second"));
+    m_host->session()->selectAll();
+    m_host->settle();
+    QVERIFY(field->isMixed());
+    const int steps = m_host->steps()->count();
+    field->setFocus();
+    QTest::keyClicks(field, typed);
+    if (typed == QLatin1String("1"))
+        QTest::keyClick(field, Qt::Key_Backspace);
+    if (byEnter)
+        QTest::keyClick(field, Qt::Key_Return);
+    else
+        m_host->view()->setFocus();
+    m_host->settle();
+    QCOMPARE(m_host->steps()->count(), steps);
+    QCOMPARE(m_host->attribute(first, "baseline_offset").toDouble(), 6.0);
+    QCOMPARE(m_host->attribute(second, "baseline_offset").toDouble(), 0.0);
+    QVERIFY(field->isMixed());
+    QCOMPARE(field->cleanText(), QString());
+}
+
 // Paragraphs
 
 void TestPanelValues::numberOfOneParagraphIsMixedInSelection_data()
@@ -377,6 +431,49 @@ void TestPanelValues::alignmentsThatAreThereAreMixed()
     m_host->settle();
     QVERIFY(alignment("alignment-center")->isChecked());
     QVERIFY(!alignment("alignment-left")->isMixed());
+}
+
+void TestPanelValues::sameValueAgainMakesNoStep()
+{
+    startTwoParagraphs();
+    m_host->find<FlagButton>("paragraphPanel", "alignment-right")->click();
+    m_host->settle();
+    const int inEdit = m_host->steps()->count();
+    m_host->find<FlagButton>("paragraphPanel", "alignment-right")->click();
+    m_host->settle();
+    QCOMPARE(m_host->steps()->count(), inEdit);
+    QTest::keyClick(m_host->view(), Qt::Key_Escape);
+    m_host->settle();
+
+    m_host->find<FlagButton>("paragraphPanel", "alignment-right")->click(); // of the other one too
+    m_host->settle();
+    const int steps = m_host->steps()->count();
+    QVERIFY(!m_host->find<FlagButton>("paragraphPanel", "alignment-right")->isMixed());
+    m_host->find<FlagButton>("paragraphPanel", "alignment-right")->click();
+    auto *rule = m_host->find<QComboBox>("paragraphPanel", "paragraph_head_tail_punctuation");
+    Q_EMIT rule->activated(0);
+    Q_EMIT family()->picked(QStringLiteral("DejaVu Sans"));
+    m_host->settle();
+    QCOMPARE(m_host->steps()->count(), steps);
+    QVERIFY(m_host->find<FlagButton>("paragraphPanel", "alignment-right")->isChecked());
+}
+
+void TestPanelValues::indentsOfEditedLineAreNumbers()
+{
+    QFETCH(QString, key);
+    m_host->startLine({100, 150}, QStringLiteral("edited"));
+    m_host->raise("paragraphPanel");
+    NumberField *field = number("paragraphPanel", qPrintable(key));
+    QVERIFY(!field->isMixed());
+    m_host->selectAllInEdit();
+    QVERIFY(!field->isMixed());
+    QTest::keyClick(m_host->view(), Qt::Key_Escape);
+    m_host->settle();
+    QVERIFY(!field->isMixed());
+    TextCommands::beginEdit(m_host->object(0));
+    m_host->settle();
+    QVERIFY(!field->isMixed());
+    QCOMPARE(field->value(), 0.0);
 }
 
 // Caret
@@ -600,6 +697,150 @@ void TestPanelValues::wheelAboveFieldChangesNothing()
     m_host->settle();
     QCOMPARE(m_host->attribute(text, "font_pointsize").toDouble(), 24.0);
     QVERIFY(m_host->view()->hasFocus());
+}
+
+void TestPanelValues::wheelAboveControlChangesNothing_data()
+{
+    QTest::addColumn<QString>("panel");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("font") << "characterPanel"
+                          << "font_family";
+    QTest::newRow("line ends") << "paragraphPanel"
+                               << "paragraph_head_tail_punctuation";
+    QTest::newRow("direction") << "warpPanel"
+                               << "warpOrientation";
+    QTest::newRow("bend") << "warpPanel"
+                          << "warp_value_slider";
+}
+
+void TestPanelValues::wheelAboveControlChangesNothing()
+{
+    QFETCH(QString, panel);
+    QFETCH(QString, name);
+    m_host->writeLine({100, 150}, QStringLiteral("still"));
+    m_host->bend(1);
+    m_host->raise(qPrintable(panel));
+    auto *control = m_host->find<QWidget>(qPrintable(panel), qPrintable(name));
+    m_host->view()->setFocus();
+    const int steps = m_host->steps()->count();
+    const QPointF middle = control->rect().center();
+    for (const int turn : {-120, 120}) {
+        QWheelEvent wheel(middle, control->mapToGlobal(middle.toPoint()), QPoint(), QPoint(0, turn),
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, /*inverted=*/false);
+        QCoreApplication::sendEvent(control, &wheel);
+        m_host->settle();
+        QCOMPARE(m_host->steps()->count(), steps);
+    }
+    QVERIFY(control->focusPolicy() != Qt::WheelFocus);
+    QVERIFY(m_host->view()->hasFocus());
+}
+
+// Keys in controls
+
+void TestPanelValues::keysInChoiceKeepFocus_data()
+{
+    QTest::addColumn<QString>("panel");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("line ends") << "paragraphPanel"
+                               << "paragraph_head_tail_punctuation";
+    QTest::newRow("direction") << "warpPanel"
+                               << "warpOrientation";
+}
+
+void TestPanelValues::keysInChoiceKeepFocus()
+{
+    QFETCH(QString, panel);
+    QFETCH(QString, name);
+    m_host->writeLine({100, 150}, QStringLiteral("still"));
+    m_host->bend(1);
+    m_host->raise(qPrintable(panel));
+    auto *choice = m_host->find<QComboBox>(qPrintable(panel), qPrintable(name));
+    choice->setFocus();
+    QTest::keyClick(choice, Qt::Key_Down);
+    m_host->settle();
+    QCOMPARE(choice->currentIndex(), 1);
+    QVERIFY(choice->hasFocus());
+    QCOMPARE(choice->focusPolicy(), Qt::TabFocus); // the pointer leaves the keys to the page
+}
+
+void TestPanelValues::keysInFontBoxAreOneStep()
+{
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("face"));
+    FontFamilyBox::noteRecent(QStringLiteral("DejaVu Sans"));
+    const int steps = m_host->steps()->index();
+    family()->setFocus();
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(family(), Qt::Key_Down);
+        m_host->settle();
+        QVERIFY(family()->hasFocus());
+    }
+    const QString chosen = m_host->attribute(text, "font_family").toString();
+    QVERIFY(chosen != QLatin1String("DejaVu Sans"));
+    QCOMPARE(m_host->steps()->index(), steps + 1);
+    QCOMPARE(FontFamilyBox::recentFamilies().constFirst(), QStringLiteral("DejaVu Sans"));
+    m_host->view()->setFocus();
+    m_host->settle();
+    QCOMPARE(FontFamilyBox::recentFamilies().constFirst(), chosen);
+    QCOMPARE(m_host->steps()->index(), steps + 1);
+    m_host->session()->undo();
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans"));
+}
+
+void TestPanelValues::escapeTakesFontsBack()
+{
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("face"));
+    const QStringList recent = FontFamilyBox::recentFamilies();
+    const int steps = m_host->steps()->index();
+    family()->setFocus();
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(family(), Qt::Key_Down);
+    QTest::keyClick(family(), Qt::Key_Escape);
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(family()->family(), QStringLiteral("DejaVu Sans"));
+    QCOMPARE(m_host->steps()->index(), steps);
+    QCOMPARE(FontFamilyBox::recentFamilies(), recent);
+    QVERIFY(m_host->view()->hasFocus());
+}
+
+void TestPanelValues::keysAtSliderAreOneStep()
+{
+    CVXRootObject *text = m_host->writeLine({100, 150}, QStringLiteral("bent"));
+    m_host->bend(1);
+    m_host->raise("warpPanel");
+    auto *slider = m_host->find<LiveSlider>("warpPanel", "warp_value_slider");
+    const int steps = m_host->steps()->index();
+    slider->setFocus();
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(slider, Qt::Key_Right);
+        m_host->settle();
+    }
+    QCOMPARE(m_host->attribute(text, "warp_value").toInt(), 53);
+    QCOMPARE(m_host->steps()->index(), steps + 1);
+    QTest::keyClick(slider, Qt::Key_Escape);
+    m_host->settle();
+    QCOMPARE(m_host->attribute(text, "warp_value").toInt(), 50);
+    QCOMPARE(slider->value(), 50);
+    QCOMPARE(m_host->steps()->index(), steps);
+}
+
+void TestPanelValues::undoKeyIsPagesWithNothingTyped()
+{
+    m_host->writeLine({100, 150}, QStringLiteral("stepped"));
+    NumberField *field = number("characterPanel", "font_pointsize");
+    const auto isTaken = [field] {
+        QKeyEvent key(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+        key.ignore();
+        QCoreApplication::sendEvent(field, &key);
+        return key.isAccepted();
+    };
+    field->setFocus();
+    QVERIFY(!isTaken());
+    QTest::keyClick(field, Qt::Key_Up);
+    QVERIFY(!isTaken());
+    field->selectAll();
+    QTest::keyClicks(field, QStringLiteral("4"));
+    QVERIFY(isTaken());
 }
 
 QTEST_MAIN(TestPanelValues)
