@@ -327,13 +327,13 @@ void TestCharacterPanel::typedFamilyWaitsForOtherWindow()
     auto *box = m_host->find<FontFamilyBox>("characterPanel", "font_family");
     box->setFocus();
     box->lineEdit()->selectAll();
-    QTest::keyClicks(box, QStringLiteral("DejaVu Serif"));
+    QTest::keyClicks(box, QStringLiteral("s"));
     box->completer()->popup()->hide();
     QFocusEvent otherWindow(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
     QCoreApplication::sendEvent(box, &otherWindow);
     m_host->settle();
     QCOMPARE(m_host->attribute(text, "font_family").toString(), QStringLiteral("DejaVu Sans"));
-    QCOMPARE(box->lineEdit()->text(), QStringLiteral("DejaVu Serif"));
+    QCOMPARE(box->lineEdit()->text(), QStringLiteral("s"));
 }
 
 void TestCharacterPanel::usedFamilyComesFirst()
