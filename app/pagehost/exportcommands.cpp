@@ -6,6 +6,7 @@
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pictureexport.h"
+#include "app/pagehost/savename.h"
 #include "host/framework/idocumenthost.h"
 
 #include <QAction>
@@ -81,13 +82,15 @@ void ExportCommands::exportPicture()
     dialog.selectFile(file.completeBaseName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
-    const QString fileName = dialog.selectedFiles().constFirst();
+    QString fileName = dialog.selectedFiles().constFirst();
+    QStringList suffixes{suffixOfFilter(dialog.selectedNameFilter())};
+    const QStringList filters = dialog.nameFilters();
+    for (const QString &filter : filters)
+        suffixes.append(suffixOfFilter(filter));
     PageRenderer::Format format;
-    if (!PageRenderer::formatOf(fileName, format)) {
-        QMessageBox::warning(m_window, tr("Export"),
-                             tr("A picture is a file with the suffix .png, .svg or .pdf."));
+    if (!completeSaveName(fileName, suffixes, tr("Export"), m_window)
+        || !PageRenderer::formatOf(fileName, format))
         return;
-    }
     double scale = 1;
     if (format == PageRenderer::Format::Png && !askForResolution(scale))
         return;

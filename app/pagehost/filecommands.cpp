@@ -5,13 +5,17 @@
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/pageproblem.h"
 #include "app/pagehost/pagesession.h"
+#include "app/pagehost/pageview.h"
 #include "app/pagehost/recentfiles.h"
 #include "app/pagehost/recoverydialog.h"
+#include "app/pagehost/savename.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QMenu>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -19,6 +23,7 @@
 namespace {
 
 constexpr int statusTime = 10000; // ms
+constexpr int mostWarnings = 10;  // of which a message tells at once
 
 } // namespace
 
@@ -85,7 +90,24 @@ bool FileCommands::openFile(const QString &name)
     }
     m_window->takeSession(std::move(opened));
     RecentFiles::add(fileName);
+    tellLeftOut();
     return true;
+}
+
+/// Says what the page holds that is not shown. Waits for nothing: the page is open already.
+void FileCommands::tellLeftOut()
+{
+    const QStringList warnings = session()->warnings();
+    if (warnings.isEmpty())
+        return;
+    auto *box = new QMessageBox(QMessageBox::Warning, tr("Open"),
+                                tr("Not all of %1 can be shown.").arg(shownName()), QMessageBox::Ok,
+                                m_window);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setInformativeText(warnings.mid(0, mostWarnings).join(QLatin1Char('\n')));
+    if (warnings.size() > mostWarnings)
+        box->setDetailedText(warnings.join(QLatin1Char('\n')));
+    box->open();
 }
 
 /// Says what is wrong with a file and where.
@@ -122,6 +144,7 @@ bool FileCommands::offerRecovery()
     m_window->takeSession(std::move(recovered));
     m_recovery.adopt(std::move(copy));
     m_window->statusBar()->showMessage(tr("Recovered: save the page to keep it"));
+    tellLeftOut();
     return true;
 }
 
@@ -184,11 +207,14 @@ bool FileCommands::saveUnderNewName()
     dialog.selectFile(QFileInfo(session()->fileName()).fileName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return false;
-    return saveTo(dialog.selectedFiles().constFirst());
+    QString fileName = dialog.selectedFiles().constFirst();
+    const QStringList suffixes{QStringLiteral("vxpage"), QStringLiteral("json")};
+    return completeSaveName(fileName, suffixes, tr("Save As"), m_window) && saveTo(fileName);
 }
 
 bool FileCommands::saveTo(const QString &fileName)
 {
+    takeFields();
     if (!mayReplace(fileName))
         return false;
     QString error;
@@ -208,6 +234,12 @@ bool FileCommands::saveTo(const QString &fileName)
     return true;
 }
 
+/// What has been typed into a field counts, although nobody has left the field.
+void FileCommands::takeFields()
+{
+    m_window->view()->setFocus();
+}
+
 /// Asks ahead of the loss of what another program has written to the file of the page.
 bool FileCommands::mayReplace(const QString &fileName)
 {
@@ -225,7 +257,8 @@ bool FileCommands::mayLeavePage()
 {
     if (BusySign::isAnywhere())
         return false;
-    session()->endEdit();
+    takeFields();
+    QGuiApplication::inputMethod()->commit(); // what is composed counts as typed
     if (!session()->isModified())
         return true;
     const auto answer = QMessageBox::warning(m_window, tr("Unsaved Changes"),

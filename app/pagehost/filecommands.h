@@ -49,9 +49,11 @@ private:
     bool saveOrAsk();
     bool saveUnderNewName();
     bool saveTo(const QString &fileName);
+    void takeFields();
     bool mayReplace(const QString &fileName);
     void fillRecentMenu();
     void openRecent(const QString &fileName);
+    void tellLeftOut();
     void tellProblem(const QString &fileName, const QString &error);
     PageSession *session() const;
 

@@ -6,6 +6,7 @@
 #include "app/page/longwork.h"
 #include "app/page/pagestorage.h"
 #include "app/page/unfinishedfile.h"
+#include "app/pagehost/pausededit.h"
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
@@ -98,21 +99,13 @@ bool PageSession::save(const QString &fileName, QString &error)
 
 bool PageSession::save(const QString &fileName, QString &error, LongWork &work)
 {
-    CVXRootObject *edited = editedObject(); // a record never holds an open edit
-    QGraphicsTextItem *item = edited ? TextCommands::editItem(edited) : nullptr;
-    const QTextCursor caret = item ? item->textCursor() : QTextCursor();
-    if (!endEdit())
-        edited = nullptr;
+    const PausedEdit pause(*this); // a record never holds an open edit
     const bool saved = writeTo(fileName, error, work);
     if (saved) {
         m_fileName = fileName;
         m_fileStamp = stampOf(fileName);
         undoStack()->setClean();
     }
-    if (edited)
-        TextCommands::beginEdit(edited);
-    if (edited && item)
-        item->setTextCursor(caret);
     announce();
     return saved;
 }

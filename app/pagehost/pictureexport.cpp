@@ -7,6 +7,7 @@
 #include "app/page/page.h"
 #include "app/page/textobject.h"
 #include "app/pagehost/pagesession.h"
+#include "app/pagehost/pausededit.h"
 #include "host/framework/cvxrootobject.h"
 
 #include <QCoreApplication>
@@ -136,7 +137,7 @@ bool printOnPaper(PageSession &session, QPrinter &printer, QString &error, LongW
 bool PictureExport::write(PageSession &session, PageRenderer::Format format,
                           const QString &fileName, double scale, QString &error, LongWork &work)
 {
-    session.endEdit();
+    const PausedEdit pause(session);
     PageRenderer::Options options = optionsForPage(session, work);
     options.scale = scale;
     PageRenderer renderer(session.page(), options);
@@ -148,7 +149,7 @@ bool PictureExport::write(PageSession &session, PageRenderer::Format format,
 std::unique_ptr<QMimeData> PictureExport::selectionPicture(PageSession &session, QString &error,
                                                            LongWork &work)
 {
-    session.endEdit();
+    const PausedEdit pause(session);
     const QList<CVXRootObject *> selected = session.page()->getSelectedObjects();
     if (selected.isEmpty())
         return nullptr;
@@ -184,7 +185,7 @@ bool PictureExport::play(QPicture &picture, QPainter &painter)
 
 bool PictureExport::print(PageSession &session, QPrinter &printer, QString &error, LongWork &work)
 {
-    session.endEdit();
+    const PausedEdit pause(session);
     const QString text = plainTextOf(session.page()->objects());
     printer.setDocName(session.fileName().isEmpty() ? titleOf(text) : session.fileName());
     error.clear();

@@ -15,8 +15,8 @@ class QPicture;
 class QPrinter;
 
 /// Pictures show what the screen does, without handles, frames and caret; texts are outlines in them.
-/// Each function ends an open edit, and fails with an empty error when its work is not wanted any more:
-/// nothing is written, copied or printed then.
+/// An open edit goes on afterwards with its caret where it was. Each function fails with an empty error
+/// when its work is not wanted any more: nothing is written, copied or printed then.
 namespace PictureExport {
 
 /// Writes the whole page to \a fileName, with its text as title and description. A file that was there

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Clipboard, pictures and paper.
 #include "tests/app/picturedifference.h"
+#include "tests/pagehost/filedialoguser.h"
 #include "tests/pagehost/objectwindow.h"
 #include "tests/pagehost/slowclock.h"
 
@@ -86,7 +87,11 @@ private Q_SLOTS:
     void otherProgramsDrawTheSame();
     void noTextNeedsAFont_data();
     void noTextNeedsAFont();
-    void exportEndsTheEdit();
+    void exportGoesOnWithTheEdit();
+    void paperAndCopyGoOnWithTheEdit();
+    void exportedFileHasTheSuffixOfItsFormat_data();
+    void exportedFileHasTheSuffixOfItsFormat();
+    void fileOfTheCompletedNameIsAskedAbout();
     void failedExportLeavesTheFileBefore();
 
     // Clipboard
@@ -364,16 +369,82 @@ void TestExport::noTextNeedsAFont()
     QCOMPARE(fonts.readAllStandardOutput().count('\n'), 2); // the head of a list without entries
 }
 
-void TestExport::exportEndsTheEdit()
+void TestExport::exportGoesOnWithTheEdit()
 {
     ObjectWindow window(&m_loader);
     window.startBox(firstPlace, QStringLiteral("edited"));
     QTest::keyClick(window.view(), Qt::Key_A, Qt::ControlModifier);
     const QImage picture(pictureFile(window, PageRenderer::Format::Png, "page.png"));
-    QVERIFY(!window.session()->editedObject());
     QCOMPARE(picture.pixelColor(firstPlace.center().toPoint() + QPoint(80, 20)),
              QColor(Qt::white)); // nothing is shown as selected
     QVERIFY(darkPixels(picture, firstPlace.toRect()) > 100);
+    QCOMPARE(window.session()->editedObject(), window.objects().value(0));
+    QTest::keyClicks(window.view(), QStringLiteral("!"));
+    QCOMPARE(window.text(0), QStringLiteral("edited!"));
+}
+
+void TestExport::paperAndCopyGoOnWithTheEdit()
+{
+    ObjectWindow window(&m_loader);
+    window.startBox(firstPlace, QStringLiteral("edited"));
+    QTest::keyClick(window.view(), Qt::Key_Left);
+    QString error;
+    PlainWork work;
+    QVERIFY(make(window, Paper, m_folder->filePath(QStringLiteral("paper.pdf")), error, work));
+    QTest::keyClicks(window.view(), QStringLiteral("1"));
+    window.trigger("copyPicture");
+    QVERIFY(QGuiApplication::clipboard()->mimeData()->hasImage());
+    QTest::keyClicks(window.view(), QStringLiteral("2"));
+    QCOMPARE(window.text(0), QStringLiteral("edite12d"));
+}
+
+void TestExport::exportedFileHasTheSuffixOfItsFormat_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("written");
+    const QString svg = QStringLiteral("Picture of outlines (*.svg)");
+    const QString pdf = QStringLiteral("Document (*.pdf)");
+    QTest::newRow("as offered") << QStringLiteral("report.v2") << svg
+                                << QStringLiteral("report.v2.svg");
+    QTest::newRow("unknown") << QStringLiteral("a.b") << pdf << QStringLiteral("a.b.pdf");
+    QTest::newRow("its own") << QStringLiteral("a.svg") << svg << QStringLiteral("a.svg");
+    QTest::newRow("another") << QStringLiteral("a.PDF") << svg << QStringLiteral("a.PDF");
+}
+
+void TestExport::exportedFileHasTheSuffixOfItsFormat()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, format);
+    QFETCH(QString, written);
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    QString error;
+    QVERIFY(window.session()->save(m_folder->filePath(QStringLiteral("report.v2.vxpage")), error));
+    acceptFileDialog(typed, format);
+    window.trigger("export");
+    const QByteArray bytes = contentOf(m_folder->filePath(written));
+    QCOMPARE(bytes.startsWith("%PDF-"),
+             written.endsWith(QLatin1String("pdf"), Qt::CaseInsensitive));
+    QVERIFY(bytes.size() > 500);
+}
+
+void TestExport::fileOfTheCompletedNameIsAskedAbout()
+{
+    ObjectWindow window(&m_loader);
+    makeTwo(window);
+    QString error;
+    QVERIFY(window.session()->save(m_folder->filePath(QStringLiteral("report.v2.vxpage")), error));
+    const QString there = m_folder->filePath(QStringLiteral("report.v2.svg"));
+    QFile file(there);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("there") == 5);
+    file.close();
+    acceptFileDialog(QStringLiteral("report.v2"), QStringLiteral("Picture of outlines (*.svg)"));
+    QString question;
+    answerMessage(QMessageBox::Cancel, &question);
+    window.trigger("export");
+    QVERIFY2(question.contains(QLatin1String("report.v2.svg")), qPrintable(question));
+    QCOMPARE(contentOf(there), QByteArray("there"));
 }
 
 void TestExport::failedExportLeavesTheFileBefore()

@@ -18,6 +18,7 @@
 #include "app/pagehost/translations.h"
 #include "host/framework/cundoredo.h"
 #include "host/framework/cvxrootobject.h"
+#include "tests/pagehost/filedialoguser.h"
 #include "tests/pagehost/slowclock.h"
 
 #include <QAction>
@@ -30,7 +31,6 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QRegularExpression>
 #include <QScopeGuard>
 #include <QTemporaryDir>
@@ -92,6 +92,7 @@ private Q_SLOTS:
     void problemOfFileIsNamed_data();
     void problemOfFileIsNamed();
     void refusedFileReplacesNothing();
+    void whatIsLeftOutIsTold();
     void openPageIsFirstOfRecentFiles();
     void recentFilesHaveAnEnd();
     void recentFileThatIsGoneIsForgotten();
@@ -133,7 +134,10 @@ private:
     void type(const QString &text) { QTest::keyClicks(m_window->view(), text); }
     void compose(const QString &preedit, const QString &commit = QString());
     void abandonCopy();
-    void answer(QMessageBox::StandardButton button, QString *text = nullptr);
+    void answer(QMessageBox::StandardButton button, QString *text = nullptr)
+    {
+        answerMessage(button, text);
+    }
     void recoverFirst();
     QJsonObject changedAndSaved(const QString &name);
     QTimer *copyTimer() const { return m_window->files()->recovery()->findChild<QTimer *>(); }
@@ -271,21 +275,6 @@ void TestFiles::abandonCopy()
     }
     m_window->takeSession(PageSession::create(&m_loader));
     QVERIFY(QDir().rename(left, dataFolder() + QStringLiteral("/recovery/left")));
-}
-
-/// Presses \a button of the next message box, whose words go to \a text.
-void TestFiles::answer(QMessageBox::StandardButton button, QString *text)
-{
-    QTimer::singleShot(0, this, [=] {
-        auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-        if (!box) { // it comes in a later turn
-            answer(button, text);
-            return;
-        }
-        if (text)
-            *text = box->text() + QLatin1Char('\n') + box->informativeText();
-        box->button(button)->click();
-    });
 }
 
 /// Chooses the first page of the next dialog that offers some.
@@ -975,6 +964,21 @@ void TestFiles::refusedFileReplacesNothing()
     QVERIFY(!RecentFiles::list().contains(inFolder("broken.json")));
 }
 
+void TestFiles::whatIsLeftOutIsTold()
+{
+    QVERIFY(m_window->openFile(writePage("some.json", R"({"kind": "chart"}, )" + written)));
+    QCOMPARE(session()->page()->objects().size(), 1);
+    auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+    QVERIFY(box);
+    QVERIFY2(box->text().contains(QLatin1String("some.json")), qPrintable(box->text()));
+    QVERIFY2(box->informativeText().contains(QLatin1String("chart")),
+             qPrintable(box->informativeText()));
+    box->button(QMessageBox::Ok)->click();
+    QVERIFY(!QApplication::activeModalWidget());
+    openText();
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
 void TestFiles::openPageIsFirstOfRecentFiles()
 {
     openText();
@@ -1037,6 +1041,11 @@ void TestFiles::closeQuestion()
     QString question;
     answer(QMessageBox::StandardButton(button), &question);
     QCOMPARE(m_window->close(), closes);
+    if (!closes) { // and all goes on as it was
+        QCOMPARE(session()->editedObject(), first());
+        type(QStringLiteral("?"));
+        QCOMPARE(TextCommands::plainText(first()), QStringLiteral("before!?"));
+    }
     QVERIFY2(question.contains(QLatin1String("page.json")), qPrintable(question));
     QCOMPARE(contentOf(inFolder("page.json")) != before, saves);
 }

@@ -201,10 +201,6 @@
         <translation>文档 (*.pdf)</translation>
     </message>
     <message>
-        <source>A picture is a file with the suffix .png, .svg or .pdf.</source>
-        <translation>图片文件的后缀是 .png、.svg 或 .pdf。</translation>
-    </message>
-    <message>
         <source>Exported %1</source>
         <translation>已导出 %1</translation>
     </message>
@@ -342,6 +338,10 @@ The page that is open stays as it is.</source>
     <message>
         <source>Save the changes to %1?</source>
         <translation>要保存对 %1 的更改吗？</translation>
+    </message>
+    <message>
+        <source>Not all of %1 can be shown.</source>
+        <translation>无法显示 %1 的全部内容。</translation>
     </message>
 </context>
 <context>
@@ -574,6 +574,26 @@ The page that is open stays as it is.</source>
     <message>
         <source>&amp;Panels</source>
         <translation>面板(&amp;P)</translation>
+    </message>
+    <message>
+        <source>The object is locked</source>
+        <translation>对象已锁定</translation>
+    </message>
+    <message>
+        <source>Pasting</source>
+        <translation>正在粘贴</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>The clipboard holds too many objects.</source>
+        <translation>剪贴板中的对象太多。</translation>
+    </message>
+    <message>
+        <source>The text on the clipboard has %L1 characters, which takes a while. Paste it?</source>
+        <translation>剪贴板中的文字有 %L1 个字符，粘贴需要一些时间。要粘贴吗？</translation>
     </message>
 </context>
 <context>
@@ -1264,6 +1284,13 @@ The page that is open stays as it is.</source>
     <message>
         <source>Throw the unsaved changes of %1 away?</source>
         <translation>要丢弃 %1 未保存的更改吗？</translation>
+    </message>
+</context>
+<context>
+    <name>SaveName</name>
+    <message>
+        <source>%1 exists already. Replace it?</source>
+        <translation>%1 已存在。要替换它吗？</translation>
     </message>
 </context>
 <context>
