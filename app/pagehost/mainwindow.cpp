@@ -2,12 +2,14 @@
 #include "app/pagehost/mainwindow.h"
 
 #include "app/page/framework.h"
+#include "app/pagehost/busysign.h"
 #include "app/pagehost/canvasmenu.h"
 #include "app/pagehost/exportcommands.h"
 #include "app/pagehost/filecommands.h"
 #include "app/pagehost/hoststrings.h"
 #include "app/pagehost/objectlist.h"
 #include "app/pagehost/objectmenu.h"
+#include "app/pagehost/pagedrop.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/pageview.h"
 #include "app/pagehost/panels.h"
@@ -21,20 +23,26 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int textObjectDrawn = 243; // command of a text object to the tools
 constexpr int statusTime = 10000;    // ms
+constexpr int longText = 100000;     // UTF-16 units that are pasted without a question
 constexpr QSize firstSize(1300, 800);
 
 const QLatin1String textOperation("text_operation");
@@ -75,6 +83,8 @@ MainWindow::MainWindow(const PluginLoader *loader, Framework *framework)
     statusBar()->addPermanentWidget(m_zoomLabel);
     showZoom(m_view->zoom());
     connect(m_view, &PageView::zoomChanged, this, &MainWindow::showZoom);
+    connect(m_view, &PageView::lockedMet, this, &MainWindow::tellLocked);
+    new PageDrop(this); // which the window owns
     connect(m_view, &PageView::objectDrawn, this, [this](CVXRootObject *object) {
         if (TextCommands::isArtText(object))
             setTool(EditorTool::Select); // a rich text asks for it itself
@@ -106,30 +116,35 @@ void MainWindow::fitScreen()
 // Menus
 
 QAction *MainWindow::addCommand(QMenu *menu, const char *name, const QString &text,
-                                const QKeySequence &shortcut, Command command)
+                                const QList<QKeySequence> &shortcuts, Command command)
 {
     QAction *action = menu->addAction(text);
     action->setObjectName(QLatin1String(name));
-    action->setShortcut(shortcut);
+    action->setShortcuts(shortcuts);
     connect(action, &QAction::triggered, this, [this, command] { (this->*command)(); });
     return action;
 }
 
 void MainWindow::makeEditMenu()
 {
+    const auto keys = [](QKeySequence::StandardKey key) { return QKeySequence::keyBindings(key); };
     QMenu *menu = menuBar()->addMenu(tr("&Edit"));
-    m_undo = addCommand(menu, "undo", tr("&Undo"), QKeySequence::Undo, &MainWindow::undo);
-    m_redo = addCommand(menu, "redo", tr("&Redo"), QKeySequence::Redo, &MainWindow::redo);
+    m_undo = addCommand(menu, "undo", tr("&Undo"), keys(QKeySequence::Undo), &MainWindow::undo);
+    m_redo = addCommand(menu, "redo", tr("&Redo"), keys(QKeySequence::Redo), &MainWindow::redo);
     menu->addSeparator();
-    m_cut = addCommand(menu, "cut", tr("Cu&t"), QKeySequence::Cut, &MainWindow::cut);
-    m_copy = addCommand(menu, "copy", tr("&Copy"), QKeySequence::Copy, &MainWindow::copy);
+    m_cut = addCommand(menu, "cut", tr("Cu&t"), keys(QKeySequence::Cut), &MainWindow::cut);
+    m_copy = addCommand(menu, "copy", tr("&Copy"), keys(QKeySequence::Copy), &MainWindow::copy);
     m_exports->addToEditMenu(menu, nullptr);
-    addCommand(menu, "paste", tr("&Paste"), QKeySequence::Paste, &MainWindow::paste);
-    addCommand(menu, "pastePlain", tr("Paste P&lain Text"), Qt::CTRL + Qt::SHIFT + Qt::Key_V,
-               &MainWindow::pastePlain);
-    m_delete = addCommand(menu, "delete", tr("&Delete"), Qt::Key_Delete, &MainWindow::remove);
+    m_paste = addCommand(menu, "paste", tr("&Paste"), keys(QKeySequence::Paste),
+                         &MainWindow::paste);
+    m_pastePlain = addCommand(menu, "pastePlain", tr("Paste P&lain Text"),
+                              {Qt::CTRL + Qt::SHIFT + Qt::Key_V}, &MainWindow::pastePlain);
+    connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this,
+            &MainWindow::refreshPaste);
+    refreshPaste();
+    m_delete = addCommand(menu, "delete", tr("&Delete"), {Qt::Key_Delete}, &MainWindow::remove);
     menu->addSeparator();
-    addCommand(menu, "selectAll", tr("Select &All"), QKeySequence::SelectAll,
+    addCommand(menu, "selectAll", tr("Select &All"), keys(QKeySequence::SelectAll),
                &MainWindow::selectAll);
 }
 
@@ -182,6 +197,8 @@ void MainWindow::addTool(const char *name, const QString &text, const QKeySequen
 /// The styles of art text by name; that of the selection is checked.
 void MainWindow::makeStyleMenu(QMenu *menu)
 {
+    m_artStyle = menu->menuAction();
+    m_artStyle->setObjectName(QStringLiteral("artStyle"));
     auto *styles = new QActionGroup(menu);
     styles->setExclusive(false); // none is checked while the selection has several
     for (int style = 0; style < artStyleCount; ++style) {
@@ -240,7 +257,11 @@ void MainWindow::refresh()
     setWindowTitle(QStringLiteral("%1[*] - pagehost").arg(m_files->shownName()));
     setWindowModified(m_session->isModified());
     const bool isEditing = m_session->editedObject() != nullptr;
-    const bool hasSelection = !m_session->page()->getSelectedObjects().isEmpty();
+    const QList<CVXRootObject *> selected = m_session->page()->getSelectedObjects();
+    const auto isFree = [](CVXRootObject *object) { return !object->isLocked(); };
+    const auto takesStyle = [isFree](CVXRootObject *object) {
+        return TextCommands::isArtText(object) && isFree(object);
+    };
     const auto named = [this](const QString &word, const QString &key) {
         return key.isEmpty()
                    ? word
@@ -250,11 +271,36 @@ void MainWindow::refresh()
     m_redo->setText(named(tr("&Redo"), m_session->redoName()));
     m_undo->setEnabled(isEditing || m_session->undoStack()->canUndo());
     m_redo->setEnabled(m_session->canRedo());
-    for (QAction *action : {m_cut, m_copy, m_delete})
-        action->setEnabled(isEditing || hasSelection);
+    m_copy->setEnabled(isEditing || !selected.isEmpty());
+    for (QAction *action : {m_cut, m_delete})
+        action->setEnabled(isEditing || std::any_of(selected.begin(), selected.end(), isFree));
+    m_artStyle->setEnabled(std::any_of(selected.begin(), selected.end(), takesStyle));
+}
+
+/// Not with each change of the page: the clipboard belongs to all programs, and asking it takes time.
+void MainWindow::refreshPaste()
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    m_paste->setEnabled(data && (data->hasText() || PageSession::hasObjects(*data)));
+    m_pastePlain->setEnabled(data && data->hasText());
 }
 
 // Edit
+
+void MainWindow::editText(CVXRootObject *object)
+{
+    m_view->setFocus();
+    Q_EMIT m_session->aboutToAct();
+    if (object->isLocked())
+        tellLocked();
+    else
+        TextCommands::beginEdit(object);
+}
+
+void MainWindow::tellLocked()
+{
+    statusBar()->showMessage(tr("The object is locked"), statusTime);
+}
 
 /// Gives the edited text a key, as if it had been pressed, wherever the focus is. False when no text is
 /// edited.
@@ -289,12 +335,38 @@ void MainWindow::copy()
 
 void MainWindow::paste()
 {
-    m_session->paste(m_canvasMenu->pastePlace());
+    if (!mayPasteText(/*isPlain=*/false))
+        return;
+    bool isTaken = false;
+    {
+        BusySign work(this, tr("Pasting"));
+        isTaken = m_session->paste(m_canvasMenu->pastePlace(), work);
+    }
+    if (!isTaken)
+        QMessageBox::warning(this, tr("Paste"), tr("The clipboard holds too many objects."));
 }
 
 void MainWindow::pastePlain()
 {
-    m_session->pastePlainText(m_canvasMenu->pastePlace());
+    if (mayPasteText(/*isPlain=*/true))
+        m_session->pastePlainText(m_canvasMenu->pastePlace());
+}
+
+/// Asks ahead of a text that takes long.
+bool MainWindow::mayPasteText(bool isPlain)
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    if (!data || (!isPlain && !m_session->editedObject() && PageSession::hasObjects(*data)))
+        return true;
+    const int length = data->text().size();
+    return length <= longText
+           || QMessageBox::question(
+                  this, tr("Paste"),
+                  tr("The text on the clipboard has %L1 characters, which takes a "
+                     "while. Paste it?")
+                      .arg(length),
+                  QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel)
+                  == QMessageBox::Ok;
 }
 
 void MainWindow::remove()

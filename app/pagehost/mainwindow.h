@@ -49,6 +49,8 @@ public:
     /// The panels beside the page.
     Panels *panels() const { return m_panels; }
     void setTool(int tool);
+    /// Begins the edit of \a object with the keys on the page; says so of one that is locked.
+    void editText(CVXRootObject *object);
 
 Q_SIGNALS:
     /// \a session is the page that is shown from now on.
@@ -61,7 +63,7 @@ private:
     using Command = void (MainWindow::*)();
 
     QAction *addCommand(QMenu *menu, const char *name, const QString &text,
-                        const QKeySequence &shortcut, Command command);
+                        const QList<QKeySequence> &shortcuts, Command command);
     void makeEditMenu();
     void makeViewMenu();
     void makeTools();
@@ -75,13 +77,16 @@ private:
     void copy();
     void paste();
     void pastePlain();
+    bool mayPasteText(bool isPlain);
     void remove();
     void selectAll();
     bool sendToEdit(Qt::Key key, Qt::KeyboardModifiers modifiers);
 
     // View
     void refresh();
+    void refreshPaste();
     void showZoom(double zoom);
+    void tellLocked();
 
     // What objects tell
     void notifyObjectEvent(CVXRootObject *object, const QString &key,
@@ -102,7 +107,10 @@ private:
     QAction *m_redo = nullptr;
     QAction *m_cut = nullptr;
     QAction *m_copy = nullptr;
+    QAction *m_paste = nullptr;
+    QAction *m_pastePlain = nullptr;
     QAction *m_delete = nullptr;
+    QAction *m_artStyle = nullptr;
     QLabel *m_zoomLabel;
 };
 

@@ -9,6 +9,7 @@
 #include "app/pagehost/textcommands.h"
 #include "host/framework/cvxrootobject.h"
 
+#include <QAction>
 #include <QGraphicsItem>
 #include <QKeyEvent>
 #include <QListWidget>
@@ -55,6 +56,12 @@ ObjectList::ObjectList(MainWindow *window)
     connect(this, &QDockWidget::visibilityChanged, this, [this](bool isVisible) {
         if (isVisible)
             refresh();
+    });
+    connect(toggleViewAction(), &QAction::triggered, this, [this](bool isShown) {
+        if (isShown)
+            m_list->setFocus();
+        else
+            m_window->view()->setFocus();
     });
     connect(window, &MainWindow::sessionTaken, this, &ObjectList::follow);
 }
@@ -167,8 +174,7 @@ void ObjectList::edit(int row)
         return;
     CVXRootObject *object = objectAt(row);
     session()->select(object);
-    m_window->view()->setFocus();
-    TextCommands::beginEdit(object);
+    m_window->editText(object);
 }
 
 bool ObjectList::eventFilter(QObject *watched, QEvent *event)
@@ -191,6 +197,9 @@ bool ObjectList::eventFilter(QObject *watched, QEvent *event)
     case Qt::Key_Delete:
     case Qt::Key_Backspace:
         session()->removeSelected();
+        return true;
+    case Qt::Key_Escape:
+        m_window->view()->setFocus();
         return true;
     default:
         return QDockWidget::eventFilter(watched, event);

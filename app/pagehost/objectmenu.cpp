@@ -5,8 +5,6 @@
 #include "app/pagehost/mainwindow.h"
 #include "app/pagehost/objectcommands.h"
 #include "app/pagehost/pagesession.h"
-#include "app/pagehost/pageview.h"
-#include "app/pagehost/textcommands.h"
 
 #include <QAction>
 #include <QMenu>
@@ -18,7 +16,9 @@ ObjectMenu::ObjectMenu(MainWindow *window, QMenu *menu)
     : QObject(window)
     , m_window(window)
 {
-    add(menu, "editText", tr("&Edit Text"), Qt::Key_F2, [this](PageSession &) { editText(); });
+    add(
+        menu, "editText", tr("&Edit Text"), Qt::Key_F2, [this](PageSession &) { editText(); },
+        Alone);
     add(menu, "duplicate", tr("&Duplicate"), Qt::CTRL + Qt::Key_D,
         [](PageSession &session) { session.duplicate(); });
     m_lock = add(menu, "lock", tr("&Lock"), Qt::CTRL + Qt::Key_L, [](PageSession &session) {
@@ -100,10 +100,8 @@ void ObjectMenu::addAlignment(QMenu *menu)
 void ObjectMenu::editText()
 {
     const QList<CVXRootObject *> selected = m_window->session()->page()->getSelectedObjects();
-    if (selected.size() != 1)
-        return;
-    m_window->view()->setFocus();
-    TextCommands::beginEdit(selected.constFirst());
+    if (selected.size() == 1)
+        m_window->editText(selected.constFirst());
 }
 
 void ObjectMenu::refresh()
@@ -111,6 +109,6 @@ void ObjectMenu::refresh()
     const PageSession &session = *m_window->session();
     const int count = session.editedObject() ? 0 : session.page()->getSelectedObjects().size();
     for (const Entry &entry : qAsConst(m_entries))
-        entry.action->setEnabled(count >= entry.needs);
+        entry.action->setEnabled(entry.needs == Alone ? count == 1 : count >= entry.needs);
     m_lock->setChecked(ObjectCommands::isLocked(session));
 }

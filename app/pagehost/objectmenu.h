@@ -24,11 +24,11 @@ public:
     ObjectMenu(MainWindow *window, QMenu *menu);
 
 private:
-    /// How many selected objects a command needs.
-    enum Needs { One = 1, Three = 3 };
+    /// How many selected objects a command needs; Alone: that one and no other.
+    enum Needs { Alone, One, Three = 3 };
     struct Entry {
         QAction *action;
-        int needs;
+        Needs needs;
     };
 
     QAction *add(QMenu *menu, const char *name, const QString &text, const QKeySequence &shortcut,

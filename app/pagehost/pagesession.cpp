@@ -2,6 +2,7 @@
 #include "app/pagehost/pagesession.h"
 
 #include "app/page/document.h"
+#include "app/page/longwork.h"
 #include "app/page/pluginloader.h"
 #include "app/page/textobject.h"
 #include "app/pagehost/objectsteps.h"
@@ -319,16 +320,25 @@ void PageSession::copy()
     QGuiApplication::clipboard()->setMimeData(data); // which owns it now
 }
 
-void PageSession::paste(const QPointF &place)
+bool PageSession::hasObjects(const QMimeData &data)
+{
+    return data.hasFormat(objectsType);
+}
+
+bool PageSession::paste(const QPointF &place, LongWork &work)
 {
     if (CVXRootObject *object = editedObject()) {
         noteEditInput();
         TextCommands::paste(object, /*newObject=*/false);
-        return;
+        return true;
     }
     const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    if (data && !pasteObjects(*data))
+    const QByteArray bytes = data ? data->data(objectsType) : QByteArray();
+    if (bytes.size() > largestPaste)
+        return false;
+    if (data && !addCopies(QJsonDocument::fromJson(bytes).array(), addKey, work))
         pasteText(place, /*rich=*/true);
+    return true;
 }
 
 void PageSession::pastePlainText(const QPointF &place)
@@ -344,7 +354,7 @@ void PageSession::pastePlainText(const QPointF &place)
 void PageSession::duplicate()
 {
     endEdit();
-    addCopies(copiesOf(selectedObjects()), duplicateKey);
+    addCopies(copiesOf(selectedObjects()), duplicateKey, *plainWork());
 }
 
 /// Puts \a object on the page as one that has come by a command.
@@ -354,22 +364,20 @@ void PageSession::adopt(CVXRootObject *object)
     pushPresence(object);
 }
 
-bool PageSession::pasteObjects(const QMimeData &data)
-{
-    const QByteArray bytes = data.data(objectsType);
-    if (bytes.isEmpty() || bytes.size() > largestPaste)
-        return false;
-    return addCopies(QJsonDocument::fromJson(bytes).array(), addKey);
-}
-
-/// In one step of that name. False when nothing comes of them.
-bool PageSession::addCopies(const QJsonArray &copies, const QString &name)
+/// In one step of that name; none when \a work is given up. False when nothing comes of them.
+bool PageSession::addCopies(const QJsonArray &copies, const QString &name, LongWork &work)
 {
     QList<CVXRootObject *> objects;
     for (const QJsonValue &copy : copies) {
+        if (!work.step(objects.size(), copies.size())) {
+            for (CVXRootObject *object : qAsConst(objects))
+                page()->removeObject(object);
+            return true;
+        }
         if (CVXRootObject *object = objectOfCopy(copy.toObject()))
             objects.append(object);
     }
+    work.beginLastPart();
     if (objects.isEmpty())
         return false;
     const QPointF way = wayOfCopies(objects);

@@ -108,8 +108,11 @@ public:
     QString redoName() const;
     void cut();
     void copy();
-    /// Into the edited text, or as new objects; a text gets its upper left corner to \a place (scene).
-    void paste(const QPointF &place);
+    /// True for a clipboard of what copy() puts there.
+    static bool hasObjects(const QMimeData &data);
+    /// Into the edited text, or as new objects as long as \a work is wanted; a text gets its upper left
+    /// corner to \a place (scene). False for more objects than can be taken.
+    bool paste(const QPointF &place, LongWork &work);
     /// The same with nothing but the characters of what is on the clipboard, as a text.
     void pastePlainText(const QPointF &place);
     /// Copies the selected objects beside themselves.
@@ -144,8 +147,7 @@ private:
     void selectOnly(const QList<CVXRootObject *> &objects);
     void adopt(CVXRootObject *object);
     QJsonArray copiesOf(const QList<CVXRootObject *> &objects) const;
-    bool pasteObjects(const QMimeData &data);
-    bool addCopies(const QJsonArray &copies, const QString &name);
+    bool addCopies(const QJsonArray &copies, const QString &name, LongWork &work);
     CVXRootObject *objectOfCopy(const QJsonObject &copy);
     QPointF wayOfCopies(const QList<CVXRootObject *> &copies) const;
     void pasteText(const QPointF &place, bool rich);

@@ -131,7 +131,9 @@ void PageSession::redoInEdit()
 
 bool PageSession::canRedo() const
 {
-    return undoStack()->canRedo() || (editedObject() && m_edit.canRedo());
+    if (!editedObject())
+        return undoStack()->canRedo();
+    return m_edit.canRedo() || (undoStack()->canRedo() && !m_edit.isChanged());
 }
 
 QString PageSession::undoName() const

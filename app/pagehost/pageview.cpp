@@ -2,6 +2,7 @@
 #include "app/pagehost/pageview.h"
 
 #include "app/pagehost/objectcommands.h"
+#include "app/pagehost/pagedrop.h"
 #include "app/pagehost/pagesession.h"
 #include "app/pagehost/textcommands.h"
 #include "app/pagehost/viewpanning.h"
@@ -19,6 +20,8 @@
 namespace {
 
 constexpr double pageMargin = 48;    // around the page, page pixels
+constexpr double objectMargin = 24;  // around objects that lie beyond it
+constexpr double reach = 1e6;        // of the view, page pixels from the origin on every side
 constexpr double smallestMargin = 8; // around a selection that fills the view, page pixels
 constexpr int checkerSide = 8;       // of the ground under a transparent page
 
@@ -91,12 +94,12 @@ void PageView::setSession(PageSession *session)
         setScene(nullptr);
         return;
     }
-    const QRectF page(QPointF(0, 0), session->size());
-    const QRectF shown = page.adjusted(-pageMargin, -pageMargin, pageMargin, pageMargin);
-    session->page()->scene()->setSceneRect(shown);
+    reachObjects();
     setScene(session->page()->scene());
     m_hasHints = !session->missingFonts().isEmpty();
     connect(session, &PageSession::stateChanged, this, &PageView::chooseUpdateMode,
+            Qt::UniqueConnection);
+    connect(session, &PageSession::stateChanged, this, &PageView::reachObjects,
             Qt::UniqueConnection);
     chooseUpdateMode();
     session->page()->setZoomRate(float(m_zoom));
@@ -115,6 +118,27 @@ void PageView::chooseUpdateMode()
         return;
     setViewportUpdateMode(mode);
     viewport()->update();
+}
+
+QRectF PageView::pageWithGround() const
+{
+    const QRectF page(QPointF(0, 0), m_session->size());
+    return page.adjusted(-pageMargin, -pageMargin, pageMargin, pageMargin);
+}
+
+/// The view scrolls to whatever lies beyond the page. Nothing shifts under the pointer or the caret.
+void PageView::reachObjects()
+{
+    if (!isIdle())
+        return;
+    const QRectF farthest(-reach, -reach, 2 * reach, 2 * reach);
+    QRectF shown = pageWithGround();
+    for (CVXRootObject *object : m_session->page()->objects()) {
+        const QRectF bounds = ObjectCommands::boundsOf(object);
+        if (object->isVisible() && farthest.contains(bounds))
+            shown |= bounds.adjusted(-objectMargin, -objectMargin, objectMargin, objectMargin);
+    }
+    m_session->page()->scene()->setSceneRect(shown);
 }
 
 void PageView::setTool(int tool)
@@ -172,7 +196,7 @@ void PageView::fit(const QRectF &area)
 void PageView::fitPage()
 {
     if (m_session)
-        fit(scene()->sceneRect());
+        fit(pageWithGround());
 }
 
 void PageView::fitSelection()
@@ -341,9 +365,11 @@ void PageView::mouseMoveEvent(QMouseEvent *event)
 
 void PageView::mouseReleaseEvent(QMouseEvent *event)
 {
-    QGraphicsView::mouseReleaseEvent(event);
-    if (event->button() != Qt::LeftButton)
+    if (event->button() != Qt::LeftButton) {
+        event->accept(); // as its press
         return;
+    }
+    QGraphicsView::mouseReleaseEvent(event);
     releaseGrab();
     m_mayDragEdit = false;
     m_isDragGivenUp = false;
@@ -363,8 +389,10 @@ void PageView::mouseDoubleClickEvent(QMouseEvent *event)
     if (taker)
         grab(taker);
     CVXRootObject *under = taker ? taker : objectUnder(scenePos);
-    if (under && TextCommands::isArtText(under) && !TextCommands::isEditing(under))
+    if (under && !TextCommands::isEditing(under))
         m_session->select(under); // it is edited alone
+    if (under && under->isLocked())
+        Q_EMIT lockedMet();
     QGraphicsView::mouseDoubleClickEvent(event);
 }
 
@@ -418,6 +446,10 @@ bool PageView::cancelDrag()
 /// An art text carries selected text away as data: whoever has asked for it hears no release.
 void PageView::dragEnterEvent(QDragEnterEvent *event)
 {
+    if (!PageDrop::fileIn(*event->mimeData()).isEmpty()) {
+        event->ignore(); // the window's
+        return;
+    }
     m_isCarryingText = true;
     QGraphicsView::dragEnterEvent(event);
 }

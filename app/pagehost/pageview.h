@@ -60,6 +60,8 @@ Q_SIGNALS:
     /// The user asks for the commands of what is edited, otherwise of what is selected, otherwise of the
     /// page. A pointer has chosen its object before.
     void menuWanted(const QPoint &globalPos);
+    /// The user wants to edit an object that is locked.
+    void lockedMet();
 
 protected:
     bool event(QEvent *event) override;
@@ -104,6 +106,8 @@ private:
     void fit(const QRectF &area);
     bool nudge(const QKeyEvent &event);
     void chooseUpdateMode();
+    QRectF pageWithGround() const;
+    void reachObjects();
 
     PageSession *m_session = nullptr;
     int m_tool = EditorTool::Select;

@@ -26,6 +26,7 @@ private Q_SLOTS:
     void zoomByCommandHoldsTheMiddle();
     void selectionFitsTheView();
     void pageFitsTheView();
+    void viewReachesObjectsBeyondThePage();
     void middleButtonPans();
     void spacePansOutsideEditAlone();
     void viewKeysReachTheProgramInEdit();
@@ -37,6 +38,9 @@ private Q_SLOTS:
     void shiftAddsToTheSelection();
     void frameSelectsWhatItTouches();
     void selectedObjectsAreDraggedTogether();
+    void otherButtonsLeaveADragAlone_data();
+    void otherButtonsLeaveADragAlone();
+    void doubleClickEditsTextAmongManySelected();
     void handleResizesAndIsUndone();
     void handleTurnsAndIsUndone();
     void lockedObjectStaysUnderThePointer();
@@ -62,6 +66,7 @@ private Q_SLOTS:
     void listNamesObjectsTopmostFirst();
     void selectionGoesBothWays();
     void keysOfListActOnObjects();
+    void listThatIsAskedForHasTheKeys();
     void listSaysItsNameToScreenReaders();
     void listFollowsThePage();
 
@@ -173,6 +178,29 @@ void TestObjects::pageFitsTheView()
     const QRectF shown = window.view()->mapToScene(window.canvas()->rect()).boundingRect();
     QVERIFY(shown.contains(page));
     QVERIFY(shown.height() < 1.5 * page.height() || shown.width() < 1.5 * page.width());
+}
+
+void TestObjects::viewReachesObjectsBeyondThePage()
+{
+    ObjectWindow window(&m_loader);
+    window.writeBox({100, 100, 80, 40}, QStringLiteral("a"));
+    const QRectF ofPage = window.view()->scene()->sceneRect();
+    for (const QPointF &place : {QPointF(3000, 2500), QPointF(-2000, -1800)}) {
+        window.objects().at(0)->setPos(place, /*undo=*/true);
+        window.settle();
+        window.trigger("fitSelection");
+        const QRectF bounds = ObjectCommands::selectionBounds(*window.session());
+        QVERIFY(window.view()->sceneRect().contains(bounds));
+        const QRect shown = window.view()->mapFromScene(bounds).boundingRect();
+        QVERIFY(window.canvas()->rect().contains(shown));
+    }
+    window.trigger("fitPage");
+    const QRectF page(QPointF(0, 0), window.session()->size());
+    QVERIFY(window.view()->visibleCentre().x() - page.center().x() < 2);
+    QVERIFY(window.view()->zoom() > 0.25); // without what lies beyond it
+    while (window.steps()->canUndo() && window.objects().at(0)->getPos() != QPointF(100, 100))
+        window.trigger("undo");
+    QCOMPARE(window.view()->sceneRect(), ofPage);
 }
 
 void TestObjects::middleButtonPans()
@@ -330,6 +358,51 @@ void TestObjects::selectedObjectsAreDraggedTogether()
     window.trigger("undo");
     QCOMPARE(window.objects().at(0)->getPos(), QPointF(10, 10));
     QCOMPARE(window.objects().at(2)->getPos(), QPointF(200, 200));
+}
+
+void TestObjects::otherButtonsLeaveADragAlone_data()
+{
+    QTest::addColumn<int>("other");
+    QTest::newRow("right") << int(Qt::RightButton);
+    QTest::newRow("middle") << int(Qt::MiddleButton);
+}
+
+void TestObjects::otherButtonsLeaveADragAlone()
+{
+    QFETCH(int, other);
+    const auto button = Qt::MouseButton(other);
+    ObjectWindow window(&m_loader);
+    const CVXRootObject *box = window.writeBox({100, 100, 80, 40}, QStringLiteral("a"));
+    const QPointF start = box->getPos();
+    const QPoint from = window.at({140, 130});
+    const auto send = [&](QEvent::Type type, const QPoint &way, Qt::MouseButton changed,
+                          Qt::MouseButtons held) {
+        QMouseEvent event(type, from + way, window.canvas()->mapToGlobal(from + way), changed, held,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(window.canvas(), &event);
+    };
+    send(QEvent::MouseButtonPress, {}, Qt::LeftButton, Qt::LeftButton);
+    send(QEvent::MouseMove, {20, 10}, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonPress, {20, 10}, button, Qt::LeftButton | button);
+    send(QEvent::MouseButtonRelease, {20, 10}, button, Qt::LeftButton);
+    send(QEvent::MouseMove, {60, 30}, Qt::NoButton, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, {60, 30}, Qt::LeftButton, Qt::NoButton);
+    window.settle();
+    QCOMPARE(box->getPos(), start + QPointF(60, 30));
+}
+
+void TestObjects::doubleClickEditsTextAmongManySelected()
+{
+    ObjectWindow window(&m_loader);
+    makeThree(window);
+    window.trigger("selectAll");
+    const QPoint middle = window.at({230, 230});
+    QTest::mouseClick(window.canvas(), Qt::LeftButton, {}, middle);
+    window.trigger("selectAll");
+    QTest::mouseDClick(window.canvas(), Qt::LeftButton, {}, middle);
+    window.settle();
+    QCOMPARE(window.session()->editedObject(), window.objects().at(2));
+    QCOMPARE(window.session()->page()->getSelectedObjects(), window.objects().mid(2, 1));
 }
 
 void TestObjects::handleResizesAndIsUndone()
@@ -760,6 +833,20 @@ void TestObjects::keysOfListActOnObjects()
     QTRY_COMPARE(list->count(), 2);
     window.trigger("undo");
     QTRY_COMPARE(list->count(), 3);
+}
+
+void TestObjects::listThatIsAskedForHasTheKeys()
+{
+    ObjectWindow window(&m_loader);
+    makeThree(window);
+    window.trigger("showObjects");
+    auto *list = window.window()->findChild<QListWidget *>(QStringLiteral("objectList"));
+    QVERIFY(list && list->hasFocus());
+    QTest::keyClick(list, Qt::Key_Escape);
+    QVERIFY(window.view()->hasFocus());
+    list->setFocus();
+    window.trigger("showObjects"); // which hides it
+    QVERIFY(window.view()->hasFocus());
 }
 
 void TestObjects::listSaysItsNameToScreenReaders()
