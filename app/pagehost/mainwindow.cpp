@@ -280,9 +280,9 @@ void MainWindow::refresh()
 /// Not with each change of the page: the clipboard belongs to all programs, and asking it takes time.
 void MainWindow::refreshPaste()
 {
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    m_paste->setEnabled(data && (data->hasText() || PageSession::hasObjects(*data)));
-    m_pastePlain->setEnabled(data && data->hasText());
+    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
+    m_paste->setEnabled(clipboard && (clipboard->hasText() || PageSession::hasObjects(*clipboard)));
+    m_pastePlain->setEnabled(clipboard && clipboard->hasText());
 }
 
 // Edit
@@ -355,10 +355,11 @@ void MainWindow::pastePlain()
 /// Asks ahead of a text that takes long.
 bool MainWindow::mayPasteText(bool isPlain)
 {
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    if (!data || (!isPlain && !m_session->editedObject() && PageSession::hasObjects(*data)))
+    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
+    if (!clipboard
+        || (!isPlain && !m_session->editedObject() && PageSession::hasObjects(*clipboard)))
         return true;
-    const int length = data->text().size();
+    const int length = clipboard->text().size();
     return length <= longText
            || QMessageBox::question(
                   this, tr("Paste"),
