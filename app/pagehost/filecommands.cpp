@@ -259,8 +259,10 @@ bool FileCommands::mayLeavePage()
         return false;
     takeFields();
     QGuiApplication::inputMethod()->commit(); // what is composed counts as typed
-    if (!session()->isModified())
+    if (!session()->isModified()) {
+        session()->endEdit();
         return true;
+    }
     const auto answer = QMessageBox::warning(m_window, tr("Unsaved Changes"),
                                              tr("Save the changes to %1?").arg(shownName()),
                                              QMessageBox::Save | QMessageBox::Discard
