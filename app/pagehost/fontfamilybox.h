@@ -60,8 +60,8 @@ private:
     QString m_family;
     QString m_beforeSteps;
     bool m_isMissing = false;
-    bool m_isStepping = false;  ///< since the box got the focus
-    bool m_stepsByKey = false;  ///< what is activated right now
+    bool m_isStepping = false; ///< since the box got the focus
+    bool m_stepsByKey = false; ///< what is activated right now
 };
 
 #endif

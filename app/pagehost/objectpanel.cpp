@@ -83,8 +83,7 @@ double nearestAngle(double angle)
 ObjectPanel::ObjectPanel(TextSelection *selection)
     : Panel(selection)
     , m_direction(new ChoiceBox(tr("Direction of the text"), {tr("Lines"), tr("Columns")}))
-    , m_form(new ChoiceBox(tr("Room of the text"),
-                           {tr("Line"), tr("Box"), tr("Box that grows")}))
+    , m_form(new ChoiceBox(tr("Room of the text"), {tr("Line"), tr("Box"), tr("Box that grows")}))
 {
     auto *form = new QFormLayout(this);
     addText(form);
@@ -100,8 +99,9 @@ void ObjectPanel::addText(QFormLayout *form)
 {
     m_direction->setObjectName(QStringLiteral("direction"));
     form->addRow(tr("Direction"), m_direction);
-    connect(m_direction, QOverload<int>::of(&QComboBox::activated), this,
-            [this](int index) { m_selection->apply({{horizontalKey, index == 0}}); });
+    connect(m_direction, QOverload<int>::of(&QComboBox::activated), this, [this](int index) {
+        m_selection->apply({{horizontalKey, index == 0}});
+    });
     m_form->setObjectName(QStringLiteral("form"));
     form->addRow(tr("Room"), m_form);
     connect(m_form, QOverload<int>::of(&QComboBox::activated), this, &ObjectPanel::setForm);

@@ -134,8 +134,8 @@ bool NumberField::event(QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         const bool isUndo = key->matches(QKeySequence::Undo);
         const bool isRedo = key->matches(QKeySequence::Redo);
-        const bool isOwn = m_isTyping && (isUndo ? lineEdit()->isUndoAvailable()
-                                                 : lineEdit()->isRedoAvailable());
+        const bool isOwn =
+            m_isTyping && (isUndo ? lineEdit()->isUndoAvailable() : lineEdit()->isRedoAvailable());
         if ((isUndo || isRedo) && !isOwn) {
             event->ignore();
             return true;

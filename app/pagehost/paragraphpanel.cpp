@@ -61,8 +61,8 @@ QPixmap pictureOf(const AlignmentRow &row, const QPalette &palette)
 
 ParagraphPanel::ParagraphPanel(TextSelection *selection)
     : Panel(selection)
-    , m_headTail(new ChoiceBox(tr("Punctuation at line ends"),
-                               {tr("Off"), tr("Relaxed"), tr("Strict")}))
+    , m_headTail(
+          new ChoiceBox(tr("Punctuation at line ends"), {tr("Off"), tr("Relaxed"), tr("Strict")}))
 {
     auto *form = new QFormLayout(this);
     addAlignments(form);
@@ -113,8 +113,9 @@ void ParagraphPanel::addHeadTail(QFormLayout *form)
 {
     m_headTail->setObjectName(headTailKey);
     form->addRow(tr("Line ends"), m_headTail);
-    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this,
-            [this](int rule) { m_selection->apply({{headTailKey, rule}}); });
+    connect(m_headTail, QOverload<int>::of(&QComboBox::activated), this, [this](int rule) {
+        m_selection->apply({{headTailKey, rule}});
+    });
     connect(m_headTail, &ChoiceBox::left, m_selection, &TextSelection::pageWanted);
 }
 

@@ -27,7 +27,7 @@ constexpr int Paste = 127;
 constexpr int CaretLine = 128; // to read
 } // namespace Property
 
-constexpr int isEditingFlag = 0; // of StateFlag
+constexpr int isEditingFlag = 0;                      // of StateFlag
 const QLatin1String documentDataKey("document_data"); // of a record
 
 void command(CVXRootObject *object, int property, const QByteArray &arguments = QByteArray())

@@ -47,8 +47,8 @@ void send(CVXRootObject *object, const TextWarp &warp, bool commit)
 
 WarpPanel::WarpPanel(TextSelection *selection, const PluginLoader *loader)
     : Panel(selection)
-    , m_orientation(new ChoiceBox(tr("Direction of the warp"),
-                                  {tr("Along lines"), tr("Along columns")}))
+    , m_orientation(
+          new ChoiceBox(tr("Direction of the warp"), {tr("Along lines"), tr("Along columns")}))
     , m_reset(new QPushButton(tr("Reset")))
 {
     m_gallery = new StyleGallery(tr("Warp styles"), [this, loader](const SampleText &text,
