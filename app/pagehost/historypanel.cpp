@@ -27,13 +27,14 @@ public:
     }
 };
 
-/// Keeps the current row of \a to at that of \a from.
+/// Keeps the current row of \a to at that of \a from. The index that comes with the signal may be gone:
+/// the stack, told first, sets the row anew meanwhile.
 void follow(const QItemSelectionModel *from, QItemSelectionModel *to)
 {
-    QObject::connect(from, &QItemSelectionModel::currentChanged, to, [to](const QModelIndex &row) {
-        if (row.isValid())
-            to->setCurrentIndex(to->model()->index(row.row(), 0),
-                                QItemSelectionModel::ClearAndSelect);
+    QObject::connect(from, &QItemSelectionModel::currentChanged, to, [from, to] {
+        const int row = from->currentIndex().row();
+        if (row >= 0 && row != to->currentIndex().row())
+            to->setCurrentIndex(to->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
     });
 }
 
